@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvinel {
+
+/// Bytes in sequence, such as a file open for reading.
+struct ByteSource {
+  virtual ~ByteSource() = default;
+  static constexpr int end = -1;
+  virtual int peek() = 0;  ///< the next byte 0..255 without taking it, or `end`
+  virtual int take() = 0;  ///< the next byte 0..255, or `end`
+};
+
+/// A text in memory as a byte source; the text must outlive it.
+class TextSource : public ByteSource {
+ public:
+  explicit TextSource(std::string_view text) : rest_(text) {}
+  int peek() override { return rest_.empty() ? end : static_cast<unsigned char>(rest_.front()); }
+  int take() override {
+    const int byte = peek();
+    if (byte != end) rest_.remove_prefix(1);
+    return byte;
+  }
+
+ private:
+  std::string_view rest_;
+};
+
+/// Reads one field and the delimiter behind it. Fields are separated by commas or line ends (CR LF, LF or CR); leading
+/// blanks are skipped; a field that begins with a double quote runs to the next double quote, any other to the next
+/// delimiter. A RuntimeError (input) where the source is at its end before the field begins, where the closing quote
+/// is missing, or where a field is longer than `longestField` bytes (a damaged file must not fill the memory).
+[[nodiscard]] std::string readField(ByteSource& source);
+
+/// Reads one field as a number; a RuntimeError (input) if it is none.
+[[nodiscard]] double readNumber(ByteSource& source);
+
+constexpr int longestField = 32'767;
+
+}  // namespace korvinel

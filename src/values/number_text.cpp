@@ -1,0 +1,85 @@
+#include "values/number_text.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+namespace korvinel {
+namespace {
+
+constexpr std::string_view blanks = " \t";
+
+template <typename Number>
+std::string fixedNotation(Number number) {
+  std::array<char, 400> buffer{};  // the longest double in this notation has some 330 characters
+  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
+  return {buffer.data(), result.ptr};
+}
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+struct ParsedNumber {
+  double value = 0;
+  std::size_t length = 0;  ///< characters taken; 0: no number stands there
+};
+
+ParsedNumber parseNumber(std::string_view text) {
+  const bool plus = text.starts_with('+');
+  const std::string_view digits = plus ? text.substr(1) : text;
+  const std::size_t first = digits.starts_with('-') && !plus ? 1 : 0;
+  // Words such as "inf" and "nan" are no numbers here.
+  if (first >= digits.size() || !(isDigit(digits[first]) || digits[first] == '.')) return {};
+  ParsedNumber parsed;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), parsed.value);
+  if (error == std::errc::invalid_argument) return {};
+  parsed.length = static_cast<std::size_t>(end - text.data());
+  if (error == std::errc::result_out_of_range) {
+    // Too small is zero; too large does not fit.
+    parsed.value = std::strtod(std::string(digits.data(), end).c_str(), nullptr);
+    if (std::abs(parsed.value) > 1.0)
+      throw RuntimeError(Fault::overflow, "Numero troppo grande: " + std::string(text.substr(0, 40)));
+  }
+  return parsed;
+}
+
+std::string_view withoutLeadingBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(blanks);
+  return first == std::string_view::npos ? std::string_view{} : text.substr(first);
+}
+
+}  // namespace
+
+std::string shortestDecimal(float number) { return fixedNotation(number); }
+
+std::string shortestDecimal(double number) { return fixedNotation(number); }
+
+std::string shortestDecimal(Fixed number) {
+  const std::int64_t count = number.count();
+  const auto magnitude = count < 0 ? 0 - static_cast<std::uint64_t>(count) : static_cast<std::uint64_t>(count);
+  std::string text = (count < 0 ? "-" : "") + std::to_string(magnitude / Fixed::scale);
+  std::string decimals = std::to_string(magnitude % Fixed::scale + Fixed::scale).substr(1);
+  decimals.erase(decimals.find_last_not_of('0') + 1);
+  return decimals.empty() ? text : text + "." + decimals;
+}
+
+std::string recordDecimal(float number) {
+  std::string text = shortestDecimal(number);
+  const std::size_t zero = text.starts_with('-') ? 1 : 0;
+  if (text.substr(zero).starts_with("0.")) text.erase(zero, 1);
+  return text;
+}
+
+std::string signedText(int number) { return (number < 0 ? "" : " ") + std::to_string(number); }
+
+double leadingNumber(std::string_view text) { return parseNumber(withoutLeadingBlanks(text)).value; }
+
+double wholeNumber(std::string_view text) {
+  const std::string_view trimmed = withoutLeadingBlanks(text);
+  const ParsedNumber parsed = parseNumber(trimmed);
+  if (parsed.length == 0 || !withoutLeadingBlanks(trimmed.substr(parsed.length)).empty())
+    throw RuntimeError(Fault::input, "Numero non valido: \"" + std::string(text.substr(0, 40)) + "\"");
+  return parsed.value;
+}
+
+}  // namespace korvinel
