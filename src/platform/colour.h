@@ -1,0 +1,49 @@
+#pragma once
+
+#include "values/int16.h"
+
+namespace korvinel::platform {
+
+/// A colour by its index in the classic 16-colour palette, or a part of the desktop's own look.
+enum class Colour : signed char {
+  graphArea = -3,         ///< the dark ground on which the graphs stand
+  windowBackground = -2,  ///< the background of the window that holds the surface
+  buttonFace = -1,        ///< a control's usual background
+  black = 0,
+  blue = 1,
+  green = 2,
+  cyan = 3,
+  red = 4,
+  magenta = 5,
+  brown = 6,
+  lightGrey = 7,
+  darkGrey = 8,
+  lightBlue = 9,
+  lightGreen = 10,
+  lightCyan = 11,
+  lightRed = 12,
+  lightMagenta = 13,
+  yellow = 14,
+  white = 15,
+};
+
+/// The colour of a palette index 0..15; another index is a RuntimeError (subscript).
+[[nodiscard]] Colour paletteColour(int index);
+
+struct Rgb {
+  unsigned char red, green, blue;  ///< 0..255
+  friend bool operator==(Rgb, Rgb) = default;
+};
+
+/// The screen colour. The window's background and a button's face are given as the light grey of a plain desktop;
+/// a view that knows its desktop's theme replaces them.
+[[nodiscard]] Rgb rgbOf(Colour colour);
+
+/// Contrast ratio of two colours, 1..21 (relative luminance of sRGB, as the web accessibility guidelines define it).
+[[nodiscard]] double contrast(Rgb first, Rgb second);
+
+/// The opaque cell behind a text: the surface's background where the ink reaches a contrast of 3 on it, else black or
+/// white, whichever reads better. So no printed word is lost, whatever its ink.
+[[nodiscard]] Rgb cellBehind(Rgb ink, Rgb background);
+
+}  // namespace korvinel::platform

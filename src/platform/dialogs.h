@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+namespace korvinel::platform {
+
+/// The button that closed a message box.
+enum class Choice { ok = 1, cancel = 2 };
+
+/// A place on the screen in twentieths of a printer's point (1440 an inch).
+struct ScreenPosition {
+  int x, y;
+};
+
+/// Modal boxes. Lines of a text are separated by "\r". While one is open, timers go on. A box that is closed because
+/// the program ends throws ProgramEnd.
+struct Dialogs {
+  virtual ~Dialogs() = default;
+  virtual void notice(const std::string& text) = 0;  ///< one OK button, the program's name as title
+  virtual Choice ask(const std::string& text, const std::string& title) = 0;  ///< OK and Cancel
+  /// One line of text, empty at first; Cancel gives the empty text.
+  virtual std::string input(const std::string& prompt, const std::string& title, ScreenPosition position) = 0;
+  /// The full path of an existing file, or "" when none was chosen. `filter`: pairs of a label and a pattern,
+  /// "(*.QVD)|*.QVD|". `directory`: in the program's notation.
+  virtual std::string chooseFile(const std::string& directory, const std::string& filter) = 0;
+};
+
+}  // namespace korvinel::platform

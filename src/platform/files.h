@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "values/field_reader.h"
+
+namespace korvinel::platform {
+
+/// A file open for reading, byte by byte; closed with the object.
+struct InputFile : ByteSource {
+  [[nodiscard]] bool atEnd() { return peek() == end; }
+  [[nodiscard]] virtual std::int64_t position() const = 0;  ///< bytes taken so far
+};
+
+/// A file open for writing; closed with the object. Every write is handed to the operating system before it returns.
+struct OutputFile {
+  virtual ~OutputFile() = default;
+  virtual void write(std::string_view bytes) = 0;  ///< a RuntimeError (output) where not all bytes could be written
+  virtual void synchronise() = 0;  ///< puts what was written on the disk; a RuntimeError (output) if it fails
+};
+
+/// Files by their path (UTF-8): the program's own notation "C:\QUARVEL5\..." under its root, else the host's paths.
+/// What fails is a RuntimeError that names the file: input where a file cannot be read, output where it cannot be
+/// written.
+struct Files {
+  virtual ~Files() = default;
+  [[nodiscard]] virtual std::unique_ptr<InputFile> openForReading(const std::string& path) = 0;
+  [[nodiscard]] virtual std::unique_ptr<OutputFile> create(
+      const std::string& path) = 0;  ///< an existing file is emptied
+  [[nodiscard]] virtual std::unique_ptr<OutputFile> openForAppending(const std::string& path) = 0;
+  [[nodiscard]] virtual bool exists(const std::string& path) = 0;
+  virtual void remove(const std::string& path) = 0;
+  virtual void rename(const std::string& from, const std::string& to) = 0;  ///< an existing `to` is an error
+  /// Names (without folder) of the files whose name ends in `ending`, upper and lower case alike. A folder that is not
+  /// there has none.
+  [[nodiscard]] virtual std::vector<std::string> list(const std::string& folder, const std::string& ending) = 0;
+};
+
+}  // namespace korvinel::platform

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+
+#include "platform/timing.h"
+#include "values/runtime_error.h"
+
+namespace korvinel::platform {
+
+/// Runs one step; a fault skips the rest of it. Returns whether it went through.
+template <typename Step>
+bool skipOnFault(Step&& step) {
+  try {
+    std::forward<Step>(step)();
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+/// The edge between an event and its operation: a fault ends that operation only, ProgramEnd ends the program.
+class OperationEdge {
+ public:
+  std::function<void(const std::string& message)> onFault;  ///< told of every fault
+  std::function<void()> onEnd;                              ///< called once, when the program ends
+
+  [[nodiscard]] bool ended() const { return ended_; }
+
+  template <typename Operation>
+  void run(Operation&& operation) {
+    if (ended_) return;
+    try {
+      std::forward<Operation>(operation)();
+    } catch (const ProgramEnd&) {
+      end();
+    } catch (const std::exception& fault) {
+      if (onFault) onFault(fault.what());
+    }
+  }
+
+  /// Called by whatever pumps events: an operation that is still under way when the program has ended goes no further.
+  void stopIfEnded() const {
+    if (ended_) throw ProgramEnd{};
+  }
+
+ private:
+  void end() {
+    if (ended_) return;
+    ended_ = true;
+    if (onEnd) onEnd();
+  }
+
+  bool ended_ = false;
+};
+
+}  // namespace korvinel::platform

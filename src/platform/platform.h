@@ -1,0 +1,29 @@
+#pragma once
+
+namespace korvinel::platform {
+
+struct Clock;
+struct Dialogs;
+struct EventPump;
+struct Files;
+class IntervalTimer;
+struct Machine;
+struct ScreenPrinter;
+struct SerialPort;
+struct Windows;
+
+/// Everything the program needs of a machine.
+struct Platform {
+  Clock& clock;
+  EventPump& events;
+  IntervalTimer& tickTimer;
+  IntervalTimer& pauseTimer;
+  Dialogs& dialogs;
+  Files& files;
+  SerialPort& serialPort;
+  Machine& machine;
+  ScreenPrinter& screenPrinter;
+  Windows& windows;
+};
+
+}  // namespace korvinel::platform

@@ -1,0 +1,84 @@
+#include "platform/surface.h"
+
+#include <algorithm>
+#include <functional>
+#include <unordered_set>
+
+namespace korvinel::platform {
+namespace {
+
+struct MarkHash {
+  std::size_t operator()(const Mark* mark) const {
+    std::size_t sum =
+        static_cast<std::size_t>(mark->kind) * 31 + static_cast<std::size_t>(static_cast<int>(mark->colour) + 2);
+    for (const double part : {mark->x1, mark->y1, mark->x2, mark->y2})
+      sum = sum * 1'000'003 + std::hash<double>{}(part);
+    return sum * 1'000'003 + std::hash<std::string>{}(mark->text);
+  }
+};
+struct SameMark {
+  bool operator()(const Mark* a, const Mark* b) const { return *a == *b; }
+};
+
+}  // namespace
+
+Surface::Surface(std::string name, double width, double height, double lineHeight, Colour background)
+    : name_(std::move(name)), width_(width), height_(height), lineHeight_(lineHeight), background_(background) {}
+
+void Surface::clear() {
+  marks_.clear();
+  x_ = y_ = 0;
+  if (onChanged) onChanged();
+}
+
+void Surface::point(double x, double y, Colour colour) { add({Mark::Kind::point, colour, x, y, x, y}); }
+
+void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
+  add({Mark::Kind::line, colour, x1, y1, x2, y2});
+}
+
+void Surface::box(double x1, double y1, double x2, double y2, Colour filling) {
+  const bool fillsSurface =
+      std::min(x1, x2) <= 0 && std::min(y1, y2) <= 0 && std::max(x1, x2) >= width_ && std::max(y1, y2) >= height_;
+  if (fillsSurface) marks_.clear();
+  add({Mark::Kind::box, filling, x1, y1, x2, y2});
+}
+
+void Surface::print(const std::string& text) { printAt(x_, y_, ink_, text); }
+
+void Surface::printAt(double x, double y, Colour colour, const std::string& text) {
+  std::erase_if(marks_,
+                [&](const Mark& mark) { return mark.kind == Mark::Kind::text && mark.x1 == x && mark.y1 == y; });
+  add({Mark::Kind::text, colour, x, y, 0, y + lineHeight_, text});
+}
+
+std::vector<std::string> Surface::texts() const {
+  std::vector<std::string> printed;
+  for (const Mark& mark : marks_)
+    if (mark.kind == Mark::Kind::text) printed.push_back(mark.text);
+  return printed;
+}
+
+bool Surface::shows(const std::string& text) const {
+  return std::any_of(marks_.begin(), marks_.end(),
+                     [&](const Mark& mark) { return mark.kind == Mark::Kind::text && mark.text == text; });
+}
+
+void Surface::add(Mark mark) {
+  x_ = mark.x2;
+  y_ = mark.y2;
+  marks_.push_back(std::move(mark));
+  if (marks_.size() > mostMarks) fold();
+  if (onChanged) onChanged();
+}
+
+void Surface::fold() {
+  std::unordered_set<const Mark*, MarkHash, SameMark> seen;
+  std::vector<Mark> kept;
+  for (auto mark = marks_.rbegin(); mark != marks_.rend(); ++mark)
+    if (seen.insert(&*mark).second && kept.size() < mostMarks / 2) kept.push_back(*mark);
+  std::reverse(kept.begin(), kept.end());
+  marks_ = std::move(kept);
+}
+
+}  // namespace korvinel::platform

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/colour.h"
+
+namespace korvinel::platform {
+
+/// One thing drawn on a surface, in the surface's user units (x to the right, y downward).
+struct Mark {
+  enum class Kind : unsigned char { point, line, box, text };
+  Kind kind;
+  Colour colour;          ///< of the line, the filling or the ink
+  double x1, y1;          ///< the point; the line's start; a corner of the box; the text's top left
+  double x2 = 0, y2 = 0;  ///< the line's end; the box's other corner
+  std::string text = {};
+  friend bool operator==(const Mark&, const Mark&) = default;
+};
+
+/// A drawing surface that remembers, as plain data, what was drawn since its last clear. Whoever shows it paints the
+/// marks at the true pixels of its widget or page. It has user units, a current position and an ink.
+class Surface {
+ public:
+  /// `name`: the surface's role in Italian, for a screen reader. `width`, `height`: its extent in user units.
+  /// `lineHeight`: user units from one line of text to the next; letters are sized to it.
+  Surface(std::string name, double width, double height, double lineHeight, Colour background = Colour::white);
+
+  void clear();  ///< removes everything and moves the position to (0, 0); the ink stays
+
+  /// A point or a line moves the position to its end, a box to its second corner.
+  void point(double x, double y, Colour colour);
+  void line(double x1, double y1, double x2, double y2, Colour colour);
+  void box(double x1, double y1, double x2, double y2, Colour filling);
+
+  /// Prints at the position, which then moves to the left edge of the next line. A text at the very place of an earlier
+  /// one replaces it.
+  void print(const std::string& text);
+  /// Prints at (x, y) in a colour of its own; the ink for later texts stays.
+  void printAt(double x, double y, Colour colour, const std::string& text);
+
+  void setInk(Colour ink) { ink_ = ink; }  ///< for the texts that follow; black at first
+  Colour ink() const { return ink_; }
+
+  const std::string& name() const { return name_; }
+  double width() const { return width_; }
+  double height() const { return height_; }
+  double lineHeight() const { return lineHeight_; }
+  Colour background() const { return background_; }
+  const std::vector<Mark>& marks() const { return marks_; }
+  [[nodiscard]] std::vector<std::string> texts() const;     ///< what is printed now, in the order of printing
+  [[nodiscard]] bool shows(const std::string& text) const;  ///< whether a text stands on the surface
+
+  std::function<void()> onChanged;  ///< called after every change, by whoever shows the surface
+
+  /// More marks than this are folded: earlier ones that a later equal one repeats are dropped, then the oldest.
+  static constexpr std::size_t mostMarks = 8'000;
+
+ private:
+  void add(Mark mark);
+  void fold();
+
+  std::string name_;
+  double width_, height_, lineHeight_;
+  Colour background_;
+  Colour ink_ = Colour::black;
+  double x_ = 0, y_ = 0;
+  std::vector<Mark> marks_;
+};
+
+}  // namespace korvinel::platform
