@@ -1,0 +1,73 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/headless/memory_files.h"
+#include "platform/headless/scripted_dialogs.h"
+#include "platform/headless/scripted_instrument.h"
+#include "platform/headless/scripted_serial_port.h"
+#include "platform/headless/virtual_time.h"
+#include "platform/machine.h"
+#include "platform/operation_edge.h"
+#include "platform/platform.h"
+
+namespace korvinel::platform {
+
+/// Remembers what was asked of the system, in order: "thread 1", "process 128".
+struct RecordingMachine : Machine {
+  std::vector<std::string> asked;
+  void setThreadPriority(int steps) override { asked.push_back("thread " + std::to_string(steps)); }
+  void setPriorityClass(int priorityClass) override { asked.push_back("process " + std::to_string(priorityClass)); }
+};
+
+/// Remembers what was printed: "empty", "key 1", "print 10 3 190 145".
+struct RecordingPrinter : ScreenPrinter {
+  int majorVersion = 10;
+  std::vector<std::string> done;
+  int systemMajorVersion() override { return majorVersion; }
+  void emptyClipboard() override { done.emplace_back("empty"); }
+  void pressPrintScreen(int scanCode) override { done.push_back("key " + std::to_string(scanCode)); }
+  void printClipboard(double x, double y, double width, double height) override;
+};
+
+/// Remembers which windows were asked for; whoever has them says what happens.
+struct RecordingWindows : Windows {
+  std::vector<std::string> asked;  ///< "report", "close report", "comments", "main"
+  std::function<void()> onReport, onCloseReport, onComments;
+  void showReport() override { note("report", onReport); }
+  void closeReport() override { note("close report", onCloseReport); }
+  void showComments() override { note("comments", onComments); }
+  void showMain() override { note("main", {}); }
+
+ private:
+  void note(const std::string& what, const std::function<void()>& act) {
+    asked.push_back(what);
+    if (act) act();
+  }
+};
+
+/// A machine without a screen: virtual clock, scripted line and answers, files in memory.
+struct HeadlessPlatform {
+  HeadlessPlatform() {
+    time.onStep = [this] { instrument.deliverIfPolled(); };
+    edge.onFault = [this](const std::string& message) { faults.push_back(message); };
+  }
+
+  OperationEdge edge;
+  VirtualTime time{edge};
+  VirtualTimer tickTimer{time};
+  VirtualTimer pauseTimer{time};
+  ScriptedDialogs dialogs;
+  MemoryFiles files;
+  ScriptedSerialPort serialPort;
+  ScriptedInstrument instrument{serialPort};
+  RecordingMachine machine;
+  RecordingPrinter printer;
+  RecordingWindows windows;
+  std::vector<std::string> faults;  ///< messages of the operations that ended in a fault
+
+  Platform platform{time, time, tickTimer, pauseTimer, dialogs, files, serialPort, machine, printer, windows};
+};
+
+}  // namespace korvinel::platform

@@ -1,0 +1,93 @@
+#include "platform/headless/memory_files.h"
+
+#include <algorithm>
+
+#include "values/code_page.h"
+#include "values/runtime_error.h"
+
+namespace korvinel::platform {
+namespace {
+
+class MemoryInput : public InputFile {
+ public:
+  explicit MemoryInput(std::string bytes) : bytes_(std::move(bytes)) {}
+  int peek() override { return next_ < bytes_.size() ? static_cast<unsigned char>(bytes_[next_]) : end; }
+  int take() override {
+    const int byte = peek();
+    if (byte != end) ++next_;
+    return byte;
+  }
+  [[nodiscard]] std::int64_t position() const override { return static_cast<std::int64_t>(next_); }
+
+ private:
+  std::string bytes_;
+  std::size_t next_ = 0;
+};
+
+class MemoryOutput : public OutputFile {
+ public:
+  MemoryOutput(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
+  void write(std::string_view bytes) override {
+    const auto room = static_cast<std::size_t>(std::max<std::int64_t>(files_.freeSpace, 0));
+    const std::string_view fitting = bytes.substr(0, room);
+    files_.content[path_] += fitting;
+    files_.freeSpace -= static_cast<std::int64_t>(fitting.size());
+    if (fitting.size() < bytes.size()) throw RuntimeError(Fault::output, "Disco pieno: " + path_);
+  }
+  void synchronise() override {}
+
+ private:
+  MemoryFiles& files_;
+  std::string path_;
+};
+
+}  // namespace
+
+std::unique_ptr<InputFile> MemoryFiles::openForReading(const std::string& path) {
+  const bool refused = std::find(unreadable.begin(), unreadable.end(), path) != unreadable.end();
+  const auto found = content.find(path);
+  if (refused || found == content.end()) throw RuntimeError(Fault::input, "Impossibile leggere il file " + path);
+  return std::make_unique<MemoryInput>(found->second);
+}
+
+std::unique_ptr<OutputFile> MemoryFiles::create(const std::string& path) {
+  refuseIfReadOnly(path);
+  content[path].clear();
+  return std::make_unique<MemoryOutput>(*this, path);
+}
+
+std::unique_ptr<OutputFile> MemoryFiles::openForAppending(const std::string& path) {
+  refuseIfReadOnly(path);
+  content[path];
+  return std::make_unique<MemoryOutput>(*this, path);
+}
+
+void MemoryFiles::remove(const std::string& path) {
+  refuseIfReadOnly(path);
+  if (content.erase(path) == 0) throw RuntimeError(Fault::output, "Impossibile cancellare il file " + path);
+}
+
+void MemoryFiles::rename(const std::string& from, const std::string& to) {
+  refuseIfReadOnly(from);
+  const auto found = content.find(from);
+  if (found == content.end() || content.contains(to))
+    throw RuntimeError(Fault::output, "Impossibile rinominare il file " + from);
+  content[to] = std::move(found->second);
+  content.erase(from);
+}
+
+std::vector<std::string> MemoryFiles::list(const std::string& folder, const std::string& ending) {
+  std::vector<std::string> names;
+  for (const auto& [path, bytes] : content) {
+    if (!path.starts_with(folder)) continue;
+    const std::string name = path.substr(folder.size());
+    if (name.find('\\') == std::string::npos && upperCase(name).ends_with(upperCase(ending))) names.push_back(name);
+  }
+  return names;
+}
+
+void MemoryFiles::refuseIfReadOnly(const std::string& path) const {
+  if (readOnly) throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path);
+}
+
+}  // namespace korvinel::platform

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <limits>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace korvinel::platform {
+
+/// Files in memory, by their full path. Can be told to run out of space or to refuse writing.
+class MemoryFiles : public Files {
+ public:
+  std::map<std::string, std::string> content;                         ///< path -> bytes
+  std::int64_t freeSpace = std::numeric_limits<std::int64_t>::max();  ///< bytes that can still be written
+  bool readOnly = false;                                              ///< nothing can be created, written or removed
+  std::vector<std::string> unreadable;                                ///< paths that exist but cannot be opened
+
+  [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
+  [[nodiscard]] bool exists(const std::string& path) override { return content.contains(path); }
+  void remove(const std::string& path) override;
+  void rename(const std::string& from, const std::string& to) override;
+  [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
+
+ private:
+  void refuseIfReadOnly(const std::string& path) const;
+};
+
+}  // namespace korvinel::platform

@@ -1,0 +1,57 @@
+#include "platform/headless/scripted_serial_port.h"
+
+#include <algorithm>
+
+namespace korvinel::platform {
+
+void ScriptedSerialPort::open() {
+  happened("open " + std::to_string(selected_) + " " + settings_);
+  if (unplugged_) throw PortFault("COM" + std::to_string(selected_) + " non c'e'");
+  open_ = true;
+  received_.clear();
+}
+
+void ScriptedSerialPort::close() {
+  if (open_) happened("close");
+  open_ = false;
+  received_.clear();
+}
+
+void ScriptedSerialPort::discardInput() {
+  happened("discard");
+  received_.clear();
+}
+
+std::string ScriptedSerialPort::read() {
+  const std::size_t count =
+      readLength_ == 0 ? received_.size() : std::min(received_.size(), static_cast<std::size_t>(readLength_));
+  std::string bytes = received_.substr(0, count);
+  received_.erase(0, count);
+  return bytes;
+}
+
+void ScriptedSerialPort::write(std::string_view bytes) {
+  if (!open_ || unplugged_) {
+    open_ = false;
+    throw PortFault("La porta seriale non risponde");
+  }
+  std::string event = "write";
+  for (const char byte : bytes) event += " " + std::to_string(static_cast<unsigned char>(byte));
+  happened(event);
+  written_ += bytes;
+  if (onWritten) onWritten(std::string(bytes));
+}
+
+void ScriptedSerialPort::deliver(std::string_view bytes) {
+  if (!open_ || unplugged_) return;
+  const std::size_t room =
+      static_cast<std::size_t>(capacity_) - std::min(received_.size(), static_cast<std::size_t>(capacity_));
+  received_ += bytes.substr(0, room);
+}
+
+void ScriptedSerialPort::unplug() {
+  unplugged_ = true;
+  received_.clear();
+}
+
+}  // namespace korvinel::platform
