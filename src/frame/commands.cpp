@@ -1,0 +1,136 @@
+#include "frame/main_state.h"
+#include "platform/dialogs.h"
+#include "platform/timing.h"
+#include "values/number_text.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+
+bool inItalian(const MainState& state) { return state.shared.languageFlag == "Ita"; }
+
+void clearForStart(MainState& state) {
+  state.window.noteBox.setText("");
+  state.openFilePath.clear();
+  state.intervalSelectable = state.recordingArmed = state.linkReady = state.endRequested = 0;
+  state.stopRequested = state.acquisitionRunning = state.recordingActive = 0;
+  state.messageAnswer = 0;
+  state.readHandle.reset();
+  state.window.startPicture.setVisible(false);
+  state.host.tickTimer.setEnabled(false);
+  state.host.pauseTimer.setEnabled(false);
+}
+
+/// Says what is missing; returns whether the command may go on.
+bool refuse(MainState& state, const char* message) {
+  state.host.dialogs.notice(message);
+  return false;
+}
+
+bool startIsAllowed(MainState& state) {
+  if (!inItalian(state)) return true;
+  if (state.intervalSelectable == 1 && state.stopRequested == 0) return refuse(state, "Premere prima Stop!");
+  if (!state.window.fileNameBox.text().empty()) return true;
+  refuse(state, "Scrivere nome del file!");
+  state.window.fileNameBox.requestFocus();
+  return false;
+}
+
+bool namesAreUsable(MainState& state) {
+  if (!inItalian(state)) return true;
+  if (!state.window.subjectBox.text().empty()) return true;
+  refuse(state, "Scrivere nome del soggetto!");
+  state.window.subjectBox.requestFocus();
+  return false;
+}
+
+void showEndOfRecording(MainState& state) {
+  state.window.firstTrace.clear();
+  if (inItalian(state)) state.window.firstTrace.printAt(0, 0, Colour::white, "Fine della registrazione!");
+  state.window.statusLabel.setInk(Colour::black);
+  if (inItalian(state)) state.window.statusLabel.setText("Registrazione Disattiva");
+}
+
+void handBlockRangeOn(MainState& state) {
+  state.shared.fileBlockCount = state.blockCount;
+  state.shared.replayStartBlock = 1;
+  state.shared.analysisFirstBlock = 1;
+  state.shared.analysisLastBlock = state.blockCount;
+}
+
+void warnOfShortRecordings(MainState& state) {
+  state.headerText1 = "Attenzione: per una Analisi affidabile \r";
+  state.headerText2 = "occorrono almeno 7 minuti di dati eeg!\r";
+  state.headerText3 = "Per analisi finale, premere Analisi";
+  if (state.stopRequested == 1) state.host.dialogs.notice(state.headerText1 + state.headerText2 + state.headerText3);
+}
+
+}  // namespace
+
+void MainState::startCommand() {
+  // Between Stop and the turn that ends the acquisition a new start would throw the recording away.
+  if (acquisitionRunning == 1 || acquisitionPending()) return;
+  if (!startIsAllowed(*this)) return;
+  clearForStart(*this);
+  if (!namesAreUsable(*this)) return;
+  window.blockLabel.setText("");
+  drawGraphFrames();
+  openLink();
+  startAcquisition();
+}
+
+void MainState::startAcquisition() {
+  drawGraphFrames();
+  acquisitionRunning = 1;
+  endRequested = replayActive = stopRequested = recordingArmed = intervalSelectable = 0;
+  noteCount = pairToggleCount = blockCount = 0;
+  sharedSelector = 1;
+  sendStartCommand();
+  host.tickTimer.setEnabled(true);
+}
+
+void MainState::stopCommand() {
+  stopRequested = 1;
+  acquisitionRunning = 0;
+}
+
+void MainState::endCommand() {
+  window.firstTrace.clear();
+  if (inItalian(*this)) window.firstTrace.printAt(1, 1, Colour::white, "Attendere..");
+  endRequested = 1;
+  if (acquisitionRunning == 0) throw platform::ProgramEnd{};
+}
+
+bool MainState::acquisitionPending() const {
+  return linkPending == 1 || turnRunning == 1 || host.tickTimer.enabled() || host.pauseTimer.enabled();
+}
+
+bool MainState::closeWindow() {
+  window.firstTrace.box(1, 1, 100, 25, Colour::white);
+  if (inItalian(*this)) window.firstTrace.printAt(1, 1, Colour::black, "Attendere..");
+  if (acquisitionRunning != 1) throw platform::ProgramEnd{};
+  endRequested = stopRequested = 1;
+  return true;
+}
+
+void MainState::endAcquisition() {
+  host.tickTimer.setEnabled(false);
+  host.pauseTimer.setEnabled(false);
+  sendStopCommand();
+  if (stopRequested != 1 && endRequested != 1) {
+    if (recordingArmed == 1) startAcquisition();
+    return;
+  }
+  showEndOfRecording(*this);
+  acquisitionRunning = 0;
+  intervalSelectable = 1;
+  handBlockRangeOn(*this);
+  const Int16 seconds = blockCount * 3;
+  window.blockLabel.setText("Totale=" + signedText(seconds) + "s");
+  warnOfShortRecordings(*this);
+  if (endRequested == 1) throw platform::ProgramEnd{};
+  if (recordingArmed == 1) startAcquisition();
+}
+
+}  // namespace korvinel
