@@ -1,0 +1,133 @@
+#include <algorithm>
+#include <cmath>
+
+#include "device/baseline.h"
+#include "frame/main_state.h"
+#include "platform/operation_edge.h"
+#include "platform/timing.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+using platform::skipOnFault;
+
+constexpr int blockLimit = 200;
+constexpr double turnBudgetMs = 870;
+
+void finish(MainState& state) {
+  skipOnFault([&] { state.endAcquisition(); });
+}
+
+/// The pause makes up for the time that the block's processing took, so that a turn lasts three seconds.
+void armPauseTimer(MainState& state, double turnStart) {
+  state.window.Slider1.setValue(state.blockCount);
+  const double elapsedMs = std::trunc((state.host.clock.seconds() - turnStart) * 1000.0);
+  state.pauseInterval = Fixed::nearest(std::trunc(turnBudgetMs - elapsedMs));
+  if (state.pauseInterval < 1) state.pauseInterval = 1;
+  state.host.pauseTimer.setIntervalMs(static_cast<int>(state.pauseInterval.toDouble()));
+  state.host.pauseTimer.setEnabled(true);
+}
+
+void handleAcceptedBlock(MainState& state) {
+  const double turnStart = state.timerMark = state.host.clock.seconds();
+  skipOnFault([&] { state.drawRawTraces(); });
+  skipOnFault([&] { state.removeBaseline(); });
+  skipOnFault([&] { state.drawCorrectedTraces(); });
+  state.host.events.process();
+  const bool ends = state.endRequested == 1 || state.stopRequested == 1;
+  // A recording that has just been switched on starts the examination anew, so that it is counted from its own first
+  // block.
+  if (ends || state.recordingArmed == 1) return finish(state);
+  armPauseTimer(state, turnStart);
+}
+
+void runTurn(MainState& state) {
+  state.host.tickTimer.setEnabled(false);
+  if (state.artefactFlag == 0) state.blockCount += 1;
+  if (state.blockCount >= blockLimit) {
+    state.host.pauseTimer.setEnabled(false);
+    state.stopRequested = 1;
+    return finish(state);
+  }
+  skipOnFault([&] { state.readBlock(); });
+  if (state.stopRequested == 1) return finish(state);
+  if (state.artefactFlag == 0) handleAcceptedBlock(state);
+}
+
+/// The two trace graphs and the channels of the pair shown on them.
+struct TracePair {
+  platform::Surface& first;
+  platform::Surface& second;
+  int firstChannel;
+};
+
+TracePair tracePair(MainState& state) {
+  return {state.window.firstTrace, state.window.secondTrace, state.channelPair == 2 ? 3 : 1};
+}
+
+}  // namespace
+
+void MainState::acquisitionTick() {
+  turnRunning = 1;
+  runTurn(*this);
+  turnRunning = 0;
+}
+
+void MainState::pauseElapsed() {
+  host.tickTimer.setEnabled(true);
+  host.pauseTimer.setEnabled(false);
+}
+
+void MainState::smoothBlock() {
+  for (int channel = 1; channel <= 4; ++channel) {
+    auto& samples = sampleBlock[channel];
+    samples[0] = samples[1];
+    samples[samplesPerBlock + 1] = samples[samplesPerBlock];
+    // In place: the left neighbour is already smoothed, the right one is raw. The asymmetry is intended.
+    for (int s = 1; s <= samplesPerBlock; ++s) {
+      const double left = samples[s - 1];
+      const double right = samples[s + 1];
+      samples[s] = static_cast<float>((static_cast<double>(samples[s]) + 0.3 * left + 0.3 * right) / 1.6);
+    }
+  }
+}
+
+void MainState::removeBaseline() {
+  Bounded<float, 4, 260> baseline;
+  for (int channel = 1; channel <= 4; ++channel) {
+    std::copy_n(sampleBlock[channel].data() + 1, samplesPerBlock, baseline[channel].data() + 1);
+    smoothToBaseline(baseline[channel].data(), samplesPerBlock);
+  }
+  for (int channel = 1; channel <= shared.channelCount; ++channel)
+    for (int s = 1; s <= samplesPerBlock; ++s)
+      sampleBlock[channel][s] = sampleBlock[channel][s] - baseline[channel][s] + 128;
+}
+
+void MainState::drawTrace(platform::Surface& surface, int channel, Colour colour) {
+  const auto& samples = sampleBlock[channel];
+  for (int s = 2; s <= samplesPerBlock; ++s) {
+    lineX1 = s - 1;
+    lineX2 = s;
+    lineY1 = Int16::nearest(255.0 - static_cast<double>(samples[s - 1]));
+    lineY2 = Int16::nearest(255.0 - static_cast<double>(samples[s]));
+    surface.line(lineX1, lineY1, lineX2, lineY2, colour);
+  }
+}
+
+void MainState::drawRawTraces() {
+  const TracePair pair = tracePair(*this);
+  pair.first.clear();
+  pair.second.clear();
+  drawTrace(pair.first, pair.firstChannel, Colour::lightGreen);
+  drawTrace(pair.second, pair.firstChannel + 1, Colour::lightGreen);
+  if (artefactFlag == 1 && shared.languageFlag == "Ita") pair.first.printAt(1, 1, Colour::white, "Artefatto!");
+}
+
+void MainState::drawCorrectedTraces() {
+  const TracePair pair = tracePair(*this);
+  drawTrace(pair.first, pair.firstChannel, Colour::blue);
+  drawTrace(pair.second, pair.firstChannel + 1, Colour::blue);
+}
+
+}  // namespace korvinel

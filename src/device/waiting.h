@@ -1,0 +1,20 @@
+#pragma once
+
+#include "frame/main_state.h"
+#include "platform/timing.h"
+
+namespace korvinel {
+
+/// Handles events until more than `seconds` have passed. Handlers may set any flag meanwhile.
+inline void waitLongerThan(MainState& state, double seconds) {
+  const double start = state.timerMark = state.host.clock.seconds();
+  while (state.host.clock.seconds() - start <= seconds) state.host.events.process();
+}
+
+/// Handles events until at least `seconds` have passed.
+inline void waitAtLeast(MainState& state, double seconds) {
+  const double start = state.timerMark = state.host.clock.seconds();
+  while (state.host.clock.seconds() - start < seconds) state.host.events.process();
+}
+
+}  // namespace korvinel
