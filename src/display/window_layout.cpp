@@ -1,0 +1,160 @@
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "display/window_geometry.h"
+#include "frame/main_state.h"
+#include "platform/timing.h"
+#include "values/number_text.h"
+
+namespace korvinel {
+namespace {
+
+using geometry::Rect;
+using platform::Colour;
+using platform::Surface;
+
+constexpr double captionGap = 2;
+
+/// Captions along the bottom of a graph, the first at its left end and the last at its right end.
+template <std::size_t count>
+void printAlong(Surface& ground, const Rect& graph, const std::array<const char*, count>& captions, double y) {
+  constexpr double halfDigits = 8;
+  for (std::size_t i = 0; i < count; ++i) {
+    const double share = static_cast<double>(i) / static_cast<double>(count - 1);
+    ground.printAt(graph.x + share * (graph.width - 2 * halfDigits), y, Colour::lightGrey, captions[i]);
+  }
+}
+
+void printTraceCaptions(Surface& ground, const Rect& trace) {
+  const double y = trace.bottom() + captionGap;
+  printAlong(ground, trace, std::array{"0", "0.5", "1", "1.5", "2"}, y);
+  ground.printAt(trace.x + trace.width * 0.82, y, Colour::lightGrey, "Seconds");
+}
+
+void printAxisCaptions(Surface& ground) {
+  printTraceCaptions(ground, geometry::firstTrace);
+  printTraceCaptions(ground, geometry::secondTrace);
+  const Rect& coherence = geometry::coherenceGraph;
+  printAlong(ground, coherence, std::array{"100", "0", "-100"}, coherence.bottom() + captionGap);
+  ground.printAt(coherence.x + 32, coherence.bottom() + captionGap, Colour::lightGrey, "Coerenza ");
+  const Rect& strip = geometry::timeStrip;
+  printAlong(ground, strip, std::array{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"},
+             strip.bottom() + captionGap);
+  ground.printAt(10, strip.y, Colour::lightGrey, "Tempo");
+  ground.printAt(10, strip.bottom() + captionGap, Colour::lightGrey, "minuti");
+}
+
+void dottedLineAcross(Surface& surface, double y, double spacing) {
+  for (double x = 1; x < surface.width(); x += spacing) surface.point(x, y, Colour::blue);
+}
+
+void dottedLineDown(Surface& surface, double x, double spacing) {
+  for (double y = 1; y < surface.height(); y += spacing) surface.point(x, y, Colour::blue);
+}
+
+/// A dot grid with a line every `step` units either way.
+void drawGrid(Surface& surface, double step) {
+  constexpr double spacing = 8;
+  surface.clear();
+  for (double y = step; y < surface.height(); y += step) dottedLineAcross(surface, y, spacing);
+  for (double x = step; x < surface.width(); x += step) dottedLineDown(surface, x, spacing);
+}
+
+void drawFrame(Surface& surface, Colour colour) {
+  const double right = surface.width() - 1;
+  const double bottom = surface.height() - 1;
+  surface.line(0, 0, right, 0, colour);
+  surface.line(right, 0, right, bottom, colour);
+  surface.line(right, bottom, 0, bottom, colour);
+  surface.line(0, bottom, 0, 0, colour);
+}
+
+/// Ticks every ten microvolts from the zero at the foot of the bars; the longer ones every fifty.
+void drawRuler(Surface& ruler, int microvoltScale, bool zeroAtRight) {
+  ruler.box(0, 0, ruler.width(), ruler.height(), Colour::white);
+  const double unitsPerMicrovolt = 254.0 / microvoltScale;
+  for (int microvolts = 0; microvolts <= microvoltScale; microvolts += 10) {
+    const double distance = std::nearbyint(microvolts * unitsPerMicrovolt);
+    const double x = zeroAtRight ? 258 - distance : 1 + distance;
+    ruler.line(x, 0, x, microvolts % 50 == 0 ? 10 : 6, Colour::blue);
+  }
+  ruler.printAt(zeroAtRight ? 240 : 6, 12, Colour::black, "0");
+}
+
+}  // namespace
+
+void MainState::drawGraphFrames() {
+  drawAxesAndLabels();
+  drawGrids();
+}
+
+void MainState::drawAxesAndLabels() {
+  printAxisCaptions(window.axisCaptions);
+  drawFrequencyAxis();
+  recordingDate = platform::dateText(host.clock.localTime());
+  shared.dataFileName = window.fileNameBox.text() + ".QVD";
+  shared.subjectName = window.subjectBox.text();
+  window.fileNameCaption.setText("Nome File");
+  window.subjectCaption.setText("Soggetto");
+  window.dateLabel.setText("Data =" + recordingDate);
+  window.timeLabel.setText("Tempo=");
+  window.amplitudeLabel.setText("EEG microvolts " + std::to_string(microvoltScale));
+  window.speedLabel.setText("Velocita' display=" + std::to_string(displaySpeed));
+  // Lower case here, a capital on the record button: both forms are the system's own.
+  window.statusLabel.setText(recordingActive == 1 ? "Registrazione attiva" : "Registrazione disattiva");
+  window.messagePanel.clear();
+  window.messagePanel.print(" Eseguire questo programma in grafica 1024x768");
+}
+
+void MainState::drawFrequencyAxis() {
+  struct AxisLabel {
+    const char* text;
+    double x, y;
+  };
+  // Ten units for 5 Hz, so two units a hertz, as the bars have two indexes a hertz.
+  constexpr std::array<AxisLabel, 8> labels = {{{"30", 2, 0},
+                                                {"Hz", 2, 5},
+                                                {"25", 2, 9},
+                                                {"20", 2, 19},
+                                                {"15", 2, 29},
+                                                {"10", 2, 39},
+                                                {"5", 4, 49},
+                                                {"0", 4, 57}}};
+  window.frequencyAxis.clear();
+  for (const AxisLabel& label : labels) {
+    window.frequencyAxis.point(label.x, label.y, Colour::white);
+    window.frequencyAxis.print(label.text);
+  }
+}
+
+void MainState::drawGrids() {
+  for (Surface* trace : {&window.firstTrace, &window.secondTrace}) {
+    drawGrid(*trace, 64.5);
+    drawFrame(*trace, Colour::green);
+  }
+  drawGrid(window.leftSpectrum, 43);
+  drawGrid(window.rightSpectrum, 43);
+  drawGrid(window.coherenceGraph, 50);
+  drawGrid(window.Picture6, 50);
+  drawRulers();
+  drawFrame(window.messagePanel, Colour::white);
+}
+
+void MainState::drawRulers() {
+  drawRuler(window.leftRuler, microvoltScale, true);
+  drawRuler(window.rightRuler, microvoltScale, false);
+}
+
+void MainState::amplitudeScaleMoved() {
+  microvoltScale = window.HScroll1.value();
+  window.amplitudeLabel.setText("EEG microvolts" + std::to_string(microvoltScale));
+  drawRulers();
+}
+
+void MainState::displaySpeedMoved() {
+  displaySpeed = window.HScroll2.value();
+  if (shared.languageFlag == "Ita") window.speedLabel.setText(" Velocita' display=" + std::to_string(displaySpeed));
+}
+
+}  // namespace korvinel
