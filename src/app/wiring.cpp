@@ -1,0 +1,29 @@
+#include "app/wiring.h"
+
+#include "platform/timing.h"
+
+namespace korvinel {
+namespace {
+
+using Operation = void (MainState::*)();
+
+std::function<void()> behindEdge(MainState& state, platform::OperationEdge& edge, Operation operation) {
+  return [&state, &edge, operation] { edge.run([&] { (state.*operation)(); }); };
+}
+
+}  // namespace
+
+void tieControls(MainState& state, platform::OperationEdge& edge) {
+  const auto on = [&](Operation operation) { return behindEdge(state, edge, operation); };
+  MainWindow& window = state.window;
+  window.Starts1.onPressed = on(&MainState::startCommand);
+  window.Stopd1.onPressed = on(&MainState::stopCommand);
+  window.Endx1.onPressed = on(&MainState::endCommand);
+  window.Artefact.onPressed = on(&MainState::editArtefactThreshold);
+  window.HScroll1.onMoved = on(&MainState::amplitudeScaleMoved);
+  window.HScroll2.onMoved = on(&MainState::displaySpeedMoved);
+  state.host.tickTimer.onElapsed = on(&MainState::acquisitionTick);
+  state.host.pauseTimer.onElapsed = on(&MainState::pauseElapsed);
+}
+
+}  // namespace korvinel

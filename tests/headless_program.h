@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include "app/wiring.h"
+#include "frame/main_state.h"
+#include "platform/headless/headless_platform.h"
+
+namespace korvinel {
+
+/// The whole program without a screen: the main window's models tied to its record over the headless platform.
+/// The root holds the default files; port 2, all calibration factors 1.
+struct HeadlessProgram {
+  HeadlessProgram() {
+    std::string factors = "1";
+    for (int i = 2; i <= 64; ++i) factors += i % 8 == 1 ? "\r\n1" : ",1";
+    host.files.content["C:\\QUARVEL5\\Instal8s.val"] = "\"Korvinel\",\"Ita\",2,0,0,0,0\r\n\"\",\"\"\r\n";
+    host.files.content["C:\\QUARVEL5\\Factors.val"] = factors + "\r\n";
+    tieControls(state, host.edge);
+  }
+
+  /// Start-up, then Start under these names, up to the first waiting tick.
+  void startAcquisition(const std::string& fileName = "prova", const std::string& subject = "Rossi") {
+    state.startUp();
+    window.fileNameBox.type(fileName);
+    window.subjectBox.type(subject);
+    window.Starts1.press();
+  }
+
+  /// Lets time go by until `count` blocks have been accepted and their turns are over.
+  void acquireBlocks(int count) {
+    const int target = state.blockCount + count;
+    host.time.runUntil([&] { return state.blockCount >= target && host.pauseTimer.enabled(); });
+  }
+
+  platform::HeadlessPlatform host;
+  MainWindow window;
+  ProgramValues shared;
+  MainState state{window, shared, host.platform};
+};
+
+}  // namespace korvinel
