@@ -1,0 +1,119 @@
+#include "platform/surface.h"
+
+#include <gtest/gtest.h>
+
+namespace korvinel::platform {
+namespace {
+
+Surface paper() { return {"Messaggi", 100, 200, 10}; }
+
+TEST(Surface, PrintingMovesToTheLeftEdgeOfTheNextLine) {
+  Surface surface = paper();
+  surface.point(2, 20, Colour::white);
+  surface.print("prima");
+  surface.print("seconda");
+  EXPECT_EQ(surface.marks()[1].x1, 2);
+  EXPECT_EQ(surface.marks()[1].y1, 20);
+  EXPECT_EQ(surface.marks()[2].x1, 0);
+  EXPECT_EQ(surface.marks()[2].y1, 30);
+}
+
+TEST(Surface, PointsAndLinesMoveThePositionToTheirEnd) {
+  Surface surface = paper();
+  surface.line(1, 2, 30, 40, Colour::blue);
+  surface.print("qui");
+  EXPECT_EQ(surface.marks()[1].x1, 30);
+  EXPECT_EQ(surface.marks()[1].y1, 40);
+}
+
+TEST(Surface, ClearEmptiesAndGoesToTheOrigin) {
+  Surface surface = paper();
+  surface.setInk(Colour::lightRed);
+  surface.line(1, 2, 30, 40, Colour::blue);
+  surface.clear();
+  EXPECT_TRUE(surface.marks().empty());
+  surface.print("qui");
+  EXPECT_EQ(surface.marks()[0].x1, 0);
+  EXPECT_EQ(surface.marks()[0].y1, 0);
+  EXPECT_EQ(surface.marks()[0].colour, Colour::lightRed);
+}
+
+TEST(Surface, PrintingInAColourOfItsOwnKeepsTheInk) {
+  Surface surface = paper();
+  surface.printAt(1, 1, Colour::white, "Artefatto!");
+  surface.print("dopo");
+  EXPECT_EQ(surface.marks()[0].colour, Colour::white);
+  EXPECT_EQ(surface.marks()[1].colour, Colour::black);
+}
+
+TEST(Surface, AFullFillEmptiesWhatLiesUnderIt) {
+  Surface surface = paper();
+  surface.line(1, 2, 30, 40, Colour::blue);
+  surface.box(10, 10, 20, 20, Colour::red);
+  EXPECT_EQ(surface.marks().size(), 2U);
+  surface.box(0, 0, 100, 200, Colour::white);
+  EXPECT_EQ(surface.marks().size(), 1U);
+}
+
+TEST(Surface, ATextAtThePlaceOfAnEarlierOneReplacesIt) {
+  Surface surface = paper();
+  surface.printAt(5, 5, Colour::black, "Syncro 1-2=33");
+  surface.printAt(5, 5, Colour::black, "Syncro 1-2=34");
+  EXPECT_EQ(surface.texts(), std::vector<std::string>{"Syncro 1-2=34"});
+}
+
+TEST(Surface, StaysSmallUnderEndlessRepetition) {
+  Surface surface = paper();
+  surface.printAt(5, 5, Colour::black, "resta");
+  for (int i = 0; i < 100'000; ++i) {
+    surface.point(i % 90, 50, Colour::blue);
+    if (i % 1'000 == 0) surface.printAt(5, 5, Colour::black, "resta");
+  }
+  EXPECT_LE(surface.marks().size(), Surface::mostMarks);
+  EXPECT_TRUE(surface.shows("resta"));
+}
+
+TEST(Surface, StaysSmallWhateverIsDrawn) {
+  Surface surface = paper();
+  for (int i = 0; i < 100'000; ++i) surface.point(i, i, Colour::blue);
+  EXPECT_LE(surface.marks().size(), Surface::mostMarks);
+  EXPECT_EQ(surface.marks().back().x1, 99'999);
+}
+
+TEST(Surface, TellsItsViewOfEveryChange) {
+  Surface surface = paper();
+  int changes = 0;
+  surface.onChanged = [&] { ++changes; };
+  surface.print("a");
+  surface.point(1, 1, Colour::red);
+  surface.clear();
+  EXPECT_EQ(changes, 3);
+}
+
+TEST(CellBehind, KeepsTheBackgroundWhereTheInkReadsOnIt) {
+  const Rgb white = rgbOf(Colour::white);
+  const Rgb grey = rgbOf(Colour::darkGrey);
+  EXPECT_EQ(cellBehind(rgbOf(Colour::black), white), white);
+  EXPECT_EQ(cellBehind(rgbOf(Colour::lightRed), white), white);
+  EXPECT_EQ(cellBehind(rgbOf(Colour::white), grey), grey);
+}
+
+TEST(CellBehind, ElseTakesBlackOrWhiteSoThatEveryInkReads) {
+  EXPECT_EQ(cellBehind(rgbOf(Colour::white), rgbOf(Colour::white)), rgbOf(Colour::black));
+  EXPECT_EQ(cellBehind(rgbOf(Colour::yellow), rgbOf(Colour::white)), rgbOf(Colour::black));
+  for (int ink = 0; ink <= 15; ++ink)
+    for (int ground = 0; ground <= 15; ++ground) {
+      const Rgb inkColour = rgbOf(paletteColour(ink));
+      EXPECT_GE(contrast(inkColour, cellBehind(inkColour, rgbOf(paletteColour(ground)))), 3.0)
+          << ink << " on " << ground;
+    }
+}
+
+TEST(PaletteColour, RefusesOtherIndexes) {
+  EXPECT_EQ(paletteColour(12), Colour::lightRed);
+  EXPECT_THROW(static_cast<void>(paletteColour(16)), RuntimeError);
+  EXPECT_THROW(static_cast<void>(paletteColour(-1)), RuntimeError);
+}
+
+}  // namespace
+}  // namespace korvinel::platform

@@ -1,0 +1,38 @@
+#include "values/code_page.h"
+
+#include <gtest/gtest.h>
+
+namespace korvinel {
+namespace {
+
+TEST(CodePage, EveryByteSurvivesTheWayToUtf8AndBack) {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
+  EXPECT_EQ(codePageFromUtf8(utf8FromCodePage(bytes)), bytes);
+}
+
+TEST(CodePage, KnowsItalianLettersAndTheEuro) {
+  EXPECT_EQ(codePageFromUtf8("Nicolò è là €"), "Nicol\xF2 \xE8 l\xE0 \x80");
+  EXPECT_EQ(utf8FromCodePage("perch\xE9 \x96 \x9C"), "perché – œ");
+}
+
+TEST(CodePage, WhatItDoesNotHoldBecomesAQuestionMark) { EXPECT_EQ(codePageFromUtf8("Ελ 😀 \xFF"), "?? ? ?"); }
+
+TEST(CleanEntry, DropsWhatADataFileCannotHold) {
+  EXPECT_EQ(cleanEntry("Rossi, \"Anna\"\t\n Ω è", EntryKind::text), "Rossi Anna  è");
+  EXPECT_EQ(cleanEntry("occhi: aperti/chiusi?", EntryKind::text), "occhi: aperti/chiusi?");
+}
+
+TEST(CleanEntry, DropsWhatAFileNameCannotHold) {
+  EXPECT_EQ(cleanEntry("..\\a/b:c*d?e<f>g|h", EntryKind::fileName), "..abcdefgh");
+}
+
+TEST(CleanEntry, SurvivesBrokenUtf8) { EXPECT_EQ(cleanEntry("a\xE2\x82z\xC3", EntryKind::text), "az"); }
+
+TEST(UpperCase, CoversTheWholePage) {
+  EXPECT_EQ(upperCase("Test.qvd"), "TEST.QVD");
+  EXPECT_EQ(upperCase("nicolò÷ÿšž"), "NICOLÒ÷ŸŠŽ");
+}
+
+}  // namespace
+}  // namespace korvinel
