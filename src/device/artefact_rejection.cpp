@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "device/waiting.h"
+#include "frame/waiting.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
 #include "platform/serial_port.h"

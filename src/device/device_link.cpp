@@ -1,5 +1,5 @@
 #include "device/command_bytes.h"
-#include "device/waiting.h"
+#include "frame/waiting.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
 #include "platform/operation_edge.h"

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+/// Keeps the arrows of the house: who may look at whom.
+namespace korvinel {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Include {
+  std::string from;  ///< path below src
+  std::string what;
+  bool quoted;
+};
+
+std::vector<Include> includesOf(const fs::path& file, const fs::path& root) {
+  static const std::regex line(R"re(^\s*#\s*include\s*([<"])([^>"]+)[>"])re");
+  std::vector<Include> includes;
+  std::ifstream stream(file);
+  std::smatch match;
+  for (std::string text; std::getline(stream, text);)
+    if (std::regex_search(text, match, line))
+      includes.push_back({fs::relative(file, root).string(), match[2], match[1] == "\""});
+  return includes;
+}
+
+std::vector<Include> allIncludes() {
+  const fs::path root = fs::path(KORVINEL_SOURCE_DIR) / "src";
+  std::vector<Include> all;
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    const auto extension = entry.path().extension();
+    if (extension != ".h" && extension != ".cpp") continue;
+    for (Include& include : includesOf(entry.path(), root)) all.push_back(std::move(include));
+  }
+  return all;
+}
+
+std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
+
+/// The folders (or single headers) that a file of a folder may look at, beside its own.
+std::set<std::string> allowedFrom(const Include& include) {
+  const std::string folder = folderOf(include.from);
+  if (folder == "values") return {};
+  if (folder == "platform") return {"values"};
+  if (folder.starts_with("platform/")) return {"values", "platform"};
+  if (include.from == "frame/main_state.h" || include.from == "frame/main_window.h" ||
+      include.from == "frame/program_values.h")
+    return {"values", "platform"};
+  if (folder == "app")
+    return {"values", "platform", "platform/qt", "platform/posix", "platform/windows",
+            "frame",  "display",  "recording",   "report"};
+  return {"values", "platform", "frame"};
+}
+
+bool isStandardHeader(const std::string& name) {
+  return name.find_first_of("./") == std::string::npos && std::islower(static_cast<unsigned char>(name.front())) != 0;
+}
+
+TEST(House, ArrowsPointOneWay) {
+  const auto includes = allIncludes();
+  ASSERT_GT(includes.size(), 100U);
+  for (const Include& include : includes) {
+    if (!include.quoted) continue;
+    const std::string target = folderOf(include.what);
+    const bool allowed = target == folderOf(include.from) || allowedFrom(include).contains(target);
+    EXPECT_TRUE(allowed) << include.from << " looks at " << include.what;
+  }
+}
+
+TEST(House, OnlyItsOwnFoldersKnowTheToolkitAndTheSystem) {
+  for (const Include& include : allIncludes()) {
+    if (include.quoted) continue;
+    const std::string folder = folderOf(include.from);
+    const bool toolkit = folder == "platform/qt" || folder == "app";
+    const bool system = folder == "platform/posix" || folder == "platform/windows";
+    if (include.what.starts_with('Q')) {
+      EXPECT_TRUE(toolkit) << include.from << " includes <" << include.what << ">";
+    } else if (!isStandardHeader(include.what)) {
+      EXPECT_TRUE(system) << include.from << " includes <" << include.what << ">";
+    }
+  }
+}
+
+TEST(House, UmbrellaHeadersAreNotUsed) {
+  const std::set<std::string> umbrellas = {"QtWidgets", "QtCore", "QtGui", "QtPrintSupport", "bits/stdc++.h"};
+  for (const Include& include : allIncludes()) EXPECT_FALSE(umbrellas.contains(include.what)) << include.from;
+}
+
+TEST(House, FilesStayShortEnoughToRead) {
+  const fs::path root = fs::path(KORVINEL_SOURCE_DIR) / "src";
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+    std::ifstream stream(entry.path());
+    const auto lines = std::count(std::istreambuf_iterator<char>(stream), {}, '\n');
+    EXPECT_LE(lines, 500) << entry.path();
+  }
+}
+
+}  // namespace
+}  // namespace korvinel

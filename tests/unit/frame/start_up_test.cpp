@@ -1,0 +1,84 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "headless_program.h"
+
+namespace korvinel {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+TEST(StartUp, TakesThePortFromTheSettingsAndKeepsTheLanguage) {
+  HeadlessProgram program;
+  program.shared.languageFlag = "Eng";
+  program.state.startUp();
+  EXPECT_EQ(program.state.serialPort, 2);
+  EXPECT_EQ(program.shared.languageFlag, "Ita");
+}
+
+TEST(StartUp, SetsTheDefaults) {
+  HeadlessProgram program;
+  program.state.startUp();
+  EXPECT_EQ(program.state.lastOpenDir, "C:\\QUARVEL5\\DATAFILE\\");
+  EXPECT_EQ(program.state.recordingDate, "21/11/2026");
+  EXPECT_EQ(program.state.pairLabel1, "Cha.1");
+  EXPECT_EQ(program.state.pairLabel2, "Cha.2");
+  EXPECT_EQ(program.state.channelPair, 1);
+  EXPECT_EQ(program.state.displaySpeed, 6);
+  EXPECT_EQ(program.state.artefactThreshold, 130);
+  EXPECT_EQ(program.shared.channelCount, 4);
+}
+
+TEST(StartUp, LeavesBothTimersDisabledAndTheInstrumentAlone) {
+  HeadlessProgram program;
+  program.state.startUp();
+  EXPECT_FALSE(program.host.tickTimer.enabled());
+  EXPECT_FALSE(program.host.pauseTimer.enabled());
+  EXPECT_EQ(program.host.tickTimer.intervalMs(), 2130);
+  EXPECT_EQ(program.host.pauseTimer.intervalMs(), 870);
+  EXPECT_TRUE(program.host.serialPort.history().empty());
+}
+
+TEST(StartUp, AsksForHigherPriorities) {
+  HeadlessProgram program;
+  program.state.startUp();
+  EXPECT_THAT(program.host.machine.asked, ElementsAre("thread 1", "process 128"));
+}
+
+TEST(StartUp, FillsTheCalibrationUpToIndex128) {
+  HeadlessProgram program;
+  program.state.startUp();
+  EXPECT_EQ(program.state.binCalibration[64], 1.0F);
+  EXPECT_EQ(program.state.binCalibration[128], 1.0F);
+  EXPECT_EQ(program.state.binCalibration[129], 0.0F);
+}
+
+TEST(StartUp, PutsTheCaptionsAndTheFocus) {
+  HeadlessProgram program;
+  program.state.startUp();
+  const MainWindow& w = program.window;
+  const std::pair<const platform::Button*, const char*> captions[] = {
+      {&w.Starts1, "Start"},    {&w.Registra, "Registra"}, {&w.Artefact, "Artefatti"}, {&w.Canali, "Canali"},
+      {&w.Annotax, "Annota"},   {&w.Analisi, "Analisi"},   {&w.Stopd1, "Stop"},        {&w.Openx, "Apri File"},
+      {&w.Displayx, "Display"}, {&w.Stampa, "Stampa"},     {&w.Endx1, "End"}};
+  for (const auto& [button, caption] : captions) EXPECT_EQ(button->caption(), caption);
+  EXPECT_EQ(w.ocularCheck.caption(), "Rimoz. artefatti oculari");
+  EXPECT_EQ(w.fileNameBox.focusRequests(), 1);
+}
+
+TEST(StartUp, AMissingFileIsAFaultThatNamesIt) {
+  for (const char* path : {"C:\\QUARVEL5\\Instal8s.val", "C:\\QUARVEL5\\Factors.val"}) {
+    HeadlessProgram program;
+    program.host.files.content.erase(path);
+    try {
+      program.state.startUp();
+      FAIL() << path;
+    } catch (const RuntimeError& error) {
+      EXPECT_THAT(error.what(), HasSubstr(path));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace korvinel
