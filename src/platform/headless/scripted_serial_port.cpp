@@ -31,7 +31,7 @@ std::string ScriptedSerialPort::read() {
 }
 
 void ScriptedSerialPort::write(std::string_view bytes) {
-  if (!open_ || unplugged_) {
+  if (!connected()) {
     open_ = false;
     throw PortFault("La porta seriale non risponde");
   }
@@ -43,7 +43,7 @@ void ScriptedSerialPort::write(std::string_view bytes) {
 }
 
 void ScriptedSerialPort::deliver(std::string_view bytes) {
-  if (!open_ || unplugged_) return;
+  if (!connected()) return;
   const std::size_t room =
       static_cast<std::size_t>(capacity_) - std::min(received_.size(), static_cast<std::size_t>(capacity_));
   received_ += bytes.substr(0, room);

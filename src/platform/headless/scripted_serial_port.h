@@ -30,6 +30,7 @@ class ScriptedSerialPort : public SerialPort {
   std::function<void(const std::string& bytes)> onWritten;
   void unplug();  ///< the line fails at its next use; opening fails too
   void plugIn() { unplugged_ = false; }
+  [[nodiscard]] bool connected() const { return open_ && !unplugged_; }
 
   /// In order: "open 2 19200,N,8,1", "rts", "dtr", "discard", "write <decimal bytes>", "close".
   const std::vector<std::string>& history() const { return history_; }

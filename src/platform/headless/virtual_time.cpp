@@ -52,6 +52,12 @@ void VirtualTime::runDueActs() {
     acts_.erase(acts_.begin());
     edge_.run(act);
   }
+  for (std::size_t i = 0; i < conditionalActs_.size(); ++i) {
+    if (!conditionalActs_[i].first()) continue;
+    const auto act = std::move(conditionalActs_[i].second);
+    conditionalActs_.erase(conditionalActs_.begin() + static_cast<std::ptrdiff_t>(i--));
+    edge_.run(act);
+  }
 }
 
 void VirtualTime::fireDueTimers() {
@@ -60,6 +66,10 @@ void VirtualTime::fireDueTimers() {
 }
 
 void VirtualTime::at(double time, std::function<void()> act) { acts_.emplace(time, std::move(act)); }
+
+void VirtualTime::when(std::function<bool()> condition, std::function<void()> act) {
+  conditionalActs_.emplace_back(std::move(condition), std::move(act));
+}
 
 void VirtualTime::runFor(double duration) {
   const double end = now_ + duration;

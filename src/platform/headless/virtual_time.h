@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "platform/operation_edge.h"
@@ -24,6 +25,8 @@ class VirtualTime : public Clock, public EventPump {
 
   void at(double time, std::function<void()> act);  ///< once, when the clock reaches `time`
   void after(double delay, std::function<void()> act) { at(now_ + delay, std::move(act)); }
+  /// Once, at the first step at which the condition holds; also inside an operation that waits.
+  void when(std::function<bool()> condition, std::function<void()> act);
   void runFor(double duration);  ///< processes events; returns early when the program ends
   void runUntil(const std::function<bool()>& reached, double atMost = 3600);
   void jump(double duration) { now_ += duration; }  ///< time that an operation takes, no event in it
@@ -43,6 +46,7 @@ class VirtualTime : public Clock, public EventPump {
   double step_ = 0.01;
   CalendarTime date_{2026, 11, 21, 0, 0, 0};
   std::multimap<double, std::function<void()>> acts_;
+  std::vector<std::pair<std::function<bool()>, std::function<void()>>> conditionalActs_;
   std::vector<VirtualTimer*> timers_;
 };
 

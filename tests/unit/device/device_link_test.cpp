@@ -1,0 +1,253 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "device/command_bytes.h"
+#include "headless_program.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Choice;
+using testing::ElementsAre;
+
+constexpr auto linkError =
+    "Errore di comunicazione!\rVerificare se i cavi sono connessi\r"
+    "oppure se lo strumento e' acceso!\rPremere OK per continuare.";
+constexpr auto blockError =
+    "Errore di comunicazione!\rVerificare se lo strumento e' acceso\r"
+    "Premere OK per continuare\roppure Cancel per terminare.";
+
+const std::string testCommand = "TEST\xC0";
+const std::string startCommand = "S\x01\x04\x78\x41\x08\x42\xA5";
+const std::string stopCommand = "\xFF\x01";
+
+/// A started-up program whose operations run behind the edge, as events do.
+struct LinkTest : testing::Test {
+  LinkTest() { program.state.startUp(); }
+
+  void openLink() {
+    program.host.edge.run([this] { program.state.openLink(); });
+  }
+  void readBlock() {
+    program.host.edge.run([this] { program.state.readBlock(); });
+  }
+  /// An open line that streams.
+  void connect() {
+    openLink();
+    program.state.sendStartCommand();
+  }
+
+  HeadlessProgram program;
+  platform::HeadlessPlatform& host = program.host;
+};
+
+std::string blockOf(char byte) { return std::string(1024, byte); }
+
+TEST(CommandBytes, SumToZeroModulo256) {
+  EXPECT_EQ(closingChecksum(byteSum("TEST")), 192);
+  for (int sum = 0; sum <= 2000; ++sum) {
+    const int closing = closingChecksum(sum);
+    ASSERT_TRUE(closing >= 0 && closing <= 255) << sum;
+    ASSERT_EQ((sum + closing) % 256, 0) << sum;
+  }
+}
+
+TEST_F(LinkTest, HandshakeGoesInThisOrder) {
+  openLink();
+  EXPECT_THAT(host.serialPort.history(),
+              ElementsAre("open 2 19200,N,8,1", "rts", "dtr", "discard", "write 84 69 83 84 192"));
+  EXPECT_EQ(host.serialPort.capacity(), 1600);
+  EXPECT_EQ(program.state.linkReady, 1);
+}
+
+TEST_F(LinkTest, HandshakeTakesTheAnnouncedFourSeconds) {
+  const double start = host.time.seconds();
+  openLink();
+  EXPECT_GT(host.time.seconds() - start, 4.0);
+  EXPECT_LT(host.time.seconds() - start, 4.2);
+}
+
+TEST_F(LinkTest, AnnouncesTheWaitOnTheFirstTrace) {
+  bool announced = false;
+  host.time.after(2, [&] { announced = program.window.firstTrace.shows("Aspetta 4 secondi.."); });
+  openLink();
+  EXPECT_TRUE(announced);
+}
+
+TEST_F(LinkTest, AReadyLinkDrawsTheZeroLineAndThePrompt) {
+  openLink();
+  const auto& marks = program.window.firstTrace.marks();
+  ASSERT_EQ(marks.size(), 1U);
+  EXPECT_EQ(marks[0], (platform::Mark{platform::Mark::Kind::line, platform::Colour::green, 1, 128, 258, 128}));
+  EXPECT_TRUE(program.window.messagePanel.shows("Premere Start per cominciare.."));
+}
+
+TEST_F(LinkTest, SilenceForTwoSecondsIsAnError) {
+  host.instrument.answer = "";
+  const double start = host.time.seconds();
+  openLink();  // answered with Cancel
+  ASSERT_EQ(host.dialogs.shown.size(), 1U);
+  EXPECT_EQ(host.dialogs.shown[0].text, linkError);
+  EXPECT_EQ(host.dialogs.shown[0].title, "Error!");
+  EXPECT_GT(host.time.seconds() - start, 6.0);
+  EXPECT_LT(host.time.seconds() - start, 6.3);
+  EXPECT_TRUE(host.edge.ended());
+}
+
+TEST_F(LinkTest, AnyOtherAnswerIsTheSameErrorAtOnce) {
+  for (const char* answer : {"NO", "ok", "O ", "KO"}) {
+    HeadlessProgram other;
+    other.state.startUp();
+    other.host.instrument.answer = answer;
+    const double start = other.host.time.seconds();
+    other.host.edge.run([&] { other.state.openLink(); });
+    ASSERT_EQ(other.host.dialogs.shown.size(), 1U) << answer;
+    EXPECT_EQ(other.host.dialogs.shown[0].text, linkError);
+    EXPECT_LT(other.host.time.seconds() - start, 4.3) << answer;
+  }
+}
+
+TEST_F(LinkTest, OneByteIsNoAnswer) {
+  host.instrument.answer = "O";
+  openLink();
+  EXPECT_TRUE(host.edge.ended());
+}
+
+TEST_F(LinkTest, OkRetriesFromTheClosedPort) {
+  host.instrument.answer = "";
+  host.dialogs.choices = {Choice::ok, Choice::ok};
+  host.dialogs.whileOpen = [&] {
+    if (host.dialogs.shown.size() == 2) host.instrument.answer = "OK";
+  };
+  openLink();
+  EXPECT_EQ(program.state.linkReady, 1);
+  EXPECT_EQ(program.state.messageAnswer, 1);
+  EXPECT_EQ(std::count(host.serialPort.history().begin(), host.serialPort.history().end(), "close"), 2);
+  EXPECT_EQ(host.serialPort.written(), testCommand + testCommand + testCommand);
+}
+
+TEST_F(LinkTest, APortThatCannotBeOpenedAsksAtOnceAndOkOpensItAgain) {
+  host.serialPort.unplug();
+  host.dialogs.choices = {Choice::ok};
+  host.dialogs.whileOpen = [&] { host.serialPort.plugIn(); };
+  openLink();
+  ASSERT_EQ(host.dialogs.shown.size(), 1U);
+  EXPECT_EQ(host.dialogs.shown[0].text, linkError);
+  EXPECT_EQ(program.state.linkReady, 1);
+}
+
+TEST_F(LinkTest, EndDuringEachWaitOfTheHandshakeEndsTheProgram) {
+  for (const double moment : {0.5, 2.0, 4.5}) {
+    HeadlessProgram other;
+    other.host.instrument.answer = "";
+    other.host.time.after(moment, [&] { other.window.Endx1.press(); });
+    other.startAcquisition();
+    EXPECT_TRUE(other.host.edge.ended()) << moment;
+    EXPECT_TRUE(other.host.dialogs.shown.empty()) << moment;
+  }
+}
+
+TEST_F(LinkTest, StopAndASecondStartDuringTheHandshakeChangeNothing) {
+  for (const double moment : {0.5, 2.0, 3.9}) {
+    HeadlessProgram other;
+    other.host.time.after(moment, [&] {
+      other.window.Stopd1.press();
+      other.window.Starts1.press();
+    });
+    other.startAcquisition();
+    EXPECT_EQ(other.state.acquisitionRunning, 1) << moment;
+    EXPECT_EQ(other.host.serialPort.written(), testCommand + startCommand) << moment;
+  }
+}
+
+TEST_F(LinkTest, TheStartCommandDropsPendingInputFirst) {
+  openLink();
+  host.serialPort.deliver("rest of an old block");
+  program.state.sendStartCommand();
+  const auto& history = host.serialPort.history();
+  EXPECT_EQ(history.back(), "write 83 1 4 120 65 8 66 165");
+  EXPECT_EQ(history[history.size() - 2], "discard");
+  EXPECT_EQ(host.serialPort.readLength(), 0);
+}
+
+TEST_F(LinkTest, TheStopCommandIsTwoBytes) {
+  openLink();
+  program.state.sendStopCommand();
+  EXPECT_EQ(host.serialPort.history().back(), "write 255 1");
+}
+
+TEST_F(LinkTest, FramesOfFourBytesFillTheChannels) {
+  connect();
+  std::string block = blockOf('\x80');
+  block[0] = static_cast<char>(200);
+  block[4] = 60;
+  host.instrument.blocks = {block};
+  readBlock();
+  // Smoothed: the first sample has itself on its left, 60 on its right.
+  EXPECT_EQ(program.state.sampleBlock[1][0], 200.0F);
+  EXPECT_EQ(program.state.sampleBlock[1][1], static_cast<float>((200 + 0.3 * 200 + 0.3 * 60) / 1.6));
+  EXPECT_EQ(program.state.sampleBlock[2][1], 128.0F);
+  EXPECT_EQ(program.state.streamPosition, 1024);
+}
+
+TEST_F(LinkTest, EveryByteLandsInItsChannelAndSample) {
+  connect();
+  std::string block;
+  for (int s = 0; s < 256; ++s)
+    for (int c = 0; c < 4; ++c) block += static_cast<char>(c * 60 + 10);
+  host.instrument.blocks = {block};
+  readBlock();
+  for (int c = 1; c <= 4; ++c)
+    for (int s = 1; s <= 256; ++s) ASSERT_NEAR(program.state.sampleBlock[c][s], (c - 1) * 60 + 10, 1e-4);
+}
+
+TEST_F(LinkTest, OfLongerInputTheFirst1024BytesAreTheBlockAndTheRestIsDropped) {
+  connect();
+  host.instrument.blocks = {blockOf(60) + std::string(6, '\xFF')};
+  readBlock();
+  EXPECT_EQ(program.state.sampleBlock[4][256], 60.0F);
+  EXPECT_EQ(host.serialPort.waiting(), 0);
+}
+
+TEST_F(LinkTest, FewerBytesThanABlockAreWaitedForUntilTheTimeOut) {
+  connect();
+  host.instrument.blocks = {std::string(1023, 'x')};
+  const double start = host.time.seconds();
+  readBlock();
+  ASSERT_EQ(host.dialogs.shown.size(), 1U);
+  EXPECT_EQ(host.dialogs.shown[0].text, blockError);
+  EXPECT_EQ(host.dialogs.shown[0].title, "Error!");
+  EXPECT_GT(host.time.seconds() - start, 4.0);
+  EXPECT_LT(host.time.seconds() - start, 4.1);
+  EXPECT_TRUE(host.serialPort.written().ends_with(stopCommand));
+  EXPECT_TRUE(host.edge.ended());
+}
+
+TEST_F(LinkTest, OkAfterTheTimeOutStartsTheStreamAgain) {
+  connect();
+  host.instrument.goSilent();
+  host.serialPort.discardInput();
+  host.dialogs.choices = {Choice::ok};
+  host.instrument.blocks = {blockOf(90)};
+  readBlock();
+  EXPECT_TRUE(host.serialPort.written().ends_with(stopCommand + startCommand));
+  EXPECT_EQ(program.state.sampleBlock[3][100], 90.0F);
+  EXPECT_FALSE(host.edge.ended());
+}
+
+TEST_F(LinkTest, AnUnpluggedInstrumentIsOneErrorAndOkOpensTheLineAgain) {
+  connect();
+  host.serialPort.unplug();
+  host.dialogs.choices = {Choice::ok};
+  host.dialogs.whileOpen = [&] { host.serialPort.plugIn(); };
+  host.instrument.blocks = {blockOf(70)};
+  readBlock();
+  EXPECT_EQ(host.dialogs.shown.size(), 1U);
+  EXPECT_EQ(program.state.sampleBlock[1][50], 70.0F);
+  EXPECT_EQ(std::count(host.serialPort.history().begin(), host.serialPort.history().end(), "open 2 19200,N,8,1"), 2);
+}
+
+}  // namespace
+}  // namespace korvinel

@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include "display/window_geometry.h"
+#include "headless_program.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+using platform::Mark;
+
+struct LayoutTest : testing::Test {
+  LayoutTest() { program.state.startUp(); }
+  HeadlessProgram program;
+  MainWindow& window = program.window;
+};
+
+int textsAt(const platform::Surface& surface, const std::string& text, double x, double y) {
+  int count = 0;
+  for (const Mark& mark : surface.marks())
+    count += mark.kind == Mark::Kind::text && mark.text == text && mark.x1 == x && mark.y1 == y ? 1 : 0;
+  return count;
+}
+
+TEST_F(LayoutTest, LabelsAreResetAtTheStart) {
+  EXPECT_EQ(window.fileNameCaption.text(), "Nome File");
+  EXPECT_EQ(window.subjectCaption.text(), "Soggetto");
+  EXPECT_EQ(window.dateLabel.text(), "Data =21/11/2026");
+  EXPECT_EQ(window.timeLabel.text(), "Tempo=");
+  EXPECT_EQ(window.amplitudeLabel.text(), "EEG microvolts 60");
+  EXPECT_EQ(window.speedLabel.text(), "Velocita' display=6");
+  EXPECT_EQ(window.statusLabel.text(), "Registrazione disattiva");
+  EXPECT_TRUE(window.messagePanel.shows(" Eseguire questo programma in grafica 1024x768"));
+}
+
+TEST_F(LayoutTest, TheStatusIsWrittenInLowerCaseHere) {
+  program.state.recordingActive = 1;
+  program.state.drawGraphFrames();
+  EXPECT_EQ(window.statusLabel.text(), "Registrazione attiva");
+}
+
+TEST_F(LayoutTest, AFileNameAlwaysGetsItsEnding) {
+  for (const char* typed : {"abc", "abc.QVD"}) {
+    window.fileNameBox.type(typed);
+    program.state.drawGraphFrames();
+    EXPECT_EQ(program.shared.dataFileName, std::string(typed) + ".QVD");
+  }
+}
+
+TEST_F(LayoutTest, TheFrequencyAxisReadsTwoUnitsAHertz) {
+  const std::tuple<const char*, double, double> labels[] = {{"30", 2, 0},  {"Hz", 2, 5},  {"25", 2, 9}, {"20", 2, 19},
+                                                            {"15", 2, 29}, {"10", 2, 39}, {"5", 4, 49}, {"0", 4, 57}};
+  for (const auto& [text, x, y] : labels) EXPECT_EQ(textsAt(window.frequencyAxis, text, x, y), 1) << text;
+  EXPECT_EQ(window.frequencyAxis.height(), 60);
+}
+
+TEST_F(LayoutTest, TheAxisCaptionsStandOnTheWindowInLightGrey) {
+  const auto texts = window.axisCaptions.texts();
+  EXPECT_EQ(std::count(texts.begin(), texts.end(), "Seconds"), 2);
+  for (const char* caption : {"Coerenza ", "Tempo", "minuti"})
+    EXPECT_TRUE(window.axisCaptions.shows(caption)) << caption;
+  for (const Mark& mark : window.axisCaptions.marks()) EXPECT_EQ(mark.colour, Colour::lightGrey);
+}
+
+TEST_F(LayoutTest, DrawingTheFramesAgainAddsNothing) {
+  const auto once = window.axisCaptions.marks().size() + window.firstTrace.marks().size() +
+                    window.Picture6.marks().size() + window.messagePanel.marks().size() +
+                    window.leftRuler.marks().size();
+  program.state.drawGraphFrames();
+  program.state.drawGraphFrames();
+  EXPECT_EQ(window.axisCaptions.marks().size() + window.firstTrace.marks().size() + window.Picture6.marks().size() +
+                window.messagePanel.marks().size() + window.leftRuler.marks().size(),
+            once);
+}
+
+TEST_F(LayoutTest, FramesAreGreenOnTheTracesAndWhiteOnTheMessages) {
+  const auto has = [](const platform::Surface& surface, Colour colour) {
+    return std::any_of(surface.marks().begin(), surface.marks().end(),
+                       [&](const Mark& mark) { return mark.kind == Mark::Kind::line && mark.colour == colour; });
+  };
+  EXPECT_TRUE(has(window.firstTrace, Colour::green));
+  EXPECT_TRUE(has(window.secondTrace, Colour::green));
+  EXPECT_TRUE(has(window.messagePanel, Colour::white));
+}
+
+TEST_F(LayoutTest, TheAmplitudeBarSetsTheScaleAndTheRulers) {
+  const auto ticksBefore = window.leftRuler.marks().size();
+  window.HScroll1.moveTo(80);
+  EXPECT_EQ(program.state.microvoltScale, 80);
+  EXPECT_EQ(window.amplitudeLabel.text(), "EEG microvolts80");
+  EXPECT_GT(window.leftRuler.marks().size(), ticksBefore);
+  EXPECT_TRUE(window.leftRuler.shows("0"));
+  EXPECT_TRUE(window.rightRuler.shows("0"));
+}
+
+TEST_F(LayoutTest, TheSpeedBarSetsTheReplaySpeed) {
+  window.HScroll2.moveTo(2);
+  EXPECT_EQ(program.state.displaySpeed, 2);
+  EXPECT_EQ(window.speedLabel.text(), " Velocita' display=2");
+}
+
+TEST_F(LayoutTest, TheSpeedLabelIsWrittenOnlyInItalian) {
+  program.shared.languageFlag = "Eng";
+  window.HScroll2.moveTo(3);
+  EXPECT_EQ(program.state.displaySpeed, 3);
+  EXPECT_EQ(window.speedLabel.text(), "Velocita' display=6");
+}
+
+TEST_F(LayoutTest, RulerTicksFaceEachOtherFromZero) {
+  const auto ticks = [](const platform::Surface& ruler) {
+    std::vector<double> positions;
+    for (const Mark& mark : ruler.marks())
+      if (mark.kind == Mark::Kind::line) positions.push_back(mark.x1);
+    return positions;
+  };
+  const auto left = ticks(window.leftRuler);
+  const auto right = ticks(window.rightRuler);
+  ASSERT_EQ(left.size(), 7U);
+  ASSERT_EQ(right.size(), 7U);
+  for (std::size_t i = 0; i < left.size(); ++i) EXPECT_EQ(left[i], 259 - right[i]);
+}
+
+TEST(Geometry, NothingOverlapsAndNothingLeavesTheWindow) {
+  using namespace geometry;
+  const Rect all[] = {geometry::firstTrace,
+                      geometry::leftSpectrum,
+                      geometry::frequencyAxis,
+                      geometry::rightSpectrum,
+                      geometry::leftRuler,
+                      geometry::rightRuler,
+                      geometry::coherenceGraph,
+                      geometry::firstNumbers,
+                      geometry::secondNumbers,
+                      geometry::secondTrace,
+                      geometry::messagePanel,
+                      statusLabel,
+                      noteBox,
+                      fileNameCaption,
+                      fileNameBox,
+                      subjectCaption,
+                      subjectBox,
+                      ocularCheck,
+                      dateLabel,
+                      blockLabel,
+                      timeLabel,
+                      replayPositionLabel,
+                      zLabel,
+                      amplitudeLabel,
+                      amplitudeBar,
+                      speedLabel,
+                      speedBar,
+                      timeStrip,
+                      slider,
+                      buttonRow};
+  for (const Rect& a : all) {
+    EXPECT_TRUE(a.x >= 0 && a.y >= 0 && a.right() <= geometry::width && a.bottom() <= geometry::height)
+        << a.x << "," << a.y;
+    for (const Rect& b : all) {
+      const bool apart = a.right() <= b.x || b.right() <= a.x || a.bottom() <= b.y || b.bottom() <= a.y;
+      EXPECT_TRUE(&a == &b || apart) << a.x << "," << a.y << " over " << b.x << "," << b.y;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace korvinel
