@@ -1,0 +1,84 @@
+#include "platform/posix/host_paths.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <optional>
+
+#include "unit/posix/temporary_folder.h"
+
+namespace korvinel::platform {
+namespace {
+
+/// An environment variable for the time of a test.
+class Environment {
+ public:
+  Environment(std::string name, const char* value) : name_(std::move(name)) {
+    if (const char* before = getenv(name_.c_str())) before_ = before;
+    value == nullptr ? unsetenv(name_.c_str()) : setenv(name_.c_str(), value, 1);
+  }
+  Environment(const Environment&) = delete;
+  Environment& operator=(const Environment&) = delete;
+  ~Environment() { before_ ? setenv(name_.c_str(), before_->c_str(), 1) : unsetenv(name_.c_str()); }
+
+ private:
+  std::string name_;
+  std::optional<std::string> before_;
+};
+
+TEST(UserDataFolder, LiesInTheUsersDataFolder) {
+  const Environment data("XDG_DATA_HOME", "/data");
+  EXPECT_EQ(userDataFolder(), "/data/korvinel");
+}
+
+TEST(UserDataFolder, IsTheConventionalOneWhereNoneIsNamed) {
+  const Environment home("HOME", "/home/rossi");
+  for (const char* unusable : {static_cast<const char*>(nullptr), "", "relative/folder"}) {
+    const Environment data("XDG_DATA_HOME", unusable);
+    EXPECT_EQ(userDataFolder(), "/home/rossi/.local/share/korvinel");
+  }
+}
+
+TEST(HostPath, MapsDriveCAndLeavesOtherPathsAlone) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"C:\\QUARVEL5\\Instal8s.val", "/data/drive_c/QUARVEL5/Instal8s.val"},
+      {"c:\\QUARVEL5\\DATAFILE\\a.QVD", "/data/drive_c/QUARVEL5/DATAFILE/a.QVD"},
+      {"/home/rossi/a.QVD", "/home/rossi/a.QVD"},
+      {"/home/rossi/odd\\name.QVD", "/home/rossi/odd\\name.QVD"},
+      {"D:\\a.QVD", "D:\\a.QVD"},
+  };
+  for (const auto& [path, expected] : cases) EXPECT_EQ(hostPath("/data", path), expected);
+}
+
+TEST(ProgramPath, IsTheWayBackForWhatLiesOnDriveC) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"/data/drive_c/QUARVEL5/DATAFILE/a.QVD", "C:\\QUARVEL5\\DATAFILE\\a.QVD"},
+      {"/data/drive_c/QUARVEL5/odd\\name.QVD", "/data/drive_c/QUARVEL5/odd\\name.QVD"},
+      {"/data/drive_cc/a.QVD", "/data/drive_cc/a.QVD"},
+      {"/home/rossi/a.QVD", "/home/rossi/a.QVD"},
+  };
+  for (const auto& [path, expected] : cases) EXPECT_EQ(programPath("/data", path), expected);
+}
+
+TEST(SerialDevice, IsTheLinkOfItsNumberWhereThereIsOne) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder / "ports");
+  std::filesystem::create_symlink("/dev/null", folder / "ports/COM2");
+  EXPECT_EQ(serialDevice(folder.path(), 2), folder / "ports/COM2");
+}
+
+TEST(SerialDevice, StaysTheLinkWhileItsDeviceIsUnplugged) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder / "ports");
+  std::filesystem::create_symlink(folder / "gone", folder / "ports/COM1");
+  EXPECT_EQ(serialDevice(folder.path(), 1), folder / "ports/COM1");
+}
+
+TEST(SerialDevice, IsAUsbAdapterWithoutALink) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(serialDevice(folder.path(), 1), "/dev/ttyUSB0");
+  EXPECT_EQ(serialDevice(folder.path(), 4), "/dev/ttyUSB3");
+}
+
+}  // namespace
+}  // namespace korvinel::platform
