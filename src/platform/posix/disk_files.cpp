@@ -1,0 +1,176 @@
+#include "platform/posix/disk_files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+
+#include "platform/posix/file_descriptor.h"
+#include "platform/posix/host_paths.h"
+#include "values/code_page.h"
+#include "values/runtime_error.h"
+
+namespace korvinel::platform {
+namespace {
+
+[[noreturn]] void failReading(const std::string& name, const std::string& reason) {
+  throw RuntimeError(Fault::input, "Impossibile leggere il file " + name + ": " + reason);
+}
+
+[[noreturn]] void failWriting(const std::string& name, const std::string& reason) {
+  throw RuntimeError(Fault::output, "Impossibile scrivere il file " + name + ": " + reason);
+}
+
+/// Opens without waiting for the other end of a pipe; gives why it failed, or "".
+std::string openOrdinaryFile(const std::string& path, int how, FileDescriptor& file) {
+  file = FileDescriptor(::open(path.c_str(), how | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666));
+  if (!file.isOpen()) return systemMessage(errno);
+  struct stat status {};
+  if (fstat(file.get(), &status) != 0) return systemMessage(errno);
+  return S_ISREG(status.st_mode) ? "" : "non e' un normale file";
+}
+
+class DiskInput : public InputFile {
+ public:
+  DiskInput(FileDescriptor file, std::string name) : file_(std::move(file)), name_(std::move(name)) {}
+
+  int peek() override {
+    if (next_ == filled_) refill();
+    return next_ == filled_ ? end : static_cast<unsigned char>(buffer_[next_]);
+  }
+  int take() override {
+    const int byte = peek();
+    if (byte != end) {
+      ++next_;
+      ++position_;
+    }
+    return byte;
+  }
+  [[nodiscard]] std::int64_t position() const override { return position_; }
+
+ private:
+  void refill() {
+    ssize_t count = 0;
+    do count = ::read(file_.get(), buffer_.data(), buffer_.size());
+    while (count < 0 && errno == EINTR);
+    if (count < 0) failReading(name_, systemMessage(errno));
+    next_ = 0;
+    filled_ = static_cast<std::size_t>(count);
+  }
+
+  FileDescriptor file_;
+  std::string name_;
+  std::array<char, 32'768> buffer_{};
+  std::size_t next_ = 0, filled_ = 0;
+  std::int64_t position_ = 0;
+};
+
+class DiskOutput : public OutputFile {
+ public:
+  DiskOutput(FileDescriptor file, std::string name, std::string folder)
+      : file_(std::move(file)), name_(std::move(name)), folder_(std::move(folder)) {}
+
+  void write(std::string_view bytes) override {
+    while (!bytes.empty()) {
+      const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
+      if (count < 0 && errno == EINTR) continue;
+      if (count <= 0) failWriting(name_, systemMessage(count < 0 ? errno : ENOSPC));
+      bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+  }
+
+  void synchronise() override {
+    if (fsync(file_.get()) != 0) failWriting(name_, systemMessage(errno));
+    // The folder too, or a new file's name may be lost; a file system that cannot do it is no reason to fail.
+    const FileDescriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen()) fsync(folder.get());
+  }
+
+ private:
+  FileDescriptor file_;
+  std::string name_;
+  std::string folder_;
+};
+
+std::string folderOf(const std::string& path) {
+  const std::size_t slash = path.find_last_of('/');
+  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+/// Renames without replacing; false, with `errno`, where that fails.
+bool renameToNewName(const std::string& from, const std::string& to) {
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+  const bool notOffered = errno == EINVAL || errno == ENOSYS;
+  return notOffered && link(from.c_str(), to.c_str()) == 0 && unlink(from.c_str()) == 0;
+}
+
+bool isOrdinaryFile(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+}  // namespace
+
+std::string DiskFiles::Place::name() const { return path == onDisk ? path : path + " (" + onDisk + ")"; }
+
+DiskFiles::Place DiskFiles::place(const std::string& path) const { return {path, hostPath(dataFolder_, path)}; }
+
+std::unique_ptr<InputFile> DiskFiles::openForReading(const std::string& path) {
+  const Place file = place(path);
+  FileDescriptor descriptor;
+  const std::string failure = openOrdinaryFile(file.onDisk, O_RDONLY, descriptor);
+  if (!failure.empty()) failReading(file.name(), failure);
+  return std::make_unique<DiskInput>(std::move(descriptor), file.name());
+}
+
+std::unique_ptr<OutputFile> DiskFiles::openForWriting(const Place& place, int how) {
+  FileDescriptor descriptor;
+  const std::string failure = openOrdinaryFile(place.onDisk, O_WRONLY | O_CREAT | how, descriptor);
+  if (!failure.empty()) failWriting(place.name(), failure);
+  return std::make_unique<DiskOutput>(std::move(descriptor), place.name(), folderOf(place.onDisk));
+}
+
+std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path) { return openForWriting(place(path), O_TRUNC); }
+
+std::unique_ptr<OutputFile> DiskFiles::openForAppending(const std::string& path) {
+  return openForWriting(place(path), O_APPEND);
+}
+
+bool DiskFiles::exists(const std::string& path) {
+  struct stat status {};
+  return stat(place(path).onDisk.c_str(), &status) == 0;
+}
+
+void DiskFiles::remove(const std::string& path) {
+  const Place file = place(path);
+  if (unlink(file.onDisk.c_str()) != 0)
+    throw RuntimeError(Fault::output, "Impossibile cancellare il file " + file.name() + ": " + systemMessage(errno));
+}
+
+void DiskFiles::rename(const std::string& from, const std::string& to) {
+  const Place source = place(from);
+  const Place target = place(to);
+  if (!renameToNewName(source.onDisk, target.onDisk))
+    throw RuntimeError(Fault::output, "Impossibile rinominare il file " + source.name() + " in " + target.name() +
+                                          ": " + systemMessage(errno));
+}
+
+std::vector<std::string> DiskFiles::list(const std::string& folder, const std::string& ending) {
+  const std::string onDisk = place(folder).onDisk;
+  std::vector<std::string> names;
+  DIR* open = opendir(onDisk.c_str());
+  if (open == nullptr) return names;
+  while (const dirent* entry = readdir(open)) {
+    const std::string name = entry->d_name;
+    if (upperCase(name).ends_with(upperCase(ending)) && isOrdinaryFile(onDisk + "/" + name)) names.push_back(name);
+  }
+  closedir(open);
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace korvinel::platform

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/files.h"
+
+namespace korvinel::platform {
+
+/// Files on the disk. What is no ordinary file (a folder, a device, a pipe) can be neither read nor written.
+class DiskFiles : public Files {
+ public:
+  /// `dataFolder`: where the program's drive C lies.
+  explicit DiskFiles(std::string dataFolder) : dataFolder_(std::move(dataFolder)) {}
+
+  [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
+  [[nodiscard]] bool exists(const std::string& path) override;
+  void remove(const std::string& path) override;
+  void rename(const std::string& from, const std::string& to) override;
+  [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
+
+ private:
+  /// A path in the program's notation, and on this machine's disk.
+  struct Place {
+    std::string path;
+    std::string onDisk;
+    [[nodiscard]] std::string name() const;  ///< for a message
+  };
+  [[nodiscard]] Place place(const std::string& path) const;
+  [[nodiscard]] static std::unique_ptr<OutputFile> openForWriting(const Place& place, int how);
+
+  std::string dataFolder_;
+};
+
+}  // namespace korvinel::platform
