@@ -1,0 +1,57 @@
+#include "platform/posix/installation.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "platform/posix/disk_files.h"
+#include "platform/posix/host_paths.h"
+#include "values/runtime_error.h"
+
+namespace korvinel::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr auto defaultSettings = "\"Korvinel\",\"Ita\",1,0,0,0,0\r\n\"\",\"\"\r\n";
+
+std::string defaultFactors() {
+  constexpr int factors = 64;
+  constexpr int factorsPerLine = 8;
+  std::string text;
+  for (int i = 1; i <= factors; ++i) text += i % factorsPerLine == 0 ? "1\r\n" : "1,";
+  return text;
+}
+
+void writeDefaultFile(const std::string& path, const std::string& content) {
+  DiskFiles files("");
+  const auto file = files.create(path);
+  file->write(content);
+  file->synchronise();
+}
+
+void fillRoot(const fs::path& root) {
+  fs::create_directories(root / "DATAFILE");
+  writeDefaultFile(root / "Instal8s.val", defaultSettings);
+  writeDefaultFile(root / "Factors.val", defaultFactors());
+}
+
+}  // namespace
+
+void installRootWhenAbsent(const std::string& dataFolder) {
+  const fs::path root = hostPath(dataFolder, "C:\\QUARVEL5");
+  if (fs::symlink_status(root).type() != fs::file_type::not_found) return;
+  // Under another name first: a root that is there is a whole one, even if this is cut short.
+  const fs::path unfinished = root.string() + ".new-" + std::to_string(getpid());
+  try {
+    fs::create_directories(fs::path(dataFolder) / "ports");
+    fillRoot(unfinished);
+    fs::rename(unfinished, root);
+  } catch (const std::exception& cause) {
+    std::error_code ignored;
+    fs::remove_all(unfinished, ignored);
+    throw RuntimeError(Fault::output, "Impossibile creare la cartella " + root.string() + ":\r" + cause.what());
+  }
+}
+
+}  // namespace korvinel::platform

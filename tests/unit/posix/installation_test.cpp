@@ -1,0 +1,53 @@
+#include "platform/posix/installation.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "frame/configuration.h"
+#include "platform/posix/disk_files.h"
+#include "unit/posix/temporary_folder.h"
+#include "values/runtime_error.h"
+
+namespace korvinel::platform {
+namespace {
+
+std::vector<std::string> namesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder)) names.push_back(entry.path().filename());
+  return names;
+}
+
+TEST(Installation, PutsARootThatStartUpCanRead) {
+  const TemporaryFolder folder;
+  const std::string data = folder / "share/korvinel";
+  installRootWhenAbsent(data);
+  DiskFiles files(data);
+  EXPECT_EQ(readSettings(*files.openForReading("C:\\QUARVEL5\\Instal8s.val")), 1);
+  Bounded<float, 130> factors;
+  readCalibration(*files.openForReading("C:\\QUARVEL5\\Factors.val"), factors);
+  for (int i = 1; i <= 128; ++i) EXPECT_EQ(factors[i], 1.0F);
+  EXPECT_TRUE(std::filesystem::is_directory(data + "/drive_c/QUARVEL5/DATAFILE"));
+  EXPECT_THAT(namesIn(data + "/drive_c"), testing::ElementsAre("QUARVEL5"));
+}
+
+TEST(Installation, LeavesARootThatIsThereAsItIs) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directories(folder / "drive_c/QUARVEL5");
+  installRootWhenAbsent(folder.path());
+  EXPECT_THAT(namesIn(folder / "drive_c/QUARVEL5"), testing::IsEmpty());
+}
+
+TEST(Installation, SaysWhereTheRootCannotBePut) {
+  const TemporaryFolder folder;
+  writeFile(folder / "drive_c", "a file in the way");
+  try {
+    installRootWhenAbsent(folder.path());
+    FAIL() << "no fault";
+  } catch (const RuntimeError& fault) {
+    EXPECT_EQ(fault.fault, Fault::output);
+    EXPECT_THAT(fault.what(), testing::HasSubstr(folder / "drive_c/QUARVEL5"));
+  }
+}
+
+}  // namespace
+}  // namespace korvinel::platform
