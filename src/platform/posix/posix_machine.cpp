@@ -1,0 +1,32 @@
+#include "platform/posix/posix_machine.h"
+
+#include <sys/resource.h>
+
+#include <algorithm>
+
+namespace korvinel::platform {
+namespace {
+
+constexpr int highPriorityClass = 128;
+constexpr int stepsOfHighClass = 10;
+constexpr int mostSteps = 15;  // beyond it the desktop itself would suffer
+
+}  // namespace
+
+void PosixMachine::setThreadPriority(int stepsAboveNormal) {
+  threadSteps_ = stepsAboveNormal;
+  askForNiceness();
+}
+
+void PosixMachine::setPriorityClass(int priorityClass) {
+  classSteps_ = priorityClass == highPriorityClass ? stepsOfHighClass : 0;
+  askForNiceness();
+}
+
+void PosixMachine::askForNiceness() const {
+  const int wanted = std::clamp(threadSteps_ + classSteps_, 0, mostSteps);
+  for (int steps = wanted; steps > 0; --steps)
+    if (setpriority(PRIO_PROCESS, 0, -steps) == 0) return;
+}
+
+}  // namespace korvinel::platform

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/machine.h"
+
+namespace korvinel::platform {
+
+/// Priorities by the niceness of the calling thread, -20 (most processor time) to 19. The user-interface thread asks
+/// for both, so they add up. Where the system refuses, the least that it grants is taken; never a realtime class.
+class PosixMachine : public Machine {
+ public:
+  void setThreadPriority(int stepsAboveNormal) override;
+  void setPriorityClass(int priorityClass) override;
+
+ private:
+  void askForNiceness() const;
+
+  int threadSteps_ = 0;
+  int classSteps_ = 0;
+};
+
+}  // namespace korvinel::platform

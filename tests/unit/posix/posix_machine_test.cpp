@@ -1,0 +1,50 @@
+#include "platform/posix/posix_machine.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <thread>
+
+namespace korvinel::platform {
+namespace {
+
+/// The niceness of the calling thread, as Linux counts it.
+int niceness() { return getpriority(PRIO_PROCESS, 0); }
+
+/// What a thread of its own ends up with, so that the test program keeps its priority.
+template <typename Requests>
+int nicenessAfter(Requests requests) {
+  int result = 0;
+  std::thread([&] {
+    PosixMachine machine;
+    requests(machine);
+    result = niceness();
+  }).join();
+  return result;
+}
+
+/// The most that the system grants on the way from 0 to `wanted` below it.
+int grantedNiceness(int wanted) {
+  int result = 0;
+  std::thread([&] {
+    for (int steps = wanted; steps > 0; --steps)
+      if (setpriority(PRIO_PROCESS, 0, -steps) == 0) break;
+    result = niceness();
+  }).join();
+  return result;
+}
+
+TEST(PosixMachine, AHighProcessWithAThreadOneStepAboveIsElevenStepsUpWhereTheSystemAllowsIt) {
+  const int raised = nicenessAfter([](PosixMachine& machine) {
+    machine.setThreadPriority(1);
+    machine.setPriorityClass(128);
+  });
+  EXPECT_EQ(raised, grantedNiceness(11));
+}
+
+TEST(PosixMachine, ANormalClassAsksForNothing) {
+  EXPECT_EQ(nicenessAfter([](PosixMachine& machine) { machine.setPriorityClass(32); }), niceness());
+}
+
+}  // namespace
+}  // namespace korvinel::platform
