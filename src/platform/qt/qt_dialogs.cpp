@@ -1,0 +1,109 @@
+#include "platform/qt/qt_dialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/posix/host_paths.h"
+#include "platform/qt/qt_text.h"
+
+namespace korvinel::platform {
+namespace {
+
+void prepare(QMessageBox& box, const std::string& text, const std::string& title) {
+  box.setWindowTitle(toQt(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(toQt(text));
+  // Not the desktop's own words: the texts speak of "OK" and "Cancel".
+  box.addButton("OK", QMessageBox::AcceptRole)->setDefault(true);
+}
+
+QPoint pixels(ScreenPosition position, const QScreen& screen) {
+  constexpr double twipsPerInch = 1440;
+  return {static_cast<int>(std::lround(position.x / twipsPerInch * screen.logicalDotsPerInchX())),
+          static_cast<int>(std::lround(position.y / twipsPerInch * screen.logicalDotsPerInchY()))};
+}
+
+/// As near to the place as the whole dialog stays on the screen.
+void moveOnScreen(QDialog& dialog, ScreenPosition position) {
+  const QScreen& screen = *dialog.screen();
+  const QRect area = screen.availableGeometry();
+  dialog.adjustSize();
+  const QPoint wanted = area.topLeft() + pixels(position, screen);
+  const QPoint last = area.bottomRight() - QPoint(dialog.width(), dialog.height());
+  dialog.move(std::max(area.left(), std::min(wanted.x(), last.x())),
+              std::max(area.top(), std::min(wanted.y(), last.y())));
+}
+
+void prepare(QFileDialog& dialog) {
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setLabelText(QFileDialog::LookIn, "Cerca in:");
+  dialog.setLabelText(QFileDialog::FileName, "Nome file:");
+  dialog.setLabelText(QFileDialog::FileType, "Tipo file:");
+  dialog.setLabelText(QFileDialog::Accept, "Apri");
+  dialog.setLabelText(QFileDialog::Reject, "Annulla");
+}
+
+}  // namespace
+
+std::string toolkitFilter(const std::string& filter) {
+  QStringList filters;
+  const QStringList parts = QString::fromStdString(filter).split('|');
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString pattern = "(" + parts[i + 1] + ")";
+    filters << (parts[i].endsWith(pattern) ? parts[i] : parts[i] + " " + pattern);
+  }
+  return filters.join(";;").toStdString();
+}
+
+/// A box that is closed because the program has ended ends the operation that waits for it.
+int QtDialogs::show(QDialog& dialog) const {
+  edge_.stopIfEnded();
+  const int result = dialog.exec();
+  edge_.stopIfEnded();
+  return result;
+}
+
+void QtDialogs::notice(const std::string& text) {
+  QMessageBox box(QApplication::activeWindow());
+  prepare(box, text, "Korvinel");
+  box.setIcon(QMessageBox::Information);
+  show(box);
+}
+
+Choice QtDialogs::ask(const std::string& text, const std::string& title) {
+  QMessageBox box(QApplication::activeWindow());
+  prepare(box, text, title);
+  box.setIcon(QMessageBox::Question);
+  QAbstractButton* cancel = box.addButton("Cancel", QMessageBox::RejectRole);
+  box.setEscapeButton(cancel);
+  show(box);
+  return box.clickedButton() == cancel ? Choice::cancel : Choice::ok;
+}
+
+std::string QtDialogs::input(const std::string& prompt, const std::string& title, ScreenPosition position) {
+  QInputDialog dialog(QApplication::activeWindow());
+  dialog.setWindowTitle(toQt(title));
+  dialog.setLabelText(toQt(prompt));
+  dialog.setOkButtonText("OK");
+  dialog.setCancelButtonText("Cancel");
+  moveOnScreen(dialog, position);
+  return show(dialog) == QDialog::Accepted ? dialog.textValue().toStdString() : "";
+}
+
+std::string QtDialogs::chooseFile(const std::string& directory, const std::string& filter) {
+  QFileDialog dialog(QApplication::activeWindow(), "Apri");
+  prepare(dialog);
+  dialog.setDirectory(QString::fromStdString(hostPath(dataFolder_, directory)));
+  dialog.setNameFilters(QString::fromStdString(toolkitFilter(filter)).split(";;"));
+  if (show(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
+  return programPath(dataFolder_, dialog.selectedFiles().constFirst().toStdString());
+}
+
+}  // namespace korvinel::platform
