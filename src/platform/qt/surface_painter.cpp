@@ -1,0 +1,153 @@
+#include "platform/qt/surface_painter.h"
+
+#include <QFontMetricsF>
+#include <QPolygonF>
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+#include "platform/qt/qt_text.h"
+
+namespace korvinel::platform {
+namespace {
+
+QColor colourOf(Colour colour) { return toQt(rgbOf(colour)); }
+
+class Painting {
+ public:
+  Painting(QPainter& painter, const Surface& surface, const QSizeF& size, qreal pixelRatio)
+      : painter_(painter),
+        surface_(surface),
+        size_(size),
+        scaleX_(size.width() / surface.width()),
+        scaleY_(size.height() / surface.height()),
+        pixelRatio_(pixelRatio) {}
+
+  void paint() {
+    painter_.fillRect(QRectF({0, 0}, size_), colourOf(surface_.background()));
+    std::span<const Mark> rest(surface_.marks());
+    while (!rest.empty()) rest = rest.subspan(paintNext(rest));
+  }
+
+ private:
+  /// Paints the first mark, with the lines that go on from it; gives how many marks that were.
+  std::size_t paintNext(std::span<const Mark> marks) {
+    const Mark& mark = marks.front();
+    switch (mark.kind) {
+      case Mark::Kind::point: paintPoint(mark); break;
+      case Mark::Kind::line: return paintLines(marks);
+      case Mark::Kind::box: paintBox(mark); break;
+      case Mark::Kind::text: paintText(mark); break;
+    }
+    return 1;
+  }
+
+  QPointF pixel(double x, double y) const { return {x * scaleX_, y * scaleY_}; }
+
+  void paintPoint(const Mark& mark) {
+    const qreal side = std::max(1.0, std::round(1.5 * pixelRatio_));
+    const QPointF place = pixel(mark.x1, mark.y1);
+    painter_.fillRect(QRectF(std::floor(place.x()), std::floor(place.y()), side, side), colourOf(mark.colour));
+  }
+
+  void paintBox(const Mark& mark) {
+    const QPointF corner = pixel(std::min(mark.x1, mark.x2), std::min(mark.y1, mark.y2));
+    const QPointF extent = pixel(std::abs(mark.x2 - mark.x1), std::abs(mark.y2 - mark.y1));
+    // Boxes of one size cover the same number of pixels everywhere, so that a row of bars looks even.
+    painter_.fillRect(QRectF(std::round(corner.x()), std::round(corner.y()), std::max(1.0, std::round(extent.x())),
+                             std::max(1.0, std::round(extent.y()))),
+                      colourOf(mark.colour));
+  }
+
+  static bool isUpright(const Mark& line) { return line.x1 == line.x2 || line.y1 == line.y2; }
+
+  static std::size_t connectedLines(std::span<const Mark> marks) {
+    std::size_t count = 1;
+    const auto goesOn = [&](const Mark& mark, const Mark& before) {
+      return mark.kind == Mark::Kind::line && mark.colour == before.colour && mark.x1 == before.x2 &&
+             mark.y1 == before.y2;
+    };
+    while (count < marks.size() && goesOn(marks[count], marks[count - 1])) ++count;
+    return count;
+  }
+
+  /// Frames and grid lines are set on whole pixels; a trace is one smooth line through its samples.
+  std::size_t paintLines(std::span<const Mark> marks) {
+    const auto lines = marks.first(connectedLines(marks));
+    if (std::all_of(lines.begin(), lines.end(), isUpright))
+      for (const Mark& line : lines) paintUprightLine(line);
+    else
+      paintTrace(lines);
+    return lines.size();
+  }
+
+  void paintUprightLine(const Mark& line) {
+    const qreal width = std::max(1.0, std::round(pixelRatio_));
+    const QPointF from = pixel(std::min(line.x1, line.x2), std::min(line.y1, line.y2));
+    const QPointF to = pixel(std::max(line.x1, line.x2), std::max(line.y1, line.y2));
+    const QPointF corner(std::min(std::floor(from.x()), size_.width() - width),
+                         std::min(std::floor(from.y()), size_.height() - width));
+    painter_.fillRect(QRectF(corner, QSizeF(std::floor(to.x()) - std::floor(from.x()) + width,
+                                            std::floor(to.y()) - std::floor(from.y()) + width)),
+                      colourOf(line.colour));
+  }
+
+  void paintTrace(std::span<const Mark> lines) {
+    QPolygonF trace;
+    trace.reserve(static_cast<qsizetype>(lines.size()) + 1);
+    trace << pixel(lines.front().x1, lines.front().y1);
+    for (const Mark& line : lines) trace << pixel(line.x2, line.y2);
+    painter_.setPen(
+        QPen(colourOf(lines.front().colour), 1.2 * pixelRatio_, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.drawPolyline(trace);
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+  }
+
+  /// The largest font whose lines are no higher than this, and whose `text` is no wider than the surface allows.
+  QFont fontFor(const QString& text, qreal lineHeight, qreal room) const {
+    QFont font = painter_.font();
+    const auto tooLarge = [&] {
+      const QFontMetricsF metrics(font);
+      return metrics.height() > lineHeight + 0.5 || metrics.horizontalAdvance(text) > room;
+    };
+    int size = std::max(1, static_cast<int>(lineHeight));
+    font.setPixelSize(size);
+    while (size > 1 && tooLarge()) font.setPixelSize(--size);
+    return font;
+  }
+
+  /// A text on its cell. It is moved to the left before it gets much smaller than its neighbours.
+  void paintText(const Mark& mark) {
+    const QString text = toQt(mark.text);
+    const qreal lineHeight = surface_.lineHeight() * scaleY_;
+    QPointF place = pixel(mark.x1, mark.y1);
+    const qreal leastRoom = QFontMetricsF(fontFor(text, lineHeight, size_.width())).horizontalAdvance(text) * 0.8;
+    painter_.setFont(fontFor(text, lineHeight, std::max(size_.width() - place.x(), leastRoom)));
+    const qreal width = painter_.fontMetrics().horizontalAdvance(text);
+    place.setX(std::round(std::max(0.0, std::min(place.x(), size_.width() - width))));
+    place.setY(std::round(std::max(0.0, std::min(place.y(), size_.height() - lineHeight))));
+    const QRectF cell(place, QSizeF(std::ceil(width), std::round(lineHeight)));
+    const Rgb ink = rgbOf(mark.colour);
+    painter_.fillRect(cell, toQt(cellBehind(ink, rgbOf(surface_.background()))));
+    painter_.setPen(toQt(ink));
+    painter_.drawText(cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, text);
+  }
+
+  QPainter& painter_;
+  const Surface& surface_;
+  QSizeF size_;
+  double scaleX_, scaleY_;
+  qreal pixelRatio_;
+};
+
+}  // namespace
+
+void paintSurface(QPainter& painter, const Surface& surface, const QSizeF& size, qreal pixelRatio) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  Painting(painter, surface, size, pixelRatio).paint();
+  painter.restore();
+}
+
+}  // namespace korvinel::platform
