@@ -1,0 +1,172 @@
+#include "platform/qt/control_views.h"
+
+#include <QPainter>
+#include <QSignalBlocker>
+#include <QToolTip>
+#include <algorithm>
+
+#include "platform/qt/qt_text.h"
+
+namespace korvinel::platform {
+namespace {
+
+/// Calls `show` now and after every change of the model, until the widget is gone.
+template <typename Model, typename Show>
+void mirror(Model& model, QWidget& widget, Show show) {
+  model.onChanged = show;
+  QObject::connect(&widget, &QObject::destroyed, [&model] { model.onChanged = nullptr; });
+  show();
+}
+
+QColor readableOn(const QColor& ground) {
+  const Rgb colour = fromQt(ground);
+  return contrast({0, 0, 0}, colour) >= contrast({255, 255, 255}, colour) ? Qt::black : Qt::white;
+}
+
+/// A widget's usual palette, or one whose ground has this colour with a text that can be read on it.
+QPalette paletteFor(const QWidget& widget, Colour colour, Colour usual, QPalette::ColorRole ground,
+                    QPalette::ColorRole text) {
+  if (colour == usual) return {};
+  QPalette palette = widget.palette();
+  const QColor filling = toQt(rgbOf(colour));
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    palette.setColor(group, ground, filling);
+    palette.setColor(group, text, readableOn(filling));
+  }
+  return palette;
+}
+
+/// The font with letters as large as fit, but no smaller than three quarters of its size.
+QFont fittedFont(QFont font, const QString& text, const QSize& room) {
+  const auto fits = [&] {
+    const QSize size = QFontMetrics(font).size(0, text);
+    return size.width() <= room.width() && size.height() <= room.height();
+  };
+  const int smallest = std::max(1, font.pixelSize() * 3 / 4);
+  while (font.pixelSize() > smallest && !fits()) font.setPixelSize(font.pixelSize() - 1);
+  return font;
+}
+
+}  // namespace
+
+LabelView::LabelView(Label& model, QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setAccessibleDescription(toQt(model.name()));
+  mirror(model, *this, [this, &model] { follow(model); });
+}
+
+void LabelView::follow(const Label& model) {
+  ink_ = toQt(rgbOf(model.ink()));
+  setText(toQt(model.text()));
+  update();
+}
+
+void LabelView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setFont(fittedFont(font(), text(), size()));
+  QStringList lines = text().split('\n');
+  bool whole = true;
+  for (QString& line : lines) {
+    const QString shown = painter.fontMetrics().elidedText(line, Qt::ElideRight, width());
+    whole = whole && shown == line;
+    line = shown;
+  }
+  const QString tip = whole ? QString() : text();
+  if (tip != toolTip()) setToolTip(tip);
+  const QRect place = painter.fontMetrics().boundingRect(rect(), Qt::AlignLeft | Qt::AlignVCenter, lines.join('\n'));
+  const Rgb ground = fromQt(palette().color(QPalette::Window));
+  const Rgb cell = cellBehind(fromQt(ink_), ground);
+  if (cell != ground) painter.fillRect(place, toQt(cell));
+  painter.setPen(ink_);
+  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, lines.join('\n'));
+}
+
+ButtonView::ButtonView(Button& model, QWidget* parent) : QPushButton(parent) {
+  setAccessibleDescription(toQt(model.name()));
+  setAutoDefault(false);
+  connect(this, &QPushButton::clicked, [&model] { model.press(); });
+  mirror(model, *this, [this, &model] { follow(model); });
+}
+
+void ButtonView::follow(const Button& model) {
+  setText(toQt(model.caption()));
+  setPalette(paletteFor(*this, model.backColour(), Colour::buttonFace, QPalette::Button, QPalette::ButtonText));
+  fitCaption();
+}
+
+void ButtonView::resizeEvent(QResizeEvent* event) {
+  QPushButton::resizeEvent(event);
+  fitCaption();
+}
+
+void ButtonView::fitCaption() {
+  constexpr int margin = 8;
+  if (parentWidget()->font().pixelSize() > 0)
+    setFont(fittedFont(parentWidget()->font(), text(), size() - QSize(margin, 0)));
+}
+
+namespace {
+
+void showText(const TextBox& model, QLineEdit& box) {
+  const QString text = toQt(model.text());
+  if (box.text() == text) return;
+  const QSignalBlocker quiet(box);
+  const auto cursor = box.cursorPosition() - (box.text().size() - text.size());
+  box.setText(text);
+  box.setCursorPosition(static_cast<int>(std::clamp<qsizetype>(cursor, 0, text.size())));
+}
+
+void takeText(TextBox& model, QLineEdit& box) {
+  const QString typed = box.text();
+  model.type(typed.toStdString());
+  if (typed == toQt(model.text())) return;
+  showText(model, box);
+  QToolTip::showText(box.mapToGlobal(QPoint(0, box.height())),
+                     "Tolti i caratteri che i file dei dati non possono contenere", &box);
+}
+
+}  // namespace
+
+QLineEdit* makeView(TextBox& model, QWidget* parent) {
+  auto* box = new QLineEdit(parent);
+  box->setAccessibleName(toQt(model.name()));
+  // Not only what is typed: a text can also come from the clipboard, a drop or an assistive program.
+  QObject::connect(box, &QLineEdit::textChanged, [&model, box] { takeText(model, *box); });
+  QObject::connect(box, &QLineEdit::returnPressed, [&model] { model.pressKey('\r'); });
+  model.onFocusRequested = [box] { box->setFocus(Qt::OtherFocusReason); };
+  QObject::connect(box, &QObject::destroyed, [&model] { model.onFocusRequested = nullptr; });
+  mirror(model, *box, [&model, box] {
+    showText(model, *box);
+    box->setEnabled(model.enabled());
+    box->setPalette(paletteFor(*box, model.backColour(), Colour::white, QPalette::Base, QPalette::Text));
+  });
+  return box;
+}
+
+QCheckBox* makeView(CheckBox& model, QWidget* parent) {
+  auto* box = new QCheckBox(parent);
+  box->setAccessibleDescription(toQt(model.name()));
+  QObject::connect(box, &QCheckBox::clicked, [&model] { model.click(); });
+  mirror(model, *box, [&model, box] {
+    box->setText(toQt(model.caption()));
+    box->setChecked(model.checked());
+  });
+  return box;
+}
+
+void tie(Range& model, QAbstractSlider& slider) {
+  slider.setAccessibleName(toQt(model.name()));
+  slider.setRange(model.first(), model.last());
+  slider.setValue(model.value());
+  QObject::connect(&slider, &QAbstractSlider::valueChanged, [&model](int value) {
+    if (value != model.value()) model.moveTo(value);
+  });
+  mirror(model, slider, [&model, &slider] { slider.setValue(model.value()); });
+}
+
+void tie(Picture& model, QWidget& picture) {
+  picture.setAccessibleName(toQt(model.name()));
+  mirror(model, picture, [&model, &picture] { picture.setVisible(model.visible()); });
+}
+
+}  // namespace korvinel::platform

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QAbstractSlider>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "platform/controls.h"
+
+/// Widgets that mirror the models of controls: they show what the model holds, and hand on what the user does. A model
+/// must outlive its view. For a screen reader, what has a text of its own (labels, buttons, check boxes) is named by it
+/// and described by the model's name; everything else is named by the model.
+namespace korvinel::platform {
+
+/// Letters shrink where a text is too large for its label; what still does not fit is shown in a tool tip.
+class LabelView : public QLabel {
+ public:
+  LabelView(Label& model, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void follow(const Label& model);
+
+  QColor ink_;
+};
+
+/// Letters shrink where a caption is too wide for its button.
+class ButtonView : public QPushButton {
+ public:
+  ButtonView(Button& model, QWidget* parent);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void follow(const Button& model);
+  void fitCaption();
+};
+
+QLineEdit* makeView(TextBox& model, QWidget* parent);
+QCheckBox* makeView(CheckBox& model, QWidget* parent);
+/// Ties a slider or a scroll bar to its model.
+void tie(Range& model, QAbstractSlider& slider);
+/// Shows and hides the widget with its model.
+void tie(Picture& model, QWidget& picture);
+
+}  // namespace korvinel::platform
