@@ -1,0 +1,36 @@
+#include <QApplication>
+#include <QMessageBox>
+#include <clocale>
+#include <exception>
+#include <memory>
+
+#include "app/program.h"
+#include "platform/posix/host_paths.h"
+#include "platform/qt/qt_text.h"
+
+namespace {
+
+int refuseToStart(const std::exception& cause) {
+  QMessageBox box(QMessageBox::Critical, "Korvinel", "Korvinel non puo' partire.", QMessageBox::Ok);
+  box.setTextFormat(Qt::PlainText);
+  box.setText("Korvinel non puo' partire.\n\n" + korvinel::platform::toQt(cause.what()));
+  box.exec();
+  return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  // The toolkit takes over the machine's locale; numbers are written with a point all the same.
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setApplicationName("Korvinel");
+  QApplication::setStyle("fusion");
+  try {
+    const auto program = std::make_unique<korvinel::Program>(korvinel::platform::userDataFolder());
+    program->startUp();
+    return program->run();
+  } catch (const std::exception& cause) {
+    return refuseToStart(cause);
+  }
+}

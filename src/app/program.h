@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+
+#include "app/main_window_view.h"
+#include "app/report_windows.h"
+#include "frame/main_state.h"
+#include "platform/operation_edge.h"
+#include "platform/posix/disk_files.h"
+#include "platform/posix/posix_machine.h"
+#include "platform/posix/serial_line.h"
+#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_screen_printer.h"
+#include "platform/qt/qt_timing.h"
+
+namespace korvinel {
+
+/// The whole program on the screen: the main window's models tied to their record over this machine.
+class Program {
+ public:
+  /// `dataFolder`: where the program's drive C and the links of its serial ports lie.
+  explicit Program(std::string dataFolder);
+
+  void startUp();  ///< throws a RuntimeError where the program cannot work
+  int run();       ///< shows the window; returns when the program has ended
+
+ private:
+  bool mayClose();
+  void end();
+  void tell(const std::string& fault);
+
+  std::string dataFolder_;
+  platform::OperationEdge edge_;
+  platform::QtClock clock_;
+  platform::QtEventPump events_{edge_};
+  platform::QtTimer tickTimer_, pauseTimer_;
+  platform::QtDialogs dialogs_{edge_, dataFolder_};
+  platform::DiskFiles files_{dataFolder_};
+  platform::SerialLine serialPort_;
+  platform::PosixMachine machine_;
+  platform::QtScreenPrinter screenPrinter_{dialogs_, dataFolder_};
+  ReportWindows windows_;
+  platform::Platform platform_{clock_, events_,     tickTimer_, pauseTimer_,    dialogs_,
+                               files_, serialPort_, machine_,   screenPrinter_, windows_};
+  MainWindow window_;
+  ProgramValues shared_;
+  MainState state_{window_, shared_, platform_};
+  MainWindowView view_;
+};
+
+}  // namespace korvinel
