@@ -103,12 +103,10 @@ void MainWindowView::addButtons(MainWindow& model) {
                                               &model.Analisi, &model.Stampa,   &model.Endx1};
   constexpr int gap = 6;
   const int count = static_cast<int>(row.size());
-  const int width = (geometry::buttonRow.width - (count - 1) * gap) / count;
-  int x = geometry::buttonRow.x;
-  for (platform::Button* button : row) {
-    put(new ButtonView(*button, ground_), {x, geometry::buttonRow.y, width, geometry::buttonRow.height});
-    x += width + gap;
-  }
+  const auto leftEdge = [&](int i) { return geometry::buttonRow.x + i * (geometry::buttonRow.width + gap) / count; };
+  for (int i = 0; i < count; ++i)
+    put(new ButtonView(*row[static_cast<std::size_t>(i)], ground_),
+        {leftEdge(i), geometry::buttonRow.y, leftEdge(i + 1) - gap - leftEdge(i), geometry::buttonRow.height});
 }
 
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {

@@ -27,23 +27,23 @@ constexpr Rect secondNumbers{882, 133, 132, 117};
 constexpr Rect secondTrace{10, 284, 340, 240};
 constexpr Rect messagePanel{366, 284, 356, 256};
 constexpr Rect startPicture{454, 322, 180, 200};
-constexpr Rect controlPanel{732, 278, 292, 452};  ///< ground of the labels, boxes and scales
-constexpr Rect statusLabel{744, 284, 270, 20};
-constexpr Rect noteBox{744, 306, 270, 26};
-constexpr Rect fileNameCaption{744, 340, 78, 26};
-constexpr Rect fileNameBox{826, 340, 188, 26};
-constexpr Rect subjectCaption{744, 372, 78, 26};
-constexpr Rect subjectBox{826, 372, 188, 26};
-constexpr Rect ocularCheck{744, 404, 270, 24};
-constexpr Rect dateLabel{744, 434, 160, 20};
-constexpr Rect blockLabel{908, 434, 106, 20};
-constexpr Rect timeLabel{744, 456, 160, 20};
-constexpr Rect replayPositionLabel{908, 456, 106, 20};
-constexpr Rect zLabel{744, 480, 270, 38};
-constexpr Rect amplitudeLabel{744, 526, 270, 18};
-constexpr Rect amplitudeBar{744, 545, 270, 18};
-constexpr Rect speedLabel{744, 570, 270, 18};
-constexpr Rect speedBar{744, 589, 270, 18};
+constexpr Rect controlPanel{732, 284, 282, 396};  ///< ground of the labels, boxes and scales
+constexpr Rect statusLabel{744, 294, 258, 20};
+constexpr Rect noteBox{744, 317, 258, 26};
+constexpr Rect fileNameCaption{744, 355, 74, 26};
+constexpr Rect fileNameBox{820, 355, 182, 26};
+constexpr Rect subjectCaption{744, 388, 74, 26};
+constexpr Rect subjectBox{820, 388, 182, 26};
+constexpr Rect ocularCheck{744, 422, 258, 24};
+constexpr Rect dateLabel{744, 456, 148, 20};
+constexpr Rect blockLabel{896, 456, 106, 20};
+constexpr Rect timeLabel{744, 479, 148, 20};
+constexpr Rect replayPositionLabel{896, 479, 106, 20};
+constexpr Rect zLabel{744, 504, 258, 38};
+constexpr Rect amplitudeLabel{744, 560, 258, 18};
+constexpr Rect amplitudeBar{744, 581, 258, 20};
+constexpr Rect speedLabel{744, 615, 258, 18};
+constexpr Rect speedBar{744, 636, 258, 20};
 
 // Third row: the time strip, three units a block, and the slider under it
 constexpr Rect timeStrip{62, 554, 640, 84};

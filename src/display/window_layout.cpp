@@ -16,31 +16,33 @@ using platform::Surface;
 
 constexpr double captionGap = 2;
 
+/// About as wide as a text on the ground becomes; its own line is 14 units high.
+double widthOf(const std::string& text) { return 7.2 * static_cast<double>(text.size()); }
+
 /// Captions along the bottom of a graph, the first at its left end and the last at its right end.
 template <std::size_t count>
-void printAlong(Surface& ground, const Rect& graph, const std::array<const char*, count>& captions, double y) {
-  constexpr double halfDigits = 8;
+void printAlong(Surface& ground, const Rect& graph, const std::array<const char*, count>& captions) {
   for (std::size_t i = 0; i < count; ++i) {
     const double share = static_cast<double>(i) / static_cast<double>(count - 1);
-    ground.printAt(graph.x + share * (graph.width - 2 * halfDigits), y, Colour::lightGrey, captions[i]);
+    const double x = graph.x + share * (graph.width - widthOf(captions[i]));
+    ground.printAt(x, graph.bottom() + captionGap, Colour::lightGrey, captions[i]);
   }
 }
 
 void printTraceCaptions(Surface& ground, const Rect& trace) {
-  const double y = trace.bottom() + captionGap;
-  printAlong(ground, trace, std::array{"0", "0.5", "1", "1.5", "2"}, y);
-  ground.printAt(trace.x + trace.width * 0.82, y, Colour::lightGrey, "Seconds");
+  printAlong(ground, trace, std::array{"0", "0.5", "1", "1.5", "2"});
+  ground.printAt(trace.x + trace.width * 0.81, trace.bottom() + captionGap, Colour::lightGrey, "Seconds");
 }
 
 void printAxisCaptions(Surface& ground) {
   printTraceCaptions(ground, geometry::firstTrace);
   printTraceCaptions(ground, geometry::secondTrace);
   const Rect& coherence = geometry::coherenceGraph;
-  printAlong(ground, coherence, std::array{"100", "0", "-100"}, coherence.bottom() + captionGap);
-  ground.printAt(coherence.x + 32, coherence.bottom() + captionGap, Colour::lightGrey, "Coerenza ");
+  printAlong(ground, coherence, std::array{"100", "0", "-100"});
+  ground.printAt(coherence.x + 36, coherence.bottom() + captionGap + ground.lineHeight(), Colour::lightGrey,
+                 "Coerenza ");
   const Rect& strip = geometry::timeStrip;
-  printAlong(ground, strip, std::array{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"},
-             strip.bottom() + captionGap);
+  printAlong(ground, strip, std::array{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
   ground.printAt(10, strip.y, Colour::lightGrey, "Tempo");
   ground.printAt(10, strip.bottom() + captionGap, Colour::lightGrey, "minuti");
 }

@@ -45,7 +45,7 @@ class Painting {
   QPointF pixel(double x, double y) const { return {x * scaleX_, y * scaleY_}; }
 
   void paintPoint(const Mark& mark) {
-    const qreal side = std::max(1.0, std::round(1.5 * pixelRatio_));
+    const qreal side = std::max(1.0, std::floor(1.5 * pixelRatio_));
     const QPointF place = pixel(mark.x1, mark.y1);
     painter_.fillRect(QRectF(std::floor(place.x()), std::floor(place.y()), side, side), colourOf(mark.colour));
   }
