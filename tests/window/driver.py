@@ -29,9 +29,8 @@ SCREENSHOTS = os.environ.get('KORVINEL_SCREENSHOTS', 'build/screenshots')
 TOOLS = ('Xvfb', 'openbox', 'dbus-daemon', 'xdotool', 'xprop', 'import')
 
 OPENBOX_SETTINGS = '''<?xml version="1.0" encoding="UTF-8"?>
-<openbox_config xmlns="http://openbox.org/3.4/rc">
-  <applications><application type="normal"><maximized>%s</maximized></application></applications>
-</openbox_config>'''
+<openbox_config xmlns="http://openbox.org/3.4/rc">%s</openbox_config>'''
+ALL_MAXIMISED = '<applications><application type="normal"><maximized>yes</maximized></application></applications>'
 
 
 def wait(condition, timeout=10.0, what='condition'):
@@ -101,8 +100,8 @@ class Desktop:
         self.start(['Xvfb', '-displayfd', str(writing), '-screen', '0', self.screen + 'x24', '-nolisten', 'tcp',
                     '-noreset'], pass_fds=[writing])
         os.close(writing)
-        number = os.read(reading, 20).decode().strip()
-        os.close(reading)
+        with os.fdopen(reading, encoding='ascii') as answer:
+            number = answer.readline().strip()
         if not number:
             raise RuntimeError('Xvfb did not start')
         os.environ['DISPLAY'] = ':' + number
@@ -110,7 +109,7 @@ class Desktop:
     def _start_window_manager(self):
         settings = os.path.join(self.folder, 'openbox.xml')
         with open(settings, 'w', encoding='utf-8') as file:
-            file.write(OPENBOX_SETTINGS % ('yes' if self.maximised else 'no'))
+            file.write(OPENBOX_SETTINGS % (ALL_MAXIMISED if self.maximised else ''))
         self.start(['openbox', '--config-file', settings])
 
         def managed():
