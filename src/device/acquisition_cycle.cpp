@@ -101,7 +101,8 @@ void MainState::removeBaseline() {
   }
   for (int channel = 1; channel <= shared.channelCount; ++channel)
     for (int s = 1; s <= samplesPerBlock; ++s)
-      sampleBlock[channel][s] = sampleBlock[channel][s] - baseline[channel][s] + 128;
+      sampleBlock[channel][s] = static_cast<float>(static_cast<double>(sampleBlock[channel][s]) -
+                                                   static_cast<double>(baseline[channel][s]) + 128.0);
 }
 
 void MainState::drawTrace(platform::Surface& surface, int channel, Colour colour) {
