@@ -1,0 +1,41 @@
+#include "analysis/spectrum.h"
+
+#include "analysis/transform.h"
+
+namespace korvinel {
+namespace {
+
+constexpr Fixed amplitudeScale = Fixed::fromCount(200);  // 0.02
+
+}  // namespace
+
+Fixed meanDeviation(const Fixed* samples) {
+  Fixed sum;
+  for (int i = 1; i <= transformLength; ++i) sum += samples[i];
+  const Fixed mean = Fixed::nearest(sum.toDouble() / transformLength);
+  Fixed deviation;
+  for (int i = 1; i <= transformLength; ++i) deviation += abs(mean - samples[i]);
+  return Fixed::nearest(deviation.toDouble() / transformLength);
+}
+
+void scaleAmplitudes(Fixed deviation, const Fixed* shape, const float* calibration, float* amplitude) {
+  const Fixed scale = deviation * amplitudeScale;
+  for (int i = 1; i <= keptIndexes; ++i)
+    amplitude[i] = static_cast<float>((scale * shape[i]).toDouble() * static_cast<double>(calibration[i]));
+}
+
+float runningMean(float mean, float value, int count) {
+  if (count == 0) throw RuntimeError(Fault::divisionByZero, "Divisione per zero");
+  const double before = mean;
+  return static_cast<float>((static_cast<double>(value) - before) / count + before);
+}
+
+Fixed largestAmplitude(const float* spectrum, IndexRange range) {
+  Fixed largest;
+  for (int i = range.first; i <= range.last; ++i)
+    if (static_cast<double>(spectrum[i]) > largest.toDouble())
+      largest = Fixed::nearest(static_cast<double>(spectrum[i]));
+  return largest;
+}
+
+}  // namespace korvinel

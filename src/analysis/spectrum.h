@@ -1,0 +1,32 @@
+#pragma once
+
+#include "values/fixed.h"
+
+namespace korvinel {
+
+/// A range of spectrum indexes, both ends included; two indexes a hertz, index 1 stands for 0 Hz.
+struct IndexRange {
+  int first, last;
+};
+
+constexpr IndexRange deltaBand{1, 7};       ///< 0..3 Hz
+constexpr IndexRange thetaBand{8, 16};      ///< 3.5..7.5 Hz
+constexpr IndexRange alfaBand{17, 26};      ///< 8..12.5 Hz
+constexpr IndexRange betaBand{27, 64};      ///< 13..31.5 Hz
+constexpr IndexRange mainsRange{100, 114};  ///< 49.5..56.5 Hz, where the mains disturbance shows
+
+/// Mean absolute deviation of 256 samples about their mean, both rounded to four decimals. `samples`: indexes 1..256.
+[[nodiscard]] Fixed meanDeviation(const Fixed* samples);
+
+/// Calibrated amplitudes in microvolts: the shape (peak 150) times 0.02 of the block's deviation, so that the peak gets
+/// three times the deviation, times the calibration factor of each index. All arrays: indexes 1..128.
+void scaleAmplitudes(Fixed deviation, const Fixed* shape, const float* calibration, float* amplitude);
+
+/// The incremental mean of `count` values, the newest of which is `value`: (value - mean) / count + mean, calculated in
+/// double and stored as a 32-bit float. A count of 0 is a RuntimeError (division by zero).
+[[nodiscard]] float runningMean(float mean, float value, int count);
+
+/// The largest amplitude within the range, 0 when none lies above 0. `spectrum`: indexed by spectrum index.
+[[nodiscard]] Fixed largestAmplitude(const float* spectrum, IndexRange range);
+
+}  // namespace korvinel
