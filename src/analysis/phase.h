@@ -1,0 +1,20 @@
+#pragma once
+
+#include "values/fixed.h"
+
+namespace korvinel {
+
+/// Angle in radians, -pi..pi with pi as 3.14159265, of the imaginary part `a` and the real part `b`; it is measured
+/// from the imaginary axis. phaseAngle(0, 0) is 0.
+[[nodiscard]] double phaseAngle(double a, double b);
+
+/// Arc tangent and cosine from basic arithmetic alone, within some units in the last place of a double: mathematics
+/// libraries differ in the last bits, and results must be the same on every machine.
+[[nodiscard]] double arcTangent(double number);
+/// `angle`: -7..7 radians.
+[[nodiscard]] double cosine(double angle);
+
+/// 100 x the cosine of the difference of two phases, each -pi..pi.
+[[nodiscard]] float phaseCoherence(Fixed first, Fixed second);
+
+}  // namespace korvinel
