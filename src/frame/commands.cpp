@@ -81,6 +81,7 @@ void MainState::startCommand() {
 }
 
 void MainState::startAcquisition() {
+  resetAnalysis();
   drawGraphFrames();
   acquisitionRunning = 1;
   endRequested = replayActive = stopRequested = recordingArmed = intervalSelectable = 0;
