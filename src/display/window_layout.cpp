@@ -2,6 +2,7 @@
 #include <cmath>
 #include <string>
 
+#include "display/grid.h"
 #include "display/window_geometry.h"
 #include "frame/main_state.h"
 #include "platform/timing.h"
@@ -45,22 +46,6 @@ void printAxisCaptions(Surface& ground) {
   printAlong(ground, strip, std::array{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
   ground.printAt(10, strip.y, Colour::lightGrey, "Tempo");
   ground.printAt(10, strip.bottom() + captionGap, Colour::lightGrey, "minuti");
-}
-
-void dottedLineAcross(Surface& surface, double y, double spacing) {
-  for (double x = 1; x < surface.width(); x += spacing) surface.point(x, y, Colour::blue);
-}
-
-void dottedLineDown(Surface& surface, double x, double spacing) {
-  for (double y = 1; y < surface.height(); y += spacing) surface.point(x, y, Colour::blue);
-}
-
-/// A dot grid with a line every `step` units either way.
-void drawGrid(Surface& surface, double step) {
-  constexpr double spacing = 8;
-  surface.clear();
-  for (double y = step; y < surface.height(); y += step) dottedLineAcross(surface, y, spacing);
-  for (double x = step; x < surface.width(); x += step) dottedLineDown(surface, x, spacing);
 }
 
 void drawFrame(Surface& surface, Colour colour) {
@@ -135,8 +120,8 @@ void MainState::drawGrids() {
     drawGrid(*trace, 64.5);
     drawFrame(*trace, Colour::green);
   }
-  drawGrid(window.leftSpectrum, 43);
-  drawGrid(window.rightSpectrum, 43);
+  drawGrid(window.leftSpectrum, spectrumGridStep);
+  drawGrid(window.rightSpectrum, spectrumGridStep);
   drawGrid(window.coherenceGraph, 50);
   drawGrid(window.Picture6, 50);
   drawRulers();
@@ -152,6 +137,7 @@ void MainState::amplitudeScaleMoved() {
   microvoltScale = window.HScroll1.value();
   window.amplitudeLabel.setText("EEG microvolts" + std::to_string(microvoltScale));
   drawRulers();
+  if (intervalSelectable == 1) drawSpectrumDisplay();
 }
 
 void MainState::displaySpeedMoved() {

@@ -1,0 +1,115 @@
+#include "display/spectrum_display.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "display/grid.h"
+#include "frame/main_state.h"
+#include "frame/synchrony_trend.h"
+#include "values/number_text.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+using platform::Surface;
+
+constexpr int panelWidth = 258;
+constexpr int lastBlock = 202;
+
+int firstChannelOnShow(const MainState& state) { return state.channelPair == 2 ? 3 : 1; }
+
+void namePanels(MainState& state) {
+  if (state.channelPair != 2) {
+    state.pairLabelLeft = "C1";
+    state.pairLabelRight = "C2";
+  } else {
+    // Both names of the second pair go to the right panel, the left one keeps its own: the settled behaviour.
+    state.pairLabelRight = "C3";
+    state.pairLabelRight = "C4";
+  }
+}
+
+/// With a whole recording in memory the block chosen by the slider is shown, not the one analysed last.
+void recallBlock(MainState& state) {
+  const auto& stored = state.shared.spectrumHistory[state.blockCount];
+  for (int channel = 1; channel <= 4; ++channel)
+    for (int i = 1; i <= state.fftHalf; ++i) state.amplitudeSpectrum[channel][i] = stored[channel][i];
+}
+
+/// Low frequencies at the bottom; `start` is the bars' foot, `endOf` gives their other end.
+template <typename BarEnd>
+void drawBars(MainState& state, Surface& panel, int channel, double start, BarEnd&& endOf) {
+  drawGrid(panel, spectrumGridStep);
+  for (int i = 1; i <= state.displayedBins; ++i) {
+    state.bandColour = barColour(i);
+    const double top = 258 - 4 * i;
+    panel.box(start, top, endOf(state.amplitudeSpectrum[channel][i]), top + 2,
+              platform::paletteColour(state.bandColour));
+  }
+}
+
+void drawPanels(MainState& state, Fixed scale) {
+  MainWindow& window = state.window;
+  const int first = firstChannelOnShow(state);
+  drawBars(state, window.leftSpectrum, first, panelWidth, [&](float uV) { return leftBarEnd(scale, uV); });
+  drawBars(state, window.rightSpectrum, first + 1, 0, [&](float uV) { return rightBarEnd(scale, uV); });
+  // In the outer corners, where only bars near the full scale reach.
+  window.leftSpectrum.printAt(4, 2, Colour::black, state.pairLabelLeft);
+  window.rightSpectrum.printAt(234, 2, Colour::black, state.pairLabelRight);
+}
+
+void showMainsVerdict(MainState& state) {
+  // With a file open the line holds what the shared text was last used for, the date read from the file.
+  std::string text = state.headerText1 + "\r";
+  if (state.openFilePath.empty()) {
+    text = "     Disturbo a  50Hz\r";
+    for (int channel = 1; channel <= 4; ++channel) text += mainsVerdict(channel, state.mainsDisturbance[channel]);
+  }
+  state.window.zLabel.setText(text);
+}
+
+/// While replaying: the whole file's synchrony, with the value and the place of the block on show.
+void drawStrip(MainState& state) {
+  Surface& strip = state.window.Picture6;
+  const int pair = state.channelPair == 2 ? 2 : 1;
+  const auto& correlation = state.shared.coherenceHistory[pair];
+  strip.clear();
+  drawTrendScale(strip);
+  drawTrend(strip, correlation, state.shared.fileBlockCount);
+  if (state.blockCount <= lastBlock)
+    strip.printAt(450, 170, strip.ink(),
+                  (pair == 1 ? "Syncro 1-2=" : "Syncro 3-4=") + shortestDecimal(correlation[state.blockCount]));
+  const double cursor = 3.0 * state.blockCount;
+  strip.line(cursor, 1, cursor, 200, Colour::lightCyan);
+}
+
+}  // namespace
+
+Fixed barScale(int microvoltScale) { return Fixed::nearest(Fixed(254) / Fixed(microvoltScale)); }
+
+double leftBarEnd(Fixed scale, float microvolts) {
+  return std::max(1.0, std::nearbyint(257.0 - scale.toDouble() * static_cast<double>(microvolts)));
+}
+
+double rightBarEnd(Fixed scale, float microvolts) {
+  return std::min(258.0, std::nearbyint(scale.toDouble() * static_cast<double>(microvolts) + 1.0));
+}
+
+std::string mainsVerdict(int channel, Fixed microvolts) {
+  const char* word = microvolts < 30 ? "=basso  " : microvolts <= 60 ? "=medio  " : "=alto!  ";
+  return std::to_string(channel) + word;
+}
+
+void MainState::drawSpectrumDisplay() {
+  const Fixed scale = barScale(microvoltScale);
+  namePanels(*this);
+  drawFrequencyAxis();
+  if (intervalSelectable == 1) recallBlock(*this);
+  drawPanels(*this, scale);
+  showMainsVerdict(*this);
+  window.timeLabel.setText("Tempo=" + std::to_string(blockCount * 3) + " secondi");
+  if (replayActive == 1) drawStrip(*this);
+}
+
+}  // namespace korvinel
