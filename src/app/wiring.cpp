@@ -19,6 +19,7 @@ void tieControls(MainState& state, platform::OperationEdge& edge) {
   window.Starts1.onPressed = on(&MainState::startCommand);
   window.Stopd1.onPressed = on(&MainState::stopCommand);
   window.Endx1.onPressed = on(&MainState::endCommand);
+  window.Canali.onPressed = on(&MainState::toggleChannelPair);
   window.Artefact.onPressed = on(&MainState::editArtefactThreshold);
   window.HScroll1.onMoved = on(&MainState::amplitudeScaleMoved);
   window.HScroll2.onMoved = on(&MainState::displaySpeedMoved);
