@@ -33,8 +33,16 @@ void handleAcceptedBlock(MainState& state) {
   const double turnStart = state.timerMark = state.host.clock.seconds();
   skipOnFault([&] { state.drawRawTraces(); });
   skipOnFault([&] { state.removeBaseline(); });
+  skipOnFault([&] { state.removeOcularArtefacts(); });
   skipOnFault([&] { state.drawCorrectedTraces(); });
+  skipOnFault([&] { state.analyseBlockSpectra(); });
+  skipOnFault([&] { state.lowPassBlock(); });
+  skipOnFault([&] { state.computeBlockCorrelation(); });
+  skipOnFault([&] { state.computeCoherence(); });
   state.host.events.process();
+  skipOnFault([&] { state.drawCoherenceGraph(); });
+  skipOnFault([&] { state.drawSpectrumDisplay(); });
+  skipOnFault([&] { state.showBandPeaks(); });
   const bool ends = state.endRequested == 1 || state.stopRequested == 1;
   // A recording that has just been switched on starts the examination anew, so that it is counted from its own first
   // block.
