@@ -122,7 +122,7 @@ TEST(HelpText, NamesEveryOptionModelAndFault) {
     EXPECT_NE(help.find(word), std::string::npos) << word;
 }
 
-class UserDataFolder : public testing::Test {
+class InstrumentDataFolder : public testing::Test {
  protected:
   static void set(const char* name, const char* value) {
     if (value == nullptr)
@@ -134,14 +134,14 @@ class UserDataFolder : public testing::Test {
     const char* value = std::getenv(name);
     return value == nullptr ? "" : value;
   }
-  ~UserDataFolder() override {
+  ~InstrumentDataFolder() override {
     set("HOME", home_.empty() ? nullptr : home_.c_str());
     set("XDG_DATA_HOME", data_.empty() ? nullptr : data_.c_str());
   }
   std::string home_ = kept("HOME"), data_ = kept("XDG_DATA_HOME");
 };
 
-TEST_F(UserDataFolder, FollowsTheUsersEnvironment) {
+TEST_F(InstrumentDataFolder, FollowsTheUsersEnvironment) {
   struct Case {
     const char *data, *home, *expected;
   };
