@@ -12,6 +12,8 @@ namespace korvinel {
 
 Program::Program(std::string dataFolder)
     : dataFolder_(std::move(dataFolder)),
+      paths_{[this](const std::string& path) { return platform::hostPath(dataFolder_, path); },
+             [this](const std::string& path) { return platform::programPath(dataFolder_, path); }},
       serialPort_([this](int portNumber) { return platform::serialDevice(dataFolder_, portNumber); }),
       view_(window_, [this] { return mayClose(); }) {
   edge_.onFault = [this](const std::string& message) { tell(message); };

@@ -30,15 +30,16 @@ class Program {
   void tell(const std::string& fault);
 
   std::string dataFolder_;
+  platform::PathNotation paths_;
   platform::OperationEdge edge_;
   platform::QtClock clock_;
   platform::QtEventPump events_{edge_};
   platform::QtTimer tickTimer_, pauseTimer_;
-  platform::QtDialogs dialogs_{edge_, dataFolder_};
+  platform::QtDialogs dialogs_{edge_, paths_};
   platform::DiskFiles files_{dataFolder_};
   platform::SerialLine serialPort_;
   platform::PosixMachine machine_;
-  platform::QtScreenPrinter screenPrinter_{dialogs_, dataFolder_};
+  platform::QtScreenPrinter screenPrinter_{dialogs_, paths_};
   ReportWindows windows_;
   platform::Platform platform_{clock_, events_,     tickTimer_, pauseTimer_,    dialogs_,
                                files_, serialPort_, machine_,   screenPrinter_, windows_};

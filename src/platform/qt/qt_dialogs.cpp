@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/posix/host_paths.h"
 #include "platform/qt/qt_text.h"
 
 namespace korvinel::platform {
@@ -100,10 +99,10 @@ std::string QtDialogs::input(const std::string& prompt, const std::string& title
 std::string QtDialogs::chooseFile(const std::string& directory, const std::string& filter) {
   QFileDialog dialog(QApplication::activeWindow(), "Apri");
   prepare(dialog);
-  dialog.setDirectory(QString::fromStdString(hostPath(dataFolder_, directory)));
+  dialog.setDirectory(QString::fromStdString(paths_.toHost(directory)));
   dialog.setNameFilters(QString::fromStdString(toolkitFilter(filter)).split(";;"));
   if (show(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
-  return programPath(dataFolder_, dialog.selectedFiles().constFirst().toStdString());
+  return paths_.toProgram(dialog.selectedFiles().constFirst().toStdString());
 }
 
 }  // namespace korvinel::platform

@@ -4,14 +4,14 @@
 
 #include "platform/dialogs.h"
 #include "platform/operation_edge.h"
+#include "platform/path_notation.h"
 
 namespace korvinel::platform {
 
 /// Modal boxes over the active window.
 class QtDialogs : public Dialogs {
  public:
-  /// `dataFolder`: where the program's drive C lies.
-  QtDialogs(const OperationEdge& edge, std::string dataFolder) : edge_(edge), dataFolder_(std::move(dataFolder)) {}
+  QtDialogs(const OperationEdge& edge, PathNotation paths) : edge_(edge), paths_(std::move(paths)) {}
 
   void notice(const std::string& text) override;
   Choice ask(const std::string& text, const std::string& title) override;
@@ -22,7 +22,7 @@ class QtDialogs : public Dialogs {
   int show(QDialog& dialog) const;
 
   const OperationEdge& edge_;
-  std::string dataFolder_;
+  PathNotation paths_;
 };
 
 /// "(*.QVD)|*.QVD|Tutti|*|" as the toolkit writes filters: "(*.QVD);;Tutti (*)".

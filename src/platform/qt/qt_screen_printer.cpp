@@ -11,7 +11,6 @@
 #include <QPrinterInfo>
 #include <QWidget>
 
-#include "platform/posix/host_paths.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {
@@ -55,7 +54,7 @@ void QtScreenPrinter::printClipboard(double x, double y, double width, double he
   if (QPrinterInfo::availablePrinterNames().isEmpty()) {
     file = nextPdf();
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(QString::fromStdString(hostPath(dataFolder_, file)));
+    printer.setOutputFileName(QString::fromStdString(paths_.toHost(file)));
   }
   printer.setDocName("Korvinel");
   printPicture(printer, picture, {x, y, width, height});
@@ -67,7 +66,7 @@ std::string QtScreenPrinter::nextPdf() const {
   const std::string stem =
       "C:\\QUARVEL5\\DATAFILE\\Stampa-" + QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss").toStdString();
   std::string path = stem + ".pdf";
-  for (int number = 2; QFileInfo::exists(QString::fromStdString(hostPath(dataFolder_, path))); ++number)
+  for (int number = 2; QFileInfo::exists(QString::fromStdString(paths_.toHost(path))); ++number)
     path = stem + "-" + std::to_string(number) + ".pdf";
   return path;
 }

@@ -2,9 +2,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/machine.h"
-
-class QImage;
-class QPrinter;
+#include "platform/path_notation.h"
 
 namespace korvinel::platform {
 
@@ -12,8 +10,7 @@ namespace korvinel::platform {
 /// printer is installed, into a PDF file beside the data files, with a notice that says so.
 class QtScreenPrinter : public ScreenPrinter {
  public:
-  /// `dataFolder`: where the program's drive C lies.
-  QtScreenPrinter(Dialogs& dialogs, std::string dataFolder) : dialogs_(dialogs), dataFolder_(std::move(dataFolder)) {}
+  QtScreenPrinter(Dialogs& dialogs, PathNotation paths) : dialogs_(dialogs), paths_(std::move(paths)) {}
 
   int systemMajorVersion() override;
   void emptyClipboard() override;
@@ -24,7 +21,7 @@ class QtScreenPrinter : public ScreenPrinter {
   [[nodiscard]] std::string nextPdf() const;
 
   Dialogs& dialogs_;
-  std::string dataFolder_;
+  PathNotation paths_;
 };
 
 }  // namespace korvinel::platform

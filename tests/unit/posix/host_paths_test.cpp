@@ -26,12 +26,12 @@ class Environment {
   std::optional<std::string> before_;
 };
 
-TEST(UserDataFolder, LiesInTheUsersDataFolder) {
+TEST(ProgramsDataFolder, LiesInTheUsersDataFolder) {
   const Environment data("XDG_DATA_HOME", "/data");
   EXPECT_EQ(userDataFolder(), "/data/korvinel");
 }
 
-TEST(UserDataFolder, IsTheConventionalOneWhereNoneIsNamed) {
+TEST(ProgramsDataFolder, IsTheConventionalOneWhereNoneIsNamed) {
   const Environment home("HOME", "/home/rossi");
   for (const char* unusable : {static_cast<const char*>(nullptr), "", "relative/folder"}) {
     const Environment data("XDG_DATA_HOME", unusable);
