@@ -22,8 +22,6 @@ import tempfile
 import time
 import warnings
 
-warnings.simplefilter('ignore', DeprecationWarning)  # Atspi's own, for calls that have no successor yet
-
 SCREENSHOTS = os.environ.get('KORVINEL_SCREENSHOTS', 'build/screenshots')
 
 TOOLS = ('Xvfb', 'openbox', 'dbus-daemon', 'xdotool', 'xprop', 'import')
@@ -51,6 +49,7 @@ def wait(condition, timeout=10.0, what='condition'):
 
 
 def end_process(process):
+    """By asking, then by force."""
     if process.poll() is None:
         process.terminate()
         try:
@@ -61,7 +60,7 @@ def end_process(process):
 
 
 class Desktop:
-    """with Desktop() as desktop: a screen of its own, with an empty home in `desktop.home`."""
+    """with Desktop() as desktop: a screen of its own, and an empty home for what is started on it."""
 
     def __init__(self, screen='1366x768', maximised=False):
         self.screen, self.maximised, self.processes = screen, maximised, []
@@ -80,20 +79,24 @@ class Desktop:
 
     def _start_all(self):
         os.chmod(self.folder, 0o700)
-        self.home = os.path.join(self.folder, 'home')
-        self.data = os.path.join(self.home, '.local/share/korvinel')
-        os.makedirs(self.home)
         for name in ('AT_SPI_BUS_ADDRESS', 'QT_ACCESSIBILITY', 'WAYLAND_DISPLAY', 'DBUS_SESSION_BUS_ADDRESS',
                      'QT_SCALE_FACTOR', 'QT_STYLE_OVERRIDE', 'QT_QPA_PLATFORMTHEME'):
             os.environ.pop(name, None)
-        os.environ.update(HOME=self.home, XDG_DATA_HOME=os.path.join(self.home, '.local/share'),
-                          XDG_CONFIG_HOME=os.path.join(self.home, '.config'), XDG_RUNTIME_DIR=self.folder,
-                          LANG='C.UTF-8', QT_LINUX_ACCESSIBILITY_ALWAYS_ON='1', QT_QPA_PLATFORM='xcb', NO_AT_BRIDGE='0')
+        os.environ.update(XDG_RUNTIME_DIR=self.folder, LANG='C.UTF-8', QT_LINUX_ACCESSIBILITY_ALWAYS_ON='1',
+                          QT_QPA_PLATFORM='xcb', NO_AT_BRIDGE='0')
+        self.move_to_new_home()
         self._start_screen()
         bus = self.start(['dbus-daemon', '--session', '--nofork', '--print-address=1'], stdout=subprocess.PIPE)
         os.environ['DBUS_SESSION_BUS_ADDRESS'] = bus.stdout.readline().decode().strip()
         self._start_window_manager()
         self.start(['/usr/libexec/at-spi-bus-launcher', '--launch-immediately'])
+
+    def move_to_new_home(self):
+        """What is started from now on finds an empty home; the program's data will lie in `self.data`."""
+        self.home = tempfile.mkdtemp(prefix='home-', dir=self.folder)
+        self.data = os.path.join(self.home, '.local/share/korvinel')
+        os.environ.update(HOME=self.home, XDG_DATA_HOME=os.path.join(self.home, '.local/share'),
+                          XDG_CONFIG_HOME=os.path.join(self.home, '.config'))
 
     def _start_screen(self):
         reading, writing = os.pipe()
@@ -145,11 +148,22 @@ class Desktop:
         subprocess.run(['import', '-window', 'root', path], check=True)
         return path
 
+    def end(self, process):
+        end_process(process)
+        if process.stdout:
+            process.stdout.close()
+        self.processes.remove(process)
+
+    def pixels(self, place):
+        """The colours in a rectangle of the screen, as a list of (red, green, blue)."""
+        area = '%dx%d+%d+%d' % (place.width, place.height, place.x, place.y)
+        picture = subprocess.run(['import', '-window', 'root', '-crop', area, '-depth', '8', 'rgb:-'],
+                                 check=True, capture_output=True).stdout
+        return list(zip(picture[0::3], picture[1::3], picture[2::3]))
+
     def __exit__(self, *_):
-        for process in reversed(self.processes):
-            end_process(process)
-            if process.stdout:
-                process.stdout.close()
+        for process in reversed(list(self.processes)):
+            self.end(process)
         shutil.rmtree(self.folder, ignore_errors=True)
 
 
@@ -161,12 +175,14 @@ class Program:
         self.atspi, self.process = Atspi, process
         Atspi.init()
         Atspi.set_timeout(2000, -1)
+        warnings.simplefilter('ignore', DeprecationWarning)  # Atspi's own, for calls that have no successor yet
         self.root = wait(self._find_root, timeout, 'the program on the accessibility bus')
 
     def _find_root(self):
         if self.process.poll() is not None:
             raise RuntimeError('the program ended with %d' % self.process.returncode)
         desktop = self.atspi.get_desktop(0)
+        desktop.clear_cache()  # it remembers the programs that were there before
         for i in range(desktop.get_child_count()):
             child = desktop.get_child_at_index(i)
             if child is not None and child.get_process_id() == self.process.pid and child.get_child_count():
