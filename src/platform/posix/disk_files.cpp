@@ -17,12 +17,19 @@
 namespace korvinel::platform {
 namespace {
 
-[[noreturn]] void failReading(const std::string& name, const std::string& reason) {
-  throw RuntimeError(Fault::input, "Impossibile leggere il file " + name + ": " + reason);
+using Place = DiskFiles::Place;
+
+[[noreturn]] void fail(Fault fault, const char* what, const Place& file, const std::string& reason) {
+  const std::string where = file.path == file.onDisk ? "" : "\r(" + file.onDisk + ")";
+  throw RuntimeError(fault, std::string("Impossibile ") + what + " il file " + file.path + ":\r" + reason + where);
 }
 
-[[noreturn]] void failWriting(const std::string& name, const std::string& reason) {
-  throw RuntimeError(Fault::output, "Impossibile scrivere il file " + name + ": " + reason);
+[[noreturn]] void failReading(const Place& file, const std::string& reason) {
+  fail(Fault::input, "leggere", file, reason);
+}
+
+[[noreturn]] void failWriting(const Place& file, const std::string& reason) {
+  fail(Fault::output, "scrivere", file, reason);
 }
 
 /// Opens without waiting for the other end of a pipe; gives why it failed, or "".
@@ -34,9 +41,14 @@ std::string openOrdinaryFile(const std::string& path, int how, FileDescriptor& f
   return S_ISREG(status.st_mode) ? "" : "non e' un normale file";
 }
 
+std::string folderOf(const std::string& path) {
+  const std::size_t slash = path.find_last_of('/');
+  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
 class DiskInput : public InputFile {
  public:
-  DiskInput(FileDescriptor file, std::string name) : file_(std::move(file)), name_(std::move(name)) {}
+  DiskInput(FileDescriptor file, Place place) : file_(std::move(file)), place_(std::move(place)) {}
 
   int peek() override {
     if (next_ == filled_) refill();
@@ -57,13 +69,13 @@ class DiskInput : public InputFile {
     ssize_t count = 0;
     do count = ::read(file_.get(), buffer_.data(), buffer_.size());
     while (count < 0 && errno == EINTR);
-    if (count < 0) failReading(name_, systemMessage(errno));
+    if (count < 0) failReading(place_, systemMessage(errno));
     next_ = 0;
     filled_ = static_cast<std::size_t>(count);
   }
 
   FileDescriptor file_;
-  std::string name_;
+  Place place_;
   std::array<char, 32'768> buffer_{};
   std::size_t next_ = 0, filled_ = 0;
   std::int64_t position_ = 0;
@@ -71,35 +83,28 @@ class DiskInput : public InputFile {
 
 class DiskOutput : public OutputFile {
  public:
-  DiskOutput(FileDescriptor file, std::string name, std::string folder)
-      : file_(std::move(file)), name_(std::move(name)), folder_(std::move(folder)) {}
+  DiskOutput(FileDescriptor file, Place place) : file_(std::move(file)), place_(std::move(place)) {}
 
   void write(std::string_view bytes) override {
     while (!bytes.empty()) {
       const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
       if (count < 0 && errno == EINTR) continue;
-      if (count <= 0) failWriting(name_, systemMessage(count < 0 ? errno : ENOSPC));
+      if (count <= 0) failWriting(place_, systemMessage(count < 0 ? errno : ENOSPC));
       bytes.remove_prefix(static_cast<std::size_t>(count));
     }
   }
 
   void synchronise() override {
-    if (fsync(file_.get()) != 0) failWriting(name_, systemMessage(errno));
+    if (fsync(file_.get()) != 0) failWriting(place_, systemMessage(errno));
     // The folder too, or a new file's name may be lost; a file system that cannot do it is no reason to fail.
-    const FileDescriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor folder(::open(folderOf(place_.onDisk).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen()) fsync(folder.get());
   }
 
  private:
   FileDescriptor file_;
-  std::string name_;
-  std::string folder_;
+  Place place_;
 };
-
-std::string folderOf(const std::string& path) {
-  const std::size_t slash = path.find_last_of('/');
-  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
-}
 
 /// Renames without replacing; false, with `errno`, where that fails.
 bool renameToNewName(const std::string& from, const std::string& to) {
@@ -115,23 +120,21 @@ bool isOrdinaryFile(const std::string& path) {
 
 }  // namespace
 
-std::string DiskFiles::Place::name() const { return path == onDisk ? path : path + " (" + onDisk + ")"; }
-
 DiskFiles::Place DiskFiles::place(const std::string& path) const { return {path, hostPath(dataFolder_, path)}; }
 
 std::unique_ptr<InputFile> DiskFiles::openForReading(const std::string& path) {
   const Place file = place(path);
   FileDescriptor descriptor;
   const std::string failure = openOrdinaryFile(file.onDisk, O_RDONLY, descriptor);
-  if (!failure.empty()) failReading(file.name(), failure);
-  return std::make_unique<DiskInput>(std::move(descriptor), file.name());
+  if (!failure.empty()) failReading(file, failure);
+  return std::make_unique<DiskInput>(std::move(descriptor), file);
 }
 
 std::unique_ptr<OutputFile> DiskFiles::openForWriting(const Place& place, int how) {
   FileDescriptor descriptor;
   const std::string failure = openOrdinaryFile(place.onDisk, O_WRONLY | O_CREAT | how, descriptor);
-  if (!failure.empty()) failWriting(place.name(), failure);
-  return std::make_unique<DiskOutput>(std::move(descriptor), place.name(), folderOf(place.onDisk));
+  if (!failure.empty()) failWriting(place, failure);
+  return std::make_unique<DiskOutput>(std::move(descriptor), place);
 }
 
 std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path) { return openForWriting(place(path), O_TRUNC); }
@@ -147,16 +150,14 @@ bool DiskFiles::exists(const std::string& path) {
 
 void DiskFiles::remove(const std::string& path) {
   const Place file = place(path);
-  if (unlink(file.onDisk.c_str()) != 0)
-    throw RuntimeError(Fault::output, "Impossibile cancellare il file " + file.name() + ": " + systemMessage(errno));
+  if (unlink(file.onDisk.c_str()) != 0) fail(Fault::output, "cancellare", file, systemMessage(errno));
 }
 
 void DiskFiles::rename(const std::string& from, const std::string& to) {
   const Place source = place(from);
   const Place target = place(to);
   if (!renameToNewName(source.onDisk, target.onDisk))
-    throw RuntimeError(Fault::output, "Impossibile rinominare il file " + source.name() + " in " + target.name() +
-                                          ": " + systemMessage(errno));
+    fail(Fault::output, "rinominare", source, systemMessage(errno) + ": " + target.path);
 }
 
 std::vector<std::string> DiskFiles::list(const std::string& folder, const std::string& ending) {

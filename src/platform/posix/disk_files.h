@@ -18,13 +18,13 @@ class DiskFiles : public Files {
   void rename(const std::string& from, const std::string& to) override;
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
 
- private:
   /// A path in the program's notation, and on this machine's disk.
   struct Place {
     std::string path;
     std::string onDisk;
-    [[nodiscard]] std::string name() const;  ///< for a message
   };
+
+ private:
   [[nodiscard]] Place place(const std::string& path) const;
   [[nodiscard]] static std::unique_ptr<OutputFile> openForWriting(const Place& place, int how);
 
