@@ -34,7 +34,8 @@ void moveOnScreen(QDialog& dialog, ScreenPosition position) {
   const QRect area = screen.availableGeometry();
   dialog.adjustSize();
   const QPoint wanted = area.topLeft() + pixels(position, screen);
-  const QPoint last = area.bottomRight() - QPoint(dialog.width(), dialog.height());
+  constexpr QPoint frame(16, 40);  // what a window manager usually puts around it
+  const QPoint last = area.bottomRight() - QPoint(dialog.width(), dialog.height()) - frame;
   dialog.move(std::max(area.left(), std::min(wanted.x(), last.x())),
               std::max(area.top(), std::min(wanted.y(), last.y())));
 }
