@@ -1,0 +1,140 @@
+#include "platform/qt/qt_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <functional>
+
+namespace korvinel::platform {
+namespace {
+
+struct QtDialogsTest : testing::Test {
+  OperationEdge edge;
+  QTemporaryDir folder;
+  QtDialogs dialogs{edge,
+                    {[this](const std::string& path) { return path == "C:\\X\\" ? folder.path().toStdString() : path; },
+                     [](const std::string& path) { return "program:" + path; }}};
+  std::function<void(QDialog&)> action;
+  QTimer user;
+
+  void SetUp() override {
+    user.callOnTimeout([this] {
+      auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (box == nullptr || !box->isVisible()) return;
+      user.stop();
+      action(*box);
+    });
+  }
+
+  /// What the user does with the next box, as soon as it stands.
+  void act(std::function<void(QDialog&)> what) {
+    action = std::move(what);
+    user.start(1);
+  }
+};
+
+void press(QDialog& box, const QString& caption) {
+  for (QAbstractButton* button : box.findChildren<QAbstractButton*>())
+    if (button->text().remove('&') == caption) return button->click();
+  ADD_FAILURE() << "no button " << caption.toStdString();
+}
+
+TEST_F(QtDialogsTest, ANoticeHasItsLinesTheProgramsNameAndOk) {
+  QString text, title;
+  qsizetype buttons = 0;
+  act([&](QDialog& box) {
+    text = dynamic_cast<QMessageBox&>(box).text();
+    title = box.windowTitle();
+    buttons = dynamic_cast<QMessageBox&>(box).buttons().size();
+    press(box, "OK");
+  });
+  dialogs.notice("Attenzione: \roccorrono <7> minuti");
+  EXPECT_EQ(text, "Attenzione: \noccorrono <7> minuti");
+  EXPECT_EQ(title, "Korvinel");
+  EXPECT_EQ(buttons, 1);
+}
+
+TEST_F(QtDialogsTest, AQuestionIsAnsweredByItsButtonsOrByClosingTheBox) {
+  act([](QDialog& box) { press(box, "OK"); });
+  EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::ok);
+  act([](QDialog& box) { press(box, "Cancel"); });
+  EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::cancel);
+  act([](QDialog& box) { box.close(); });
+  EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::cancel);
+}
+
+TEST_F(QtDialogsTest, AnInputGivesTheLineOrNothingOnCancel) {
+  act([](QDialog& box) {
+    EXPECT_EQ(box.findChild<QLabel*>()->text(), "Soglia\nnuova");
+    box.findChild<QLineEdit*>()->setText("95");
+    press(box, "OK");
+  });
+  EXPECT_EQ(dialogs.input("Soglia\rnuova", "Artefacts", {200, 400}), "95");
+  act([](QDialog& box) {
+    box.findChild<QLineEdit*>()->setText("95");
+    press(box, "Cancel");
+  });
+  EXPECT_EQ(dialogs.input("Soglia", "Artefacts", {200, 400}), "");
+}
+
+TEST_F(QtDialogsTest, AnInputBoxStaysOnTheScreen) {
+  QRect place;
+  act([&](QDialog& box) {
+    place = box.frameGeometry();
+    press(box, "Cancel");
+  });
+  dialogs.input("Soglia", "Artefacts", {1'000'000, 1'000'000});
+  EXPECT_TRUE(QGuiApplication::primaryScreen()->availableGeometry().contains(place));
+}
+
+TEST_F(QtDialogsTest, AChosenFileComesInTheProgramsNotation) {
+  const QString path = folder.filePath("a.QVD");
+  QFile file(path);
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  QString startFolder;
+  act([&](QDialog& box) {
+    auto& chooser = dynamic_cast<QFileDialog&>(box);
+    startFolder = chooser.directory().path();
+    box.findChild<QLineEdit*>()->setText(path);
+    press(box, "Apri");
+  });
+  EXPECT_EQ(dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|"), "program:" + path.toStdString());
+  EXPECT_EQ(startFolder, folder.path());
+}
+
+TEST_F(QtDialogsTest, NoFileIsNothing) {
+  act([](QDialog& box) { press(box, "Annulla"); });
+  EXPECT_EQ(dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|"), "");
+}
+
+TEST_F(QtDialogsTest, ABoxThatOutlivesTheProgramEndsItsOperation) {
+  act([this](QDialog& box) {
+    edge.run([] { throw ProgramEnd{}; });
+    box.reject();
+  });
+  EXPECT_THROW(dialogs.notice("Attenzione"), ProgramEnd);
+}
+
+TEST_F(QtDialogsTest, NoBoxOpensOnceTheProgramHasEnded) {
+  edge.run([] { throw ProgramEnd{}; });
+  EXPECT_THROW(dialogs.notice("Attenzione"), ProgramEnd);
+}
+
+TEST(ToolkitFilter, JoinsLabelsAndPatterns) {
+  EXPECT_EQ(toolkitFilter("(*.QVD)|*.QVD|"), "(*.QVD)");
+  EXPECT_EQ(toolkitFilter("Registrazioni|*.QVD|Tutti|*|"), "Registrazioni (*.QVD);;Tutti (*)");
+  EXPECT_EQ(toolkitFilter(""), "");
+}
+
+}  // namespace
+}  // namespace korvinel::platform

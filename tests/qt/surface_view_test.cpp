@@ -1,0 +1,194 @@
+#include "platform/qt/surface_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTest>
+
+#include "platform/qt/surface_painter.h"
+
+namespace korvinel::platform {
+namespace {
+
+constexpr QRgb white = 0xFFFFFFFF, black = 0xFF000000, blue = 0xFF000080, yellow = 0xFFFFFF00, grey = 0xFF808080;
+
+QImage pictureOf(const Surface& surface, int width, int height, qreal pixelRatio = 1) {
+  QImage image(width, height, QImage::Format_RGB32);
+  QPainter painter(&image);
+  paintSurface(painter, surface, QSizeF(width, height), pixelRatio);
+  return image;
+}
+
+/// The smallest rectangle that holds every pixel of a colour.
+QRect placeOf(const QImage& image, QRgb colour) {
+  QRect place;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixel(x, y) == colour) place |= QRect(x, y, 1, 1);
+  return place;
+}
+
+int countOf(const QImage& image, QRgb colour) {
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) count += image.pixel(x, y) == colour ? 1 : 0;
+  return count;
+}
+
+TEST(SurfacePainter, FillsWithTheSurfacesBackground) {
+  EXPECT_EQ(countOf(pictureOf({"a", 10, 10, 1, Colour::darkGrey}, 20, 30), grey), 600);
+}
+
+TEST(SurfacePainter, ScalesUserUnitsToThePixelsEitherWay) {
+  Surface surface("a", 100, 50, 10);
+  surface.box(10, 10, 30, 20, Colour::blue);
+  EXPECT_EQ(placeOf(pictureOf(surface, 200, 200), blue), QRect(20, 40, 40, 40));
+}
+
+TEST(SurfacePainter, BoxesOfOneHeightCoverTheSameNumberOfPixelsEverywhere) {
+  Surface surface("a", 260, 260, 15);
+  for (int bar = 0; bar < 64; ++bar) surface.box(0, 258 - 4 * bar, 200, 260 - 4 * bar, Colour::blue);
+  const QImage picture = pictureOf(surface, 160, 247);
+  std::vector<int> heights;
+  for (int y = 0, height = 0; y < picture.height(); ++y) {
+    if (picture.pixel(5, y) == blue) ++height;
+    if (picture.pixel(5, y) == blue || height == 0) continue;
+    heights.push_back(height);
+    height = 0;
+  }
+  EXPECT_EQ(heights, std::vector<int>(63, 2));  // the lowest bar ends with the surface
+}
+
+TEST(SurfacePainter, ABoxAndAPointAreNeverLost) {
+  Surface surface("a", 1000, 1000, 10);
+  surface.box(10, 10, 11, 11, Colour::blue);
+  surface.point(900, 900, Colour::yellow);
+  const QImage picture = pictureOf(surface, 100, 100);
+  EXPECT_EQ(countOf(picture, blue), 1);
+  EXPECT_EQ(countOf(picture, yellow), 1);
+}
+
+TEST(SurfacePainter, FrameLinesAreWholePixelsInsideTheSurface) {
+  Surface surface("a", 258, 258, 30);
+  surface.line(0, 0, 258, 0, Colour::blue);
+  surface.line(258, 0, 258, 258, Colour::blue);
+  for (const int ratio : {1, 2}) {
+    const QImage picture = pictureOf(surface, 100, 100, ratio);
+    EXPECT_EQ(countOf(picture, blue), ratio * 200 - ratio * ratio) << ratio;
+    EXPECT_EQ(placeOf(picture, blue), QRect(0, 0, 100, 100));
+  }
+}
+
+TEST(SurfacePainter, ATraceIsOneUnbrokenLine) {
+  Surface surface("a", 258, 258, 30);
+  for (int x = 1; x < 257; ++x) surface.line(x, 128 + x % 7, x + 1, 128 + (x + 1) % 7, Colour::blue);
+  const QImage picture = pictureOf(surface, 500, 300);
+  for (int x = 4; x < 496; ++x) {
+    int painted = 0;
+    for (int y = 0; y < 300; ++y) painted += picture.pixel(x, y) == white ? 0 : 1;
+    EXPECT_GT(painted, 0) << x;
+  }
+}
+
+TEST(SurfacePainter, ATextStandsOnACellOnWhichItsInkCanBeRead) {
+  Surface surface("a", 200, 100, 20);
+  surface.printAt(20, 30, Colour::white, "Premere Start");
+  const QRect cell = placeOf(pictureOf(surface, 200, 100), black);
+  EXPECT_EQ(cell.top(), 30);
+  EXPECT_EQ(cell.bottom(), 49);
+  EXPECT_EQ(cell.left(), 20);
+  EXPECT_LT(cell.right(), 200);
+}
+
+TEST(SurfacePainter, ATextStaysInsideItsSurface) {
+  const std::pair<double, double> places[] = {{90, 5}, {-5, -5}, {5, 95}, {99, 99}};
+  for (const auto& [x, y] : places) {
+    Surface surface("a", 100, 100, 20);
+    surface.printAt(x, y, Colour::white, "Attendere..");
+    const QRect cell = placeOf(pictureOf(surface, 100, 100), black);
+    EXPECT_TRUE(QRect(0, 0, 100, 100).contains(cell));
+    EXPECT_GT(cell.width(), 30) << x;
+    EXPECT_GT(cell.height(), 10) << y;
+  }
+}
+
+TEST(SurfacePainter, ATextTooLongForItsSurfaceIsSetSmaller) {
+  const std::string longText(60, 'm');
+  Surface surface("a", 300, 100, 20);
+  surface.printAt(0, 0, Colour::white, longText);
+  const QImage picture = pictureOf(surface, 300, 100);
+  EXPECT_EQ(placeOf(picture, black).left(), 0);
+  EXPECT_LE(placeOf(picture, black).right(), 299);
+  EXPECT_LT(countOf(picture, black), 300 * 20);
+}
+
+TEST(SurfaceView, ItsTextsAreItsAccessibleDescription) {
+  Surface surface("Messaggi", 100, 100, 10);
+  const SurfaceView view(surface);
+  EXPECT_EQ(view.accessibleName(), "Messaggi");
+  surface.print("Artefatto!");
+  surface.print("Attendere..");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view.accessibleDescription() == "Artefatto!\nAttendere.."; }, 2000));
+  surface.clear();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view.accessibleDescription().isEmpty(); }, 2000));
+}
+
+/// Counts how often it is painted.
+class CountedView : public SurfaceView {
+ public:
+  using SurfaceView::SurfaceView;
+  int paintings = 0;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    ++paintings;
+    SurfaceView::paintEvent(event);
+  }
+};
+
+TEST(SurfaceView, ManyChangesInARowArePaintedAtOnce) {
+  Surface surface("a", 100, 100, 10);
+  CountedView view(surface);
+  view.resize(100, 100);
+  view.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+  QTest::qWait(50);
+  const int before = view.paintings;
+  for (int i = 0; i < 1000; ++i) surface.line(0, i % 100, 100, i % 100, Colour::blue);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view.paintings > before; }, 2000));
+  QTest::qWait(50);
+  EXPECT_EQ(view.paintings, before + 1);
+}
+
+TEST(SurfaceView, PaintsAtTheTruePixelsOfADenseScreen) {
+  Surface surface("a", 100, 100, 10);
+  surface.box(50, 50, 51, 51, Colour::blue);
+  SurfaceView view(surface);
+  view.resize(100, 100);
+  QImage image(200, 200, QImage::Format_RGB32);
+  image.setDevicePixelRatio(2);
+  view.render(&image);
+  EXPECT_EQ(placeOf(image, blue), QRect(100, 100, 2, 2));
+}
+
+TEST(SurfaceView, HandsTheMouseOnInUserUnits) {
+  Surface surface("a", 600, 200, 32);
+  SurfaceView view(surface);
+  view.resize(300, 80);
+  QStringList told;
+  PointerEvents pointer;
+  pointer.onPressed = [&](float x) { told << QString("press %1").arg(x); };
+  pointer.onMoved = [&](float x) { told << QString("move %1").arg(x); };
+  pointer.onReleased = [&](float x) { told << QString("release %1").arg(x); };
+  view.follow(pointer);
+  QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(15, 40));
+  QMouseEvent move(QEvent::MouseMove, QPointF(60, 40), QPointF(60, 40), Qt::NoButton, Qt::LeftButton, {});
+  QApplication::sendEvent(&view, &move);
+  QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(90, 40));
+  EXPECT_EQ(told, (QStringList{"press 30", "move 120", "release 180"}));
+}
+
+}  // namespace
+}  // namespace korvinel::platform
