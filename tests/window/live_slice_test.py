@@ -151,6 +151,7 @@ class LiveSlice(WindowTest):
     def test_a_missing_file_under_the_root_is_named_and_nothing_starts(self):
         os.makedirs(os.path.join(self.desktop.data, 'drive_c/QUARVEL5'))
         program = self.start_program()
+        driver.wait(program.boxes, what='the box')
         self.desktop.screenshot('6-missing-file')
         title, text = program.answer('OK')
         self.assertEqual(title, 'Korvinel')
@@ -163,6 +164,7 @@ class CommunicationErrors(WindowTest):
     def test_cancel_ends_the_program_when_no_instrument_is_there(self):
         program = self.start_program()
         self.start_examination_without_port(program)
+        driver.wait(program.boxes, what='the error box')
         self.desktop.screenshot('7-no-instrument')
         self.assertEqual(program.answer('Cancel'), ('Error!', NO_ANSWER))
         self.assertEqual(program.wait_for_end(), 0)
