@@ -101,12 +101,14 @@ void MainWindowView::addButtons(MainWindow& model) {
   const std::vector<platform::Button*> row = {&model.Starts1, &model.Stopd1,   &model.Registra, &model.Annotax,
                                               &model.Canali,  &model.Artefact, &model.Openx,    &model.Displayx,
                                               &model.Analisi, &model.Stampa,   &model.Endx1};
-  constexpr int gap = 6;
-  const int count = static_cast<int>(row.size());
-  const auto leftEdge = [&](int i) { return geometry::buttonRow.x + i * (geometry::buttonRow.width + gap) / count; };
-  for (int i = 0; i < count; ++i)
-    put(new ButtonView(*row[static_cast<std::size_t>(i)], ground_),
-        {leftEdge(i), geometry::buttonRow.y, leftEdge(i + 1) - gap - leftEdge(i), geometry::buttonRow.height});
+  constexpr const Rect& plan = geometry::buttonRow;
+  constexpr int gap = 8;
+  const int width = (plan.width + gap) / static_cast<int>(row.size()) - gap;
+  int x = plan.x;
+  for (platform::Button* button : row) {
+    put(new ButtonView(*button, ground_), {x, plan.y, width, plan.height});
+    x += width + gap;
+  }
 }
 
 bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {

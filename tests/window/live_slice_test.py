@@ -148,6 +148,16 @@ class LiveSlice(WindowTest):
         program.press('Artefatti')
         self.assertIn('valore attuale= 95', program.answer('Cancel')[1])
 
+    def test_a_fault_ends_its_operation_only_and_is_told(self):
+        program = self.start_program()
+        program.press('Artefatti')
+        driver.wait(program.boxes, what='the input box')
+        driver.keys('4', '0', '0', '0', '0', 'Return')
+        driver.wait(lambda: program.label('Stato della registrazione').startswith('Operazione interrotta: '),
+                    what='the fault in the status label')
+        program.press('Artefatti')
+        self.assertIn('valore attuale= 130', program.answer('Cancel')[1])
+
     def test_a_missing_file_under_the_root_is_named_and_nothing_starts(self):
         os.makedirs(os.path.join(self.desktop.data, 'drive_c/QUARVEL5'))
         program = self.start_program()
