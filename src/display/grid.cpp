@@ -16,11 +16,11 @@ void dottedLineDown(Surface& surface, double x, double spacing) {
 
 }  // namespace
 
-void drawGrid(Surface& surface, double step) {
+void drawGrid(Surface& surface, double stepX, double stepY) {
   constexpr double spacing = 8;
   surface.clear();
-  for (double y = step; y < surface.height(); y += step) dottedLineAcross(surface, y, spacing);
-  for (double x = step; x < surface.width(); x += step) dottedLineDown(surface, x, spacing);
+  for (double y = stepY; y < surface.height(); y += stepY) dottedLineAcross(surface, y, spacing);
+  for (double x = stepX; x < surface.width(); x += stepX) dottedLineDown(surface, x, spacing);
 }
 
 }  // namespace korvinel

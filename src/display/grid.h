@@ -6,7 +6,7 @@ namespace korvinel {
 
 constexpr double spectrumGridStep = 43;  ///< user units between the grid lines of a spectrum panel
 
-/// Clears the surface and draws a grid in blue dots, with a line every `step` user units either way.
-void drawGrid(platform::Surface& surface, double step);
+/// Clears the surface and draws a grid in blue dots: a line down every `stepX` user units, one across every `stepY`.
+void drawGrid(platform::Surface& surface, double stepX, double stepY);
 
 }  // namespace korvinel

@@ -16,6 +16,7 @@ using platform::Colour;
 using platform::Surface;
 
 constexpr double captionGap = 2;
+constexpr double stripUnitsPerMinute = 60;
 
 /// About as wide as a text on the ground becomes; its own line is 14 units high.
 double widthOf(const std::string& text) { return 7.2 * static_cast<double>(text.size()); }
@@ -49,8 +50,8 @@ void printAxisCaptions(Surface& ground) {
 }
 
 void drawFrame(Surface& surface, Colour colour) {
-  const double right = surface.width() - 1;
-  const double bottom = surface.height() - 1;
+  const double right = surface.width();
+  const double bottom = surface.height();
   surface.line(0, 0, right, 0, colour);
   surface.line(right, 0, right, bottom, colour);
   surface.line(right, bottom, 0, bottom, colour);
@@ -117,13 +118,13 @@ void MainState::drawFrequencyAxis() {
 
 void MainState::drawGrids() {
   for (Surface* trace : {&window.firstTrace, &window.secondTrace}) {
-    drawGrid(*trace, 64.5);
+    drawGrid(*trace, 64.5, 64.5);
     drawFrame(*trace, Colour::green);
   }
-  drawGrid(window.leftSpectrum, spectrumGridStep);
-  drawGrid(window.rightSpectrum, spectrumGridStep);
-  drawGrid(window.coherenceGraph, 50);
-  drawGrid(window.Picture6, 50);
+  drawGrid(window.leftSpectrum, spectrumGridStep, spectrumGridStep);
+  drawGrid(window.rightSpectrum, spectrumGridStep, spectrumGridStep);
+  drawGrid(window.coherenceGraph, 50, 50);
+  drawGrid(window.Picture6, stripUnitsPerMinute, 50);
   drawRulers();
   drawFrame(window.messagePanel, Colour::white);
 }

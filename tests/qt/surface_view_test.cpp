@@ -102,6 +102,15 @@ TEST(SurfacePainter, ATextStandsOnACellOnWhichItsInkCanBeRead) {
   EXPECT_LT(cell.right(), 200);
 }
 
+TEST(SurfacePainter, ATextCoversThePointThatGaveItsPlace) {
+  for (int place = 1; place < 60; ++place) {
+    Surface surface("a", 100, 95, 15);
+    surface.point(place, place, Colour::blue);
+    surface.print("Delta=16uV");
+    EXPECT_EQ(countOf(pictureOf(surface, 133, 117), blue), 0) << place;
+  }
+}
+
 TEST(SurfacePainter, ATextStaysInsideItsSurface) {
   const std::pair<double, double> places[] = {{90, 5}, {-5, -5}, {5, 95}, {99, 99}};
   for (const auto& [x, y] : places) {

@@ -125,8 +125,8 @@ class Painting {
     const qreal leastRoom = QFontMetricsF(fontFor(text, lineHeight, size_.width())).horizontalAdvance(text) * 0.8;
     painter_.setFont(fontFor(text, lineHeight, std::max(size_.width() - place.x(), leastRoom)));
     const qreal width = painter_.fontMetrics().horizontalAdvance(text);
-    place.setX(std::round(std::max(0.0, std::min(place.x(), size_.width() - width))));
-    place.setY(std::round(std::max(0.0, std::min(place.y(), size_.height() - lineHeight))));
+    place.setX(std::floor(std::max(0.0, std::min(place.x(), size_.width() - width))));
+    place.setY(std::floor(std::max(0.0, std::min(place.y(), size_.height() - lineHeight))));
     const QRectF cell(place, QSizeF(std::ceil(width), std::round(lineHeight)));
     const Rgb ink = rgbOf(mark.colour);
     painter_.fillRect(cell, toQt(cellBehind(ink, rgbOf(surface_.background()))));
