@@ -113,9 +113,9 @@ bool renameToNewName(const std::string& from, const std::string& to) {
   return notOffered && link(from.c_str(), to.c_str()) == 0 && unlink(from.c_str()) == 0;
 }
 
-bool isOrdinaryFile(const std::string& path) {
+bool isOrdinaryFile(DIR& folder, const char* name) {
   struct stat status {};
-  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  return fstatat(dirfd(&folder), name, &status, 0) == 0 && S_ISREG(status.st_mode);
 }
 
 }  // namespace
@@ -167,7 +167,7 @@ std::vector<std::string> DiskFiles::list(const std::string& folder, const std::s
   if (open == nullptr) return names;
   while (const dirent* entry = readdir(open)) {
     const std::string name = entry->d_name;
-    if (upperCase(name).ends_with(upperCase(ending)) && isOrdinaryFile(onDisk + "/" + name)) names.push_back(name);
+    if (upperCase(name).ends_with(upperCase(ending)) && isOrdinaryFile(*open, entry->d_name)) names.push_back(name);
   }
   closedir(open);
   std::sort(names.begin(), names.end());

@@ -46,7 +46,7 @@ std::string programPath(const std::string& dataFolder, const std::string& hostPa
 }
 
 std::string serialDevice(const std::string& dataFolder, int portNumber) {
-  const std::string link = dataFolder + "/ports/COM" + std::to_string(portNumber);
+  std::string link = dataFolder + "/ports/COM" + std::to_string(portNumber);
   struct stat status {};
   // A link that points to nothing counts too: its device is unplugged, and another one must not take its place.
   if (lstat(link.c_str(), &status) == 0) return link;
