@@ -20,7 +20,11 @@ import subprocess
 import sys
 import tempfile
 import time
+import unittest
 import warnings
+
+# The programs under test; run_tests() names them.
+KORVINEL = INSTRUMENT = ''
 
 SCREENSHOTS = os.environ.get('KORVINEL_SCREENSHOTS', 'build/screenshots')
 
@@ -325,3 +329,20 @@ def mouse(*arguments):
 
 def keys(*names):
     mouse('key', *names)
+
+
+def run_tests():
+    """Runs the tests of the calling file: FILE BUILD_FOLDER [TEST...]. Ends with one line "N passed, N failed"."""
+    global KORVINEL, INSTRUMENT
+    if len(sys.argv) < 2:
+        sys.exit('%s needs the build folder' % sys.argv[0])
+    build = os.path.abspath(sys.argv.pop(1))
+    KORVINEL = os.path.join(build, 'korvinel')
+    INSTRUMENT = os.path.join(build, 'tools/instrument/korvinel-instrument')
+    for program in (KORVINEL, INSTRUMENT):
+        if not os.access(program, os.X_OK):
+            sys.exit('there is no program %s to test' % program)
+    result = unittest.main(verbosity=2, exit=False, warnings='ignore').result
+    failed = len(result.failures) + len(result.errors)
+    print('%d passed, %d failed' % (result.testsRun - failed, failed))
+    sys.exit(failed > 0)

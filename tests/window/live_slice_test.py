@@ -1,6 +1,6 @@
 """The real program in a real window with the simulated instrument: from typed names to the end of the program.
 
-    KORVINEL_PROGRAM=... KORVINEL_INSTRUMENT=... /usr/bin/python3 live_slice_test.py
+    /usr/bin/python3 live_slice_test.py BUILD_FOLDER
 """
 import os
 import sys
@@ -17,13 +17,6 @@ SILENT_STREAM = ("Errore di comunicazione!\nVerificare se lo strumento e' acceso
                  'Premere OK per continuare\noppure Cancel per terminare.')
 NO_ANSWER = ("Errore di comunicazione!\nVerificare se i cavi sono connessi\n"
              "oppure se lo strumento e' acceso!\nPremere OK per continuare.")
-
-
-def program_path(variable):
-    path = os.environ.get(variable, '')
-    if not os.access(path, os.X_OK):
-        sys.exit('%s must name the program to test; it is %r' % (variable, path))
-    return path
 
 
 def setUpModule():
@@ -43,12 +36,12 @@ class WindowTest(unittest.TestCase):
             self.desktop.end(process)
 
     def start_instrument(self, *arguments):
-        instrument = self.desktop.start_instrument(INSTRUMENT, 1, *arguments)
+        instrument = self.desktop.start_instrument(driver.INSTRUMENT, 1, *arguments)
         self.started.append(instrument)
         return instrument
 
     def start_program(self):
-        self.program = self.desktop.start_program([PROGRAM])
+        self.program = self.desktop.start_program([driver.KORVINEL])
         self.started.append(self.program.process)
         return self.program
 
@@ -221,5 +214,4 @@ class Ending(WindowTest):
 
 
 if __name__ == '__main__':
-    PROGRAM, INSTRUMENT = program_path('KORVINEL_PROGRAM'), program_path('KORVINEL_INSTRUMENT')
-    unittest.main(verbosity=2)
+    driver.run_tests()

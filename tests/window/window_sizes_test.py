@@ -1,6 +1,6 @@
 """The main window at the sizes of usual screens: everything in its place, nothing over anything else.
 
-    KORVINEL_PROGRAM=... /usr/bin/python3 window_sizes_test.py
+    /usr/bin/python3 window_sizes_test.py BUILD_FOLDER
 """
 import itertools
 import os
@@ -10,15 +10,12 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import driver
 
-PROGRAM = os.environ.get('KORVINEL_PROGRAM', '')
 GROUND, MESSAGES, HEAD = 'Didascalie degli assi', 'Messaggi', 'Posizione degli elettrodi'
 BUTTONS = ['Start', 'Stop', 'Registra', 'Annota', 'Canali', 'Artefatti', 'Apri File', 'Display', 'Analisi', 'Stampa',
            'End']
 
 
 def setUpModule():
-    if not os.access(PROGRAM, os.X_OK):
-        sys.exit('KORVINEL_PROGRAM must name the program to test; it is %r' % PROGRAM)
     WindowSizes.desktop = unittest.enterModuleContext(driver.Desktop('3840x2160'))
 
 
@@ -37,7 +34,7 @@ class WindowSizes(unittest.TestCase):
     def start_program(self, scale):
         self.desktop.move_to_new_home()
         os.environ['QT_SCALE_FACTOR'] = str(scale)
-        program = self.desktop.start_program([PROGRAM])
+        program = self.desktop.start_program([driver.KORVINEL])
         self.addCleanup(self.desktop.end, program.process)
         driver.wait(lambda: program.has_state('Nome del file', 'FOCUSED'), what='the active window')
         return program
@@ -90,4 +87,4 @@ class WindowSizes(unittest.TestCase):
 
 
 if __name__ == '__main__':
-    unittest.main(verbosity=2)
+    driver.run_tests()
