@@ -35,6 +35,7 @@ void handleAcceptedBlock(MainState& state) {
   skipOnFault([&] { state.removeBaseline(); });
   skipOnFault([&] { state.removeOcularArtefacts(); });
   skipOnFault([&] { state.drawCorrectedTraces(); });
+  skipOnFault([&] { state.nameTraces(); });
   skipOnFault([&] { state.analyseBlockSpectra(); });
   skipOnFault([&] { state.lowPassBlock(); });
   skipOnFault([&] { state.computeBlockCorrelation(); });
@@ -137,6 +138,11 @@ void MainState::drawCorrectedTraces() {
   const TracePair pair = tracePair(*this);
   drawTrace(pair.first, pair.firstChannel, Colour::blue);
   drawTrace(pair.second, pair.firstChannel + 1, Colour::blue);
+}
+
+void MainState::nameTraces() {
+  window.firstTrace.printAt(4, 226, Colour::white, pairLabel1);
+  window.secondTrace.printAt(4, 226, Colour::white, pairLabel2);
 }
 
 }  // namespace korvinel

@@ -140,6 +140,7 @@ struct MainState {
   void removeBaseline();  ///< takes slow drifts away and centres the block on 128
   void drawRawTraces();
   void drawCorrectedTraces();
+  void nameTraces();  ///< prints the pair's labels at the lower left, over the lines
   void drawTrace(platform::Surface& surface, int channel, platform::Colour colour);
 
   // device/artefact_rejection.cpp

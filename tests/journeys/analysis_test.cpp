@@ -130,8 +130,11 @@ TEST_F(Analysis, TheChosenPairIsDrawnFromTheNextBlockOn) {
   program_.acquireBlocks(1);
   window_.Canali.press();
   EXPECT_FALSE(hasLine(window_.secondTrace, 1, 117, 2, 117, Colour::lightGreen));
+  EXPECT_TRUE(window_.firstTrace.shows("Cha.1"));
   program_.acquireBlocks(1);
   EXPECT_TRUE(hasLine(window_.secondTrace, 1, 117, 2, 117, Colour::lightGreen));
+  EXPECT_TRUE(window_.firstTrace.shows("C3"));
+  EXPECT_TRUE(window_.secondTrace.shows("C4"));
   EXPECT_TRUE(window_.rightSpectrum.shows("C4"));
 }
 
