@@ -30,7 +30,8 @@ class Program {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, pipe[1], STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, pipe[1], STDERR_FILENO);
-    posix_spawn(&process_, pointers[0], &actions, nullptr, pointers.data(), environ);
+    // Where the program is missing there is no process: -1 would mean all of them to kill().
+    if (posix_spawn(&process_, pointers[0], &actions, nullptr, pointers.data(), environ) != 0) process_ = 0;
     posix_spawn_file_actions_destroy(&actions);
     ::close(pipe[1]);
     output_ = pipe[0];
@@ -49,16 +50,20 @@ class Program {
     for (char letter = 0; ::read(output_, &letter, 1) == 1 && letter != '\n';) line += letter;
     return line;
   }
-  void raise(int signal) const { ::kill(process_, signal); }
+  bool started() const { return process_ > 0; }
+  void raise(int signal) const {
+    if (started()) ::kill(process_, signal);
+  }
   int exitCode() {  // waits for the end; -1 if it did not end by itself
+    if (!started()) return -1;
     int status = 0;
     ::waitpid(process_, &status, 0);
-    process_ = -1;
+    process_ = 0;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
  private:
-  pid_t process_ = -1;
+  pid_t process_ = 0;
   int output_ = -1;
 };
 
@@ -72,6 +77,7 @@ TEST(InstrumentProgram, EndsOnASignalAndRemovesItsLink) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     const fs::path link = freshLink();
     Program program({"--link", link.string()});
+    ASSERT_TRUE(program.started());
     EXPECT_EQ(program.readLine().find("korvinel-instrument: ready on " + link.string() + " (/dev/pts/"), 0U);
     EXPECT_TRUE(fs::is_character_file(link));
     program.raise(signal);
