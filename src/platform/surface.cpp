@@ -23,11 +23,17 @@ struct SameMark {
 }  // namespace
 
 Surface::Surface(std::string name, double width, double height, double lineHeight, Colour background)
-    : name_(std::move(name)), width_(width), height_(height), lineHeight_(lineHeight), background_(background) {}
+    : name_(std::move(name)),
+      width_(width),
+      firstHeight_(height),
+      height_(height),
+      lineHeight_(lineHeight),
+      background_(background) {}
 
 void Surface::clear() {
   marks_.clear();
   x_ = y_ = 0;
+  height_ = firstHeight_;
   if (onChanged) onChanged();
 }
 
@@ -38,13 +44,23 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
 }
 
 void Surface::box(double x1, double y1, double x2, double y2, Colour filling) {
-  const bool fillsSurface =
-      std::min(x1, x2) <= 0 && std::min(y1, y2) <= 0 && std::max(x1, x2) >= width_ && std::max(y1, y2) >= height_;
+  const auto [left, right] = std::minmax({x1, x2});
+  const auto [top, foot] = std::minmax({y1, y2});
+  const bool fillsSurface = left <= 0 && top <= 0 && right >= width_ && foot >= height_;
   if (fillsSurface) marks_.clear();
+  // A painted-over text must not go on being read aloud.
+  std::erase_if(marks_, [&, left = left, right = right, top = top, foot = foot](const Mark& mark) {
+    return mark.kind == Mark::Kind::text && mark.x1 >= left && mark.x1 < right && mark.y1 >= top && mark.y2 <= foot;
+  });
   add({Mark::Kind::box, filling, x1, y1, x2, y2});
 }
 
 void Surface::print(const std::string& text) { printAt(x_, y_, ink_, text); }
+
+void Surface::printBelow(const std::string& text) {
+  height_ = std::max(height_, y_ + lineHeight_);
+  print(text);
+}
 
 void Surface::printAt(double x, double y, Colour colour, const std::string& text) {
   std::erase_if(marks_,

@@ -23,15 +23,18 @@ struct Mark {
 /// marks at the true pixels of its widget or page. It has user units, a current position and an ink.
 class Surface {
  public:
-  /// `name`: the surface's role in Italian, for a screen reader. `width`, `height`: its extent in user units.
+  /// `name`: the surface's role in Italian, for a screen reader. `width`, `height`: its extent in user units; only
+  /// printBelow changes the height.
   /// `lineHeight`: user units from one line of text to the next; letters are sized to it.
   Surface(std::string name, double width, double height, double lineHeight, Colour background = Colour::white);
 
-  void clear();  ///< removes everything and moves the position to (0, 0); the ink stays
+  /// Removes everything and moves the position to (0, 0). The ink stays; the height is the first one again.
+  void clear();
 
   /// A point or a line moves the position to its end, a box to its second corner.
   void point(double x, double y, Colour colour);
   void line(double x1, double y1, double x2, double y2, Colour colour);
+  /// A box takes away the texts that begin in it and are no higher than it.
   void box(double x1, double y1, double x2, double y2, Colour filling);
 
   /// Prints at the position, which then moves to the left edge of the next line. A text at the very place of an earlier
@@ -39,6 +42,9 @@ class Surface {
   void print(const std::string& text);
   /// Prints at (x, y) in a colour of its own; the ink for later texts stays.
   void printAt(double x, double y, Colour colour, const std::string& text);
+
+  /// Prints at the position on a surface that grows downward with its texts.
+  void printBelow(const std::string& text);
 
   void setInk(Colour ink) { ink_ = ink; }  ///< for the texts that follow; black at first
   Colour ink() const { return ink_; }
@@ -62,7 +68,7 @@ class Surface {
   void fold();
 
   std::string name_;
-  double width_, height_, lineHeight_;
+  double width_, firstHeight_, height_, lineHeight_;
   Colour background_;
   Colour ink_ = Colour::black;
   double x_ = 0, y_ = 0;

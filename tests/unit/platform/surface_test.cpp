@@ -80,6 +80,30 @@ TEST(Surface, StaysSmallWhateverIsDrawn) {
   EXPECT_EQ(surface.marks().back().x1, 99'999);
 }
 
+TEST(Surface, ABoxTakesTheTextsAwayThatItPaintsOver) {
+  Surface surface("Foglio", 100, 100, 10);
+  surface.printAt(10, 20, Colour::black, "sotto");
+  surface.printAt(9, 20, Colour::black, "comincia prima");
+  surface.printAt(10, 25, Colour::black, "troppo alto");
+  surface.printAt(60, 20, Colour::black, "accanto");
+  surface.line(12, 21, 14, 22, Colour::blue);
+  surface.box(60, 30, 10, 20, Colour::white);
+  EXPECT_EQ(surface.texts(), (std::vector<std::string>{"comincia prima", "troppo alto", "accanto"}));
+  EXPECT_EQ(surface.marks().size(), 5U);
+}
+
+TEST(Surface, GrowsDownwardOnlyWithTextsPrintedBelow) {
+  Surface surface("Foglio", 100, 20, 10);
+  for (int line = 1; line <= 2; ++line) surface.printBelow("riga");
+  EXPECT_EQ(surface.height(), 20);
+  surface.printBelow("riga");
+  EXPECT_EQ(surface.height(), 30);
+  surface.print("oltre");
+  EXPECT_EQ(surface.height(), 30);
+  surface.clear();
+  EXPECT_EQ(surface.height(), 20);
+}
+
 TEST(Surface, TellsItsViewOfEveryChange) {
   Surface surface = paper();
   int changes = 0;
