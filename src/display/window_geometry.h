@@ -1,13 +1,11 @@
 #pragma once
 
-namespace korvinel::geometry {
+#include "platform/rect.h"
 
 /// The main window's plan, in units of a client area of 1024 x 730; a view scales it to the true size.
-struct Rect {
-  int x, y, width, height;
-  constexpr int right() const { return x + width; }
-  constexpr int bottom() const { return y + height; }
-};
+namespace korvinel::geometry {
+
+using platform::Rect;
 
 constexpr int width = 1024;
 constexpr int height = 730;
