@@ -11,10 +11,11 @@ inline void waitLongerThan(MainState& state, double seconds) {
   while (state.host.clock.seconds() - start <= seconds) state.host.events.process();
 }
 
-/// Handles events until at least `seconds` have passed.
-inline void waitAtLeast(MainState& state, double seconds) {
-  const double start = state.timerMark = state.host.clock.seconds();
-  while (state.host.clock.seconds() - start < seconds) state.host.events.process();
+/// Handles events until at least `seconds` have passed; `mark` becomes the time of the beginning.
+inline void waitAtLeast(platform::Platform& host, double& mark, double seconds) {
+  const double start = mark = host.clock.seconds();
+  while (host.clock.seconds() - start < seconds) host.events.process();
 }
+inline void waitAtLeast(MainState& state, double seconds) { waitAtLeast(state.host, state.timerMark, seconds); }
 
 }  // namespace korvinel

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "platform/platform.h"
+
+namespace korvinel {
+
+/// Printing what the screen shows, for both windows. What fails is a RuntimeError (output).
+
+inline constexpr auto printPrompt = "Accendere la stampante.  Viene stampata l'immagine attuale.";
+
+/// Asks, and after OK handles events for 0.2 seconds, so that the box has vanished and the window is painted again.
+/// `timerMark` becomes the start of that wait. Returns whether to print.
+[[nodiscard]] bool confirmPrint(platform::Platform& host, const std::string& prompt, double& timerMark);
+
+/// Takes a picture of the active window through the clipboard and prints it on one page.
+void printActiveWindow(platform::Platform& host);
+
+}  // namespace korvinel
