@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/controls.h"
+#include "platform/surface.h"
+
+namespace korvinel {
+
+/// The controls and drawing surfaces of the report window, as models. Names in Italian are for screen readers.
+struct ReportWindow {
+  ReportWindow() {
+    commentButton.setCaption("Commenti");
+    scaleLabel.setText("Microvolts=30");
+  }
+
+  platform::Button exitButton{"Chiudi il rapporto"};
+  platform::Button numbersButton{"Riscrivi i valori delle bande"};
+  platform::Button printButton{"Stampa il rapporto"};
+  platform::Button explainButton{"Spiega la curva del rumore"};
+  platform::Button commentButton{"Commenti sui segnali"};
+  platform::CheckBox maximumCheck{"Valori massimi"};
+  platform::CheckBox meanCheck{"Valori medi"};
+  platform::Range scaleSlider{"Scala del rapporto in microvolt", 1, 200, 30};
+  platform::Label scaleLabel{"Scala del rapporto"};
+  platform::Label intervalLabel{"Durata dell'intervallo"};
+  platform::Label statusLabel{"Stato del rapporto"};  ///< empty, or why an operation has ended early
+
+  /// Spectra of channels 1..4: two units an index across, 200 down.
+  platform::Surface spectrum1{"Spettro F1", 128, 200, 18};
+  platform::Surface spectrum2{"Spettro F2", 128, 200, 18};
+  platform::Surface spectrum3{"Spettro T5", 128, 200, 18};
+  platform::Surface spectrum4{"Spettro T6", 128, 200, 18};
+  /// Coherence of pairs 1..4: one unit an index across; 100 at the top, 0 in the middle, -100 at the foot.
+  platform::Surface coherence1{"Coerenza F1-F2", 64, 200, 18};
+  platform::Surface coherence2{"Coerenza T5-T6", 64, 200, 18};
+  platform::Surface coherence3{"Coerenza F1-T5", 64, 200, 18};
+  platform::Surface coherence4{"Coerenza F2-T6", 64, 200, 18};
+
+  /// The window itself: the ground under the panels, in the units of the report's geometry. Holds the header, the
+  /// verdicts and the frequency labels.
+  platform::Surface ground{"Rapporto", 1200, 900, 20, platform::Colour::windowBackground};
+
+  platform::Surface& spectrumOf(int channel);  ///< 1..4; else a RuntimeError (subscript)
+  platform::Surface& coherenceOf(int pair);    ///< 1..4; else a RuntimeError (subscript)
+};
+
+/// The small window of comments: one surface that grows downward with every printing of the comments.
+struct CommentWindow {
+  static constexpr int linesOfComment = 18;
+  platform::Surface text{"Testo dei commenti", 680, linesOfComment * 20, 20};
+};
+
+}  // namespace korvinel

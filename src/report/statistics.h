@@ -1,0 +1,26 @@
+#pragma once
+
+#include "report/bands.h"
+#include "values/bounded.h"
+#include "values/fixed.h"
+
+namespace korvinel {
+
+/// The used indexes are 1..64.
+using ReportSpectrum = Bounded<float, 66>;
+
+/// Mean of a sum over `blocks` blocks, stored as a 32-bit float and floored to one decimal; never "-0".
+/// A negative count (a reversed interval) divides as it stands; no block is a RuntimeError (division by zero).
+[[nodiscard]] float meanToTenth(double sum, int blocks);
+
+/// Largest value in the band, at least 0, floored to one decimal.
+[[nodiscard]] Fixed bandMaximum(const ReportSpectrum& spectrum, Band band);
+/// Mean value in the band, floored to one decimal.
+[[nodiscard]] Fixed bandMean(const ReportSpectrum& spectrum, Band band);
+
+/// Moves the whole spectrum so that its mean becomes the pair's coherence.
+void levelCoherence(ReportSpectrum& spectrum, float pairCoherence);
+/// Scales a spectrum whose maximum is 100 or more so that it ends at 100; another stays as it is.
+void capCoherence(ReportSpectrum& spectrum);
+
+}  // namespace korvinel
