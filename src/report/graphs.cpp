@@ -1,0 +1,146 @@
+#include <array>
+#include <cmath>
+
+#include "report/dotted_text.h"
+#include "report/report_geometry.h"
+#include "report/report_state.h"
+#include "report/statistics.h"
+#include "values/number_text.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+using platform::Surface;
+
+constexpr std::array<const char*, 5> channelLabels = {"", "F1", "F2", "T5", "T6"};
+constexpr std::array<const char*, 5> pairLabels = {
+    "", "Coerenza F1-F2=", "Coerenza T5-T6=", "Coerenza F1-T5=", "Coerenza F2-T6="};
+
+/// A tick every ten microvolts from the panel's top. They stand at 192, so beyond a panel of 128 units: they show only
+/// where a view makes room for them.
+void drawTicks(Surface& panel, Fixed unitsPerMicrovolt) {
+  constexpr int left = 192, right = 196, foot = 200;
+  const Int16 step = Int16::nearest((Fixed(10) * unitsPerMicrovolt).toDouble());
+  int tick = 0;
+  do {
+    panel.line(left, tick, right, tick, Colour::blue);
+    tick += step;
+  } while (step > 0 && tick <= foot);
+}
+
+void drawBars(ReportState& state, int channel, Fixed unitsPerMicrovolt) {
+  Surface& panel = state.window.spectrumOf(channel);
+  for (int k = 1; k <= reportBins; ++k) {
+    state.binIndex = k;
+    state.barColourForBin();
+    const auto value = static_cast<double>(state.meanSpectrum[channel][k]);
+    const double top = std::nearbyint(200.0 - unitsPerMicrovolt.toDouble() * value);
+    panel.box(2 * (k - 1) + 1, 200, 2 * (k - 1) + 2, top, platform::paletteColour(state.traceColour));
+  }
+}
+
+void drawSpectrum(ReportState& state, int channel) {
+  const Fixed unitsPerMicrovolt = Fixed::nearest(Fixed(200) / Fixed(state.microvoltScale));
+  Surface& panel = state.window.spectrumOf(channel);
+  panel.clear();
+  drawBars(state, channel, unitsPerMicrovolt);
+  printOnDot(panel, 2, 2, Colour::white, channelLabels[static_cast<std::size_t>(channel)]);
+  drawTicks(panel, unitsPerMicrovolt);
+}
+
+void drawCoherence(ReportState& state, int pair) {
+  Surface& panel = state.window.coherenceOf(pair);
+  ReportSpectrum& spectrum = state.coherenceSpectrum[pair];
+  panel.clear();
+  spectrum[0] = spectrum[1];  // the first segment starts level
+  for (int x = 1; x <= 63; x += 2) panel.point(x, 100, Colour::blue);
+  const auto y = [&](int k) { return std::nearbyint(100.0 - static_cast<double>(spectrum[k])); };
+  for (int k = 1; k <= state.reportBinCount; ++k) panel.line(k - 1, y(k - 1), k, y(k), Colour::blue);
+  printOnDot(panel, 2, 180, Colour::white,
+             pairLabels[static_cast<std::size_t>(pair)] + shortestDecimal(state.pairCoherence[pair]));
+}
+
+void show(Bounded<float, 4>& shown, const Bounded<Fixed, 4>& values) {
+  for (int channel = 1; channel <= 4; ++channel) shown[channel] = static_cast<float>(values[channel].toDouble());
+}
+
+void chooseShownValues(ReportState& state) {
+  if (state.window.maximumCheck.checked()) {
+    show(state.shownDelta, state.maxDelta);
+    show(state.shownTheta, state.maxTheta);
+    show(state.shownAlpha, state.maxAlpha);
+    show(state.shownBeta, state.maxBeta);
+  }
+  if (state.window.meanCheck.checked()) {
+    show(state.shownDelta, state.meanDelta);
+    show(state.shownTheta, state.meanTheta);
+    show(state.shownAlpha, state.meanAlpha);
+    show(state.shownBeta, state.meanBeta);
+  }
+}
+
+void writeBandValues(ReportState& state, int channel) {
+  Surface& panel = state.window.spectrumOf(channel);
+  const auto write = [&](double x, double y, const char* label, float value) {
+    printOnDot(panel, x, y, Colour::white, label + shortestDecimal(value));
+  };
+  // The second panel spaces two of its labels; all are the system's own forms.
+  const bool spaced = channel == 2;
+  write(60, 8, "Delta=", state.shownDelta[channel]);
+  write(100, 8, spaced ? "Theta =" : "Theta=", state.shownTheta[channel]);
+  write(60, 30, "Alpha  =", state.shownAlpha[channel]);
+  write(100, 30, spaced ? "Beta =" : "Beta=", state.shownBeta[channel]);
+}
+
+}  // namespace
+
+void ReportState::drawSpectraAndCoherence() {
+  for (int channel = 1; channel <= 4; ++channel) drawSpectrum(*this, channel);
+  for (int pair = 1; pair <= 4; ++pair) drawCoherence(*this, pair);
+}
+
+void ReportState::drawBandValues() {
+  computeBandValues();
+  chooseShownValues(*this);
+  for (int channel = 1; channel <= 4; ++channel) writeBandValues(*this, channel);
+}
+
+void ReportState::barColourForBin() {
+  // The last eleven indexes of Beta have a colour of their own, on purpose.
+  constexpr int firstAboveMiddleBeta = 54;
+  const auto colour = [&] {
+    if (binIndex < thetaBand.first) return Colour::red;
+    if (binIndex < alphaBand.first) return Colour::lightRed;
+    if (binIndex < betaBand.first) return Colour::lightGreen;
+    return binIndex < firstAboveMiddleBeta ? Colour::lightBlue : Colour::lightMagenta;
+  };
+  traceColour = static_cast<int>(colour());
+}
+
+void ReportState::maximumClicked() {
+  if (window.maximumCheck.checked()) window.meanCheck.setChecked(false);
+  redraw();
+}
+
+void ReportState::meanClicked() {
+  if (window.meanCheck.checked()) window.maximumCheck.setChecked(false);
+  redraw();
+}
+
+void ReportState::scaleMoved() {
+  microvoltScale = window.scaleSlider.value();
+  window.scaleLabel.setText("Microvolts=" + std::to_string(microvoltScale));
+  reportLines[4] = "Scala: " + std::to_string(microvoltScale) + " microvolts";
+  const auto& room = report_geometry::scaleLine;
+  window.ground.box(room.x, room.y, room.right(), room.bottom(), backgroundColour);
+  printOnDot(window.ground, room.x, room.y, backgroundColour, reportLines[4]);
+  redraw();
+}
+
+void ReportState::redraw() {
+  drawSpectraAndCoherence();
+  drawBandValues();
+}
+
+}  // namespace korvinel
