@@ -21,6 +21,7 @@ void tieControls(MainState& state, platform::OperationEdge& edge) {
   window.Endx1.onPressed = on(&MainState::endCommand);
   window.Canali.onPressed = on(&MainState::toggleChannelPair);
   window.Artefact.onPressed = on(&MainState::editArtefactThreshold);
+  window.Analisi.onPressed = on(&MainState::openReport);
   window.Stampa.onPressed = on(&MainState::printCommand);
   window.HScroll1.onMoved = on(&MainState::amplitudeScaleMoved);
   window.HScroll2.onMoved = on(&MainState::displaySpeedMoved);

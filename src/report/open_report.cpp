@@ -1,0 +1,15 @@
+#include "frame/main_state.h"
+#include "platform/dialogs.h"
+#include "platform/machine.h"
+
+namespace korvinel {
+
+void MainState::openReport() {
+  const bool italian = shared.languageFlag == "Ita";
+  if (acquisitionRunning == 1 && italian) return host.dialogs.notice("Aspettare lettura file o premere Stop!");
+  if (italian) headerText1 = "Nessun dato in memoria! Prima apri un file!";
+  if (intervalSelectable == 0) return host.dialogs.notice(headerText1);
+  host.windows.showReport();
+}
+
+}  // namespace korvinel

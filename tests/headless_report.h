@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/wiring_report.h"
+#include "headless_program.h"
+
+namespace korvinel {
+
+/// The program with its report window, without a screen. The analysis command loads the report.
+struct HeadlessReport : HeadlessProgram {
+  HeadlessReport() {
+    tieReport(report, host.edge);
+    host.windows.onReport = [this] { runReport(report, host.edge, &ReportState::loadReport); };
+    host.windows.onCloseReport = [this] { runReport(report, host.edge, &ReportState::closeReport); };
+    shared.dataFileName = "prova.QVD";
+    shared.subjectName = "Rossi";
+  }
+
+  /// Blocks `first`..`last` with one level in every index of every spectrum, and one coherence in every block.
+  void fillHistories(int first, int last, float level = 5, float coherence = 60) {
+    for (int block = first; block <= last; ++block)
+      for (int row = 1; row <= 4; ++row) {
+        for (int k = 1; k <= 128; ++k) shared.spectrumHistory[block][row][k] = level;
+        for (int k = 1; k <= 128; ++k) shared.coherenceSpectrumHistory[block][row][k] = coherence;
+        shared.coherenceHistory[row][block] = coherence;
+      }
+  }
+
+  void choose(int first, int last) {
+    shared.analysisFirstBlock = first;
+    shared.analysisLastBlock = last;
+  }
+
+  /// A finished examination in memory, and the analysis command.
+  void openReport(int first = 1, int last = 10) {
+    choose(first, last);
+    state.intervalSelectable = 1;
+    window.Analisi.press();
+  }
+
+  ReportWindow reportWindow;
+  CommentWindow comments;
+  ReportState report{reportWindow, comments, shared, host.platform};
+};
+
+}  // namespace korvinel
