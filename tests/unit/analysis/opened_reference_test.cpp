@@ -1,5 +1,4 @@
-#include "golden_reference.h"
-#include "headless_program.h"
+#include "golden_recording.h"
 
 namespace korvinel {
 namespace {
@@ -8,47 +7,13 @@ using golden::expectRow;
 using golden::expectRows;
 using golden::Json;
 
-constexpr std::size_t channelRecordBytes = 259;  // 256 samples, "-", carriage return, line feed
-
-/// The raw area of a recording: what follows the header line and as many note lines as it says.
-std::string rawArea(const std::string& file) {
-  std::size_t start = file.find("\r\n") + 2;
-  const std::string header = file.substr(0, start - 2);
-  for (int notes = std::stoi(header.substr(header.rfind(',') + 1)); notes > 0; --notes)
-    start = file.find("\r\n", start) + 2;
-  return file.substr(start);
-}
-
 /// A recording analysed in the order of opening a file.
 class OpenedReference : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
     const std::string name = GetParam();
     expected_ = golden::reference(name + ".opened.json");
-    program_.host.files.content["C:\\QUARVEL5\\Factors.val"] = golden::fileBytes(name + ".factors.val");
-    state_.startUp();
-    state_.openFilePath = "C:\\QUARVEL5\\DATAFILE\\" + name + ".QVD";
-    state_.resetAnalysis();
-    analyseAll(rawArea(golden::fileBytes(name + ".QVD")));
-    program_.shared.fileBlockCount = state_.blockCount - 1;
-  }
-
-  void analyseAll(const std::string& raw) {
-    ASSERT_GE(raw.size(), 4 * channelRecordBytes);
-    for (std::size_t start = 0; start + 4 * channelRecordBytes <= raw.size(); start += 4 * channelRecordBytes) {
-      state_.blockCount += 1;
-      for (int channel = 1; channel <= 4; ++channel)
-        for (int s = 1; s <= 256; ++s)
-          state_.sampleBlock[channel][s] =
-              static_cast<unsigned char>(raw[start + static_cast<std::size_t>(channel - 1) * channelRecordBytes +
-                                             static_cast<std::size_t>(s - 1)]);
-      state_.computeComplexSpectra();
-      state_.lowPassBlock();
-      state_.removeOcularArtefacts();
-      state_.analyseBlockSpectra();
-      state_.computeBlockCorrelation();
-      state_.computeCoherence();
-    }
+    golden::analyseRecording(program_, name);
   }
 
   HeadlessProgram program_;
