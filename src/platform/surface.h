@@ -46,6 +46,11 @@ class Surface {
   /// Prints at the position on a surface that grows downward with its texts.
   void printBelow(const std::string& text);
 
+  /// Texts begin where they are printed, however long they are: a view makes them smaller, and in the end shortens
+  /// them, where it else would move them to the left.
+  void keepTextsInPlace() { textsStay_ = true; }
+  bool textsStay() const { return textsStay_; }
+
   void setInk(Colour ink) { ink_ = ink; }  ///< for the texts that follow; black at first
   Colour ink() const { return ink_; }
 
@@ -71,6 +76,7 @@ class Surface {
   double width_, firstHeight_, height_, lineHeight_;
   Colour background_;
   Colour ink_ = Colour::black;
+  bool textsStay_ = false;
   double x_ = 0, y_ = 0;
   std::vector<Mark> marks_;
 };

@@ -17,8 +17,8 @@ constexpr std::array<const char*, 5> channelLabels = {"", "F1", "F2", "T5", "T6"
 constexpr std::array<const char*, 5> pairLabels = {
     "", "Coerenza F1-F2=", "Coerenza T5-T6=", "Coerenza F1-T5=", "Coerenza F2-T6="};
 
-/// A tick every ten microvolts from the panel's top. They stand at 192, so beyond a panel of 128 units: they show only
-/// where a view makes room for them.
+/// A tick every ten microvolts from the panel's top. They are drawn at 192, beyond a panel of 128 units: a view sets
+/// them at the panel's edge.
 void drawTicks(Surface& panel, Fixed unitsPerMicrovolt) {
   constexpr int left = 192, right = 196, foot = 200;
   const Int16 step = Int16::nearest((Fixed(10) * unitsPerMicrovolt).toDouble());

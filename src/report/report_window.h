@@ -10,6 +10,7 @@ struct ReportWindow {
   ReportWindow() {
     commentButton.setCaption("Commenti");
     scaleLabel.setText("Microvolts=30");
+    ground.keepTextsInPlace();
   }
 
   platform::Button exitButton{"Chiudi il rapporto"};
@@ -37,7 +38,7 @@ struct ReportWindow {
 
   /// The window itself: the ground under the panels, in the units of the report's geometry. Holds the header, the
   /// verdicts and the frequency labels.
-  platform::Surface ground{"Rapporto", 1200, 900, 20, platform::Colour::windowBackground};
+  platform::Surface ground{"Rapporto", 1200, 900, 18, platform::Colour::windowBackground};
 
   platform::Surface& spectrumOf(int channel);  ///< 1..4; else a RuntimeError (subscript)
   platform::Surface& coherenceOf(int pair);    ///< 1..4; else a RuntimeError (subscript)

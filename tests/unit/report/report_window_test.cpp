@@ -374,7 +374,7 @@ TEST(ReportGeometry, NoTextOfTheGroundLiesUnderAnythingOrOverAnother) {
     if (mark.kind == Mark::Kind::text)
       // Letters are at most half as wide as their line is high, on average.
       texts.push_back(
-          {static_cast<int>(mark.x1), static_cast<int>(mark.y1), static_cast<int>(9 * mark.text.size()), 20});
+          {static_cast<int>(mark.x1), static_cast<int>(mark.y1), static_cast<int>(8 * mark.text.size()), 18});
   for (std::size_t i = 0; i < texts.size(); ++i) {
     EXPECT_LE(texts[i].right(), plan::width) << i;
     for (const Rect& panel : plan::panels) EXPECT_FALSE(overlap(texts[i], panel)) << i;
