@@ -1,11 +1,8 @@
 #include "app/main_window_view.h"
 
 #include <QCloseEvent>
-#include <QScreen>
 #include <QScrollBar>
 #include <QSlider>
-#include <algorithm>
-#include <cmath>
 
 #include "app/head_picture.h"
 #include "platform/qt/control_views.h"
@@ -23,27 +20,17 @@ using platform::SurfaceView;
 constexpr QSize smallestClient(900, 600);
 constexpr double letterHeight = 13;  // of the plan
 
-/// A calm light panel in every desktop theme: the labels' inks are chosen for it.
-QPalette panelColours() {
-  QPalette palette(QColor(236, 239, 241), QColor(236, 239, 241));
-  palette.setColor(QPalette::Highlight, QColor(25, 118, 210));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(226, 230, 232));
-  return palette;
-}
-
 }  // namespace
 
 MainWindowView::MainWindowView(MainWindow& model, std::function<bool()> mayClose) : mayClose_(std::move(mayClose)) {
   setWindowTitle("Korvinel - EEG Analysis 4 channels  V 8.1  ita");
-  setPalette(panelColours());
-  ground_ = new SurfaceView(model.axisCaptions);
+  setPalette(platform::panelColours());
+  ground_ = new platform::PlanGround(model.axisCaptions, letterHeight);
   setCentralWidget(ground_);
   setMinimumSize(smallestClient);
   addSurfaces(model);
   addPanel(model);
   addButtons(model);
-  ground_->installEventFilter(this);
 }
 
 void MainWindowView::addSurfaces(MainWindow& model) {
@@ -70,9 +57,7 @@ void MainWindowView::addSurfaces(MainWindow& model) {
 }
 
 void MainWindowView::addPanel(MainWindow& model) {
-  auto* panel = new QWidget(ground_);
-  panel->setAutoFillBackground(true);
-  put(panel, geometry::controlPanel);
+  ground_->putPanel(geometry::controlPanel);
   put(makeView(model.fileNameBox, ground_), geometry::fileNameBox);
   put(makeView(model.subjectBox, ground_), geometry::subjectBox);
   put(makeView(model.noteBox, ground_), geometry::noteBox);
@@ -111,35 +96,7 @@ void MainWindowView::addButtons(MainWindow& model) {
   }
 }
 
-bool MainWindowView::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == ground_ && event->type() == QEvent::Resize) layOut();
-  return QMainWindow::eventFilter(watched, event);
-}
-
-void MainWindowView::layOut() {
-  const double scaleX = static_cast<double>(ground_->width()) / geometry::width;
-  const double scaleY = static_cast<double>(ground_->height()) / geometry::height;
-  QFont letters = font();
-  letters.setPixelSize(std::max(9, static_cast<int>(std::lround(letterHeight * std::min(scaleX, scaleY)))));
-  ground_->setFont(letters);
-  const auto across = [&](int x) { return static_cast<int>(std::lround(x * scaleX)); };
-  const auto down = [&](int y) { return static_cast<int>(std::lround(y * scaleY)); };
-  for (const Place& place : places_)
-    place.widget->setGeometry(QRect(QPoint(across(place.rect.x), down(place.rect.y)),
-                                    QPoint(across(place.rect.right()) - 1, down(place.rect.bottom()) - 1)));
-}
-
-void MainWindowView::showFitting() {
-  constexpr QSize frame(16, 38);  // what a window manager usually puts around the client area
-  const QSize plan(geometry::width, geometry::height);
-  const QSize screenSize = screen()->availableSize();
-  const QSize needed = plan + frame;
-  resize(plan.boundedTo(screenSize));
-  if (needed.width() > screenSize.width() || needed.height() > screenSize.height())
-    showMaximized();
-  else
-    show();
-}
+void MainWindowView::showFitting() { platform::showFitting(*this, {geometry::width, geometry::height}); }
 
 void MainWindowView::closeEvent(QCloseEvent* event) { event->setAccepted(mayClose_()); }
 

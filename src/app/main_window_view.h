@@ -2,10 +2,10 @@
 
 #include <QMainWindow>
 #include <functional>
-#include <vector>
 
 #include "display/window_geometry.h"
 #include "frame/main_window.h"
+#include "platform/qt/plan_ground.h"
 
 namespace korvinel {
 
@@ -20,23 +20,15 @@ class MainWindowView : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  struct Place {
-    QWidget* widget;
-    geometry::Rect rect;
-  };
-
   void addSurfaces(MainWindow& model);
   void addPanel(MainWindow& model);
   void addButtons(MainWindow& model);
-  void put(QWidget* widget, const geometry::Rect& rect) { places_.push_back({widget, rect}); }
-  void layOut();
+  void put(QWidget* widget, const geometry::Rect& rect) { ground_->put(widget, rect); }
 
   std::function<bool()> mayClose_;
-  QWidget* ground_ = nullptr;
-  std::vector<Place> places_;
+  platform::PlanGround* ground_ = nullptr;
 };
 
 }  // namespace korvinel

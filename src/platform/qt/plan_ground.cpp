@@ -1,0 +1,55 @@
+#include "platform/qt/plan_ground.h"
+
+#include <QScreen>
+#include <algorithm>
+#include <cmath>
+
+namespace korvinel::platform {
+
+PlanGround::PlanGround(Surface& surface, double letterHeight)
+    : SurfaceView(surface),
+      plan_(static_cast<int>(surface.width()), static_cast<int>(surface.height())),
+      letterHeight_(letterHeight) {}
+
+void PlanGround::put(QWidget* widget, const Rect& place) { placed_.push_back({widget, place}); }
+
+void PlanGround::putPanel(const Rect& place) {
+  auto* panel = new QWidget(this);
+  panel->setAutoFillBackground(true);
+  put(panel, place);
+}
+
+void PlanGround::resizeEvent(QResizeEvent* event) {
+  SurfaceView::resizeEvent(event);
+  const double scaleX = static_cast<double>(width()) / plan_.width();
+  const double scaleY = static_cast<double>(height()) / plan_.height();
+  QFont letters = font();
+  letters.setPixelSize(std::max(9, static_cast<int>(std::lround(letterHeight_ * std::min(scaleX, scaleY)))));
+  setFont(letters);
+  const auto across = [&](int x) { return static_cast<int>(std::lround(x * scaleX)); };
+  const auto down = [&](int y) { return static_cast<int>(std::lround(y * scaleY)); };
+  for (const auto& [widget, place] : placed_)
+    widget->setGeometry(
+        QRect(QPoint(across(place.x), down(place.y)), QPoint(across(place.right()) - 1, down(place.bottom()) - 1)));
+}
+
+QPalette panelColours() {
+  QPalette palette(QColor(236, 239, 241), QColor(236, 239, 241));
+  palette.setColor(QPalette::Highlight, QColor(25, 118, 210));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(226, 230, 232));
+  return palette;
+}
+
+void showFitting(QWidget& window, const QSize& plan) {
+  constexpr QSize frame(16, 38);  // what a window manager usually puts around the client area
+  const QSize screenSize = window.screen()->availableSize();
+  const QSize needed = plan + frame;
+  window.resize(plan.boundedTo(screenSize));
+  if (needed.width() > screenSize.width() || needed.height() > screenSize.height())
+    window.showMaximized();
+  else
+    window.show();
+}
+
+}  // namespace korvinel::platform
