@@ -146,7 +146,10 @@ QLineEdit* makeView(TextBox& model, QWidget* parent) {
 QCheckBox* makeView(CheckBox& model, QWidget* parent) {
   auto* box = new QCheckBox(parent);
   box->setAccessibleDescription(toQt(model.name()));
-  QObject::connect(box, &QCheckBox::clicked, [&model] { model.click(); });
+  // Not only a click: an assistive program switches the box without one.
+  QObject::connect(box, &QCheckBox::toggled, [&model](bool checked) {
+    if (checked != model.checked()) model.click();
+  });
   mirror(model, *box, [&model, box] {
     box->setText(toQt(model.caption()));
     box->setChecked(model.checked());
