@@ -85,11 +85,14 @@ class Painting {
     const qreal width = std::max(1.0, std::round(pixelRatio_));
     const QPointF from = pixel(std::min(line.x1, line.x2), std::min(line.y1, line.y2));
     const QPointF to = pixel(std::max(line.x1, line.x2), std::max(line.y1, line.y2));
-    const QPointF corner(std::min(std::floor(from.x()), size_.width() - width),
-                         std::min(std::floor(from.y()), size_.height() - width));
-    painter_.fillRect(QRectF(corner, QSizeF(std::floor(to.x()) - std::floor(from.x()) + width,
-                                            std::floor(to.y()) - std::floor(from.y()) + width)),
-                      colourOf(line.colour));
+    const QSizeF extent(std::floor(to.x()) - std::floor(from.x()) + width,
+                        std::floor(to.y()) - std::floor(from.y()) + width);
+    // What lies wholly beyond the edge stands at it, such as the last line of a grid or a scale's ticks.
+    const bool beyond = from.x() >= size_.width();
+    const QPointF corner(
+        beyond ? size_.width() - extent.width() : std::min(std::floor(from.x()), size_.width() - width),
+        std::min(std::floor(from.y()), size_.height() - width));
+    painter_.fillRect(QRectF(corner, extent), colourOf(line.colour));
   }
 
   void paintTrace(std::span<const Mark> lines) {
@@ -117,13 +120,22 @@ class Painting {
     return font;
   }
 
-  /// A text on its cell. It is moved to the left before it gets much smaller than its neighbours.
+  /// Sets the font and gives the text as it fits: it is moved to the left before it gets much smaller than its
+  /// neighbours, or shortened where it must stay.
+  QString fit(const QString& text, qreal lineHeight, qreal room) {
+    constexpr qreal noLimit = 1e9;
+    const bool stays = surface_.textsStay();
+    const QFont full = fontFor(text, lineHeight, stays ? noLimit : size_.width());
+    const qreal leastRoom = QFontMetricsF(full).horizontalAdvance(text) * (stays ? 0.6 : 0.8);
+    painter_.setFont(fontFor(text, lineHeight, std::max(room, leastRoom)));
+    return stays ? painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room)) : text;
+  }
+
+  /// A text on its cell.
   void paintText(const Mark& mark) {
-    const QString text = toQt(mark.text);
     const qreal lineHeight = surface_.lineHeight() * scaleY_;
     QPointF place = pixel(mark.x1, mark.y1);
-    const qreal leastRoom = QFontMetricsF(fontFor(text, lineHeight, size_.width())).horizontalAdvance(text) * 0.8;
-    painter_.setFont(fontFor(text, lineHeight, std::max(size_.width() - place.x(), leastRoom)));
+    const QString text = fit(toQt(mark.text), lineHeight, size_.width() - place.x());
     const qreal width = painter_.fontMetrics().horizontalAdvance(text);
     place.setX(std::floor(std::max(0.0, std::min(place.x(), size_.width() - width))));
     place.setY(std::floor(std::max(0.0, std::min(place.y(), size_.height() - lineHeight))));
