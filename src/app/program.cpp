@@ -19,6 +19,7 @@ Program::Program(std::string dataFolder)
   edge_.onFault = [this](const std::string& message) { tell(message); };
   edge_.onEnd = [this] { end(); };
   tieControls(state_, edge_);
+  windows_.attach(view_, platform_);
 }
 
 void Program::startUp() {
@@ -39,6 +40,7 @@ bool Program::mayClose() {
 
 /// Leaves every event loop, also those of open dialogs; the operations that wait in them unwind.
 void Program::end() {
+  windows_.hideAll();
   view_.hide();
   QApplication::exit(0);
 }

@@ -39,12 +39,12 @@ class Program {
   platform::DiskFiles files_{dataFolder_};
   platform::SerialLine serialPort_;
   platform::PosixMachine machine_;
-  platform::QtScreenPrinter screenPrinter_{dialogs_, paths_};
-  ReportWindows windows_;
+  platform::QtScreenPrinter screenPrinter_{dialogs_, paths_, [this] { return shared_.dataFileName; }};
+  ProgramValues shared_;
+  ReportWindows windows_{shared_, edge_};
   platform::Platform platform_{clock_, events_,     tickTimer_, pauseTimer_,    dialogs_,
                                files_, serialPort_, machine_,   screenPrinter_, windows_};
   MainWindow window_;
-  ProgramValues shared_;
   MainState state_{window_, shared_, platform_};
   MainWindowView view_;
 };

@@ -1,15 +1,45 @@
 #pragma once
 
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "frame/program_values.h"
 #include "platform/machine.h"
+#include "platform/operation_edge.h"
+#include "platform/platform.h"
 
 namespace korvinel {
 
-/// The report window and the comment window are not part of this version yet.
-struct ReportWindows : platform::Windows {
-  void showReport() override {}
-  void closeReport() override {}
-  void showComments() override {}
-  void showMain() override {}
+/// The report window with its comment window, on the screen. There is one report at a time.
+class ReportWindows : public platform::Windows {
+ public:
+  ReportWindows(ProgramValues& shared, platform::OperationEdge& edge);
+  ~ReportWindows() override;
+
+  /// Before anything is shown. `main`: the main window, which owns the others. All of them must outlive this.
+  void attach(QWidget& main, platform::Platform& host);
+
+  void showReport() override;
+  void closeReport() override;
+  void showComments() override;
+  void showMain() override;
+  void hideAll();  ///< when the program ends
+
+ private:
+  struct Report;
+
+  void reportClosed();
+  void forgetClosed();
+
+  ProgramValues& shared_;
+  platform::OperationEdge& edge_;
+  QWidget* main_ = nullptr;
+  platform::Platform* host_ = nullptr;
+  std::unique_ptr<Report> open_;
+  std::vector<std::unique_ptr<Report>> closed_;  ///< whose operations may still be under way
+  QTimer forgetting_;
 };
 
 }  // namespace korvinel

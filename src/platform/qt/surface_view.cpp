@@ -32,6 +32,7 @@ void SurfaceView::refresh() {
   for (const std::string& text : surface_.texts()) texts += (texts.isEmpty() ? "" : "\n") + toQt(text);
   if (texts != accessibleDescription()) setAccessibleDescription(texts);
   update();
+  if (onRefreshed) onRefreshed();
 }
 
 void SurfaceView::paintEvent(QPaintEvent*) {

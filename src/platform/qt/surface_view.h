@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 
 #include "platform/controls.h"
 #include "platform/surface.h"
@@ -16,6 +17,8 @@ class SurfaceView : public QWidget {
   ~SurfaceView() override;
   SurfaceView(const SurfaceView&) = delete;
   SurfaceView& operator=(const SurfaceView&) = delete;
+
+  std::function<void()> onRefreshed;  ///< called after every change of the surface has been taken over
 
   /// Hands the mouse on to `pointer`, which must outlive the view: places in the surface's units.
   void follow(const PointerEvents& pointer) { pointer_ = &pointer; }

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+
+#include "platform/qt/plan_ground.h"
+#include "report/report_window.h"
+
+namespace korvinel {
+
+/// The report window on the screen: every control and surface at its place in the report's plan, scaled to the client
+/// area.
+class ReportWindowView : public QMainWindow {
+ public:
+  /// `onClosed`: called once the window has been closed, by the user or by the program.
+  ReportWindowView(ReportWindow& model, QWidget* owner, std::function<void()> onClosed);
+
+  void showFitting();  ///< at the plan's own size, or filling a screen that is too small for it
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void addPanels(ReportWindow& model);
+  void addCheckBoxes(ReportWindow& model);
+  void addButtons(ReportWindow& model);
+  void addLabel(platform::Label& model, const platform::Rect& place);
+  void addFrame(const platform::Rect& place);
+
+  std::function<void()> onClosed_;
+  platform::PlanGround* ground_ = nullptr;
+};
+
+}  // namespace korvinel

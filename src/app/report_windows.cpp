@@ -1,0 +1,97 @@
+#include "app/report_windows.h"
+
+#include <QPointer>
+
+#include "app/comment_window_view.h"
+#include "app/report_window_view.h"
+#include "app/wiring_report.h"
+
+namespace korvinel {
+namespace {
+
+void bringForward(QWidget& window) {
+  if (window.isMinimized())
+    window.showNormal();
+  else
+    window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+}  // namespace
+
+/// The views are also the main window's children, so they may go before their models, never after.
+struct ReportWindows::Report {
+  Report(ProgramValues& shared, platform::Platform& host) : state(window, comments, shared, host) {}
+  ~Report() { delete view; }
+  Report(const Report&) = delete;
+  Report& operator=(const Report&) = delete;
+
+  ReportWindow window;
+  CommentWindow comments;
+  ReportState state;
+  QPointer<ReportWindowView> view;
+  QPointer<CommentWindowView> commentView;
+};
+
+ReportWindows::ReportWindows(ProgramValues& shared, platform::OperationEdge& edge) : shared_(shared), edge_(edge) {
+  forgetting_.setSingleShot(true);
+  QObject::connect(&forgetting_, &QTimer::timeout, &forgetting_, [this] { forgetClosed(); });
+}
+
+ReportWindows::~ReportWindows() = default;
+
+void ReportWindows::attach(QWidget& main, platform::Platform& host) {
+  main_ = &main;
+  host_ = &host;
+}
+
+void ReportWindows::showReport() {
+  if (open_) return bringForward(*open_->view);
+  open_ = std::make_unique<Report>(shared_, *host_);
+  tieReport(open_->state, edge_);
+  open_->view = new ReportWindowView(open_->window, main_, [this] { reportClosed(); });
+  open_->view->showFitting();
+  runReport(open_->state, edge_, &ReportState::loadReport);
+}
+
+void ReportWindows::closeReport() {
+  if (open_) open_->view->close();
+}
+
+void ReportWindows::reportClosed() {
+  if (!open_) return;
+  closed_.push_back(std::move(open_));
+  Report& report = *closed_.back();
+  delete report.commentView;
+  runReport(report.state, edge_, &ReportState::closeReport);
+  forgetting_.start(0);
+}
+
+/// A report that is closed while it waits for something lives until that is over.
+void ReportWindows::forgetClosed() {
+  constexpr int lookAgainMs = 50;
+  std::erase_if(closed_, [](const auto& report) { return report->state.operationsUnderWay == 0; });
+  if (!closed_.empty()) forgetting_.start(lookAgainMs);
+}
+
+void ReportWindows::showComments() {
+  if (!open_) return;
+  if (open_->commentView) return bringForward(*open_->commentView);
+  open_->commentView = new CommentWindowView(open_->comments, open_->view);
+  open_->commentView->setAttribute(Qt::WA_DeleteOnClose);
+  // A window that is opened anew is empty.
+  QObject::connect(open_->commentView, &QObject::destroyed, open_->view,
+                   [&comments = open_->comments] { comments.text.clear(); });
+  open_->commentView->show();
+}
+
+void ReportWindows::showMain() { bringForward(*main_); }
+
+void ReportWindows::hideAll() {
+  if (!open_) return;
+  delete open_->commentView;
+  open_->view->hide();
+}
+
+}  // namespace korvinel
