@@ -10,10 +10,8 @@ namespace korvinel {
 namespace {
 
 void bringForward(QWidget& window) {
-  if (window.isMinimized())
-    window.showNormal();
-  else
-    window.show();
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+  window.show();
   window.raise();
   window.activateWindow();
 }
