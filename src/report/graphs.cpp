@@ -134,6 +134,7 @@ void ReportState::scaleMoved() {
   reportLines[4] = "Scala: " + std::to_string(microvoltScale) + " microvolts";
   const auto& room = report_geometry::scaleLine;
   window.ground.box(room.x, room.y, room.right(), room.bottom(), backgroundColour);
+  window.ground.setInk(Colour::blue);
   printOnDot(window.ground, room.x, room.y, backgroundColour, reportLines[4]);
   redraw();
 }

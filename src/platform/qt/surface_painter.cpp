@@ -126,7 +126,7 @@ class Painting {
     constexpr qreal noLimit = 1e9;
     const bool stays = surface_.textsStay();
     const QFont full = fontFor(text, lineHeight, stays ? noLimit : size_.width());
-    const qreal leastRoom = QFontMetricsF(full).horizontalAdvance(text) * (stays ? 0.6 : 0.8);
+    const qreal leastRoom = QFontMetricsF(full).horizontalAdvance(text) * (stays ? 0.7 : 0.8);
     painter_.setFont(fontFor(text, lineHeight, std::max(room, leastRoom)));
     return stays ? painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room)) : text;
   }

@@ -300,8 +300,8 @@ TEST(Scale, TheOldLineIsFilledWithTheBackgroundAndNotRead) {
   const auto boxes = marksOf(ground, Mark::Kind::box);
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_EQ(boxes[0], (Mark{Mark::Kind::box, Colour::windowBackground, 880, 144, 1196, 168}));
-  EXPECT_EQ(marksOf(ground, Mark::Kind::text).back().x1, 880);
-  EXPECT_EQ(marksOf(ground, Mark::Kind::text).back().y1, 144);
+  const Mark line = marksOf(ground, Mark::Kind::text).back();
+  EXPECT_EQ(line, (Mark{Mark::Kind::text, Colour::blue, 880, 144, 0, 162, "Scala: 40 microvolts"}));
 }
 
 TEST(Scale, TheOtherLinesOfTheReportStay) {
