@@ -4,6 +4,7 @@
 
 #include <QScrollBar>
 #include <QTest>
+#include <memory>
 
 namespace korvinel::platform {
 namespace {
@@ -182,6 +183,18 @@ TEST(ControlViews, ACheckBoxAndItsModelTickTogether) {
   box->click();
   EXPECT_TRUE(model.checked());
   EXPECT_EQ(clicks, 1);
+  model.setChecked(false);
+  EXPECT_FALSE(box->isChecked());
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST(ControlViews, ACheckBoxThatIsSwitchedWithoutAClickTellsItsModelOnce) {
+  CheckBox model("scelta");
+  int clicks = 0;
+  model.onClicked = [&] { ++clicks; };
+  const std::unique_ptr<QCheckBox> box(makeView(model, nullptr));
+  box->toggle();  // as an assistive program does
+  EXPECT_TRUE(model.checked());
   model.setChecked(false);
   EXPECT_FALSE(box->isChecked());
   EXPECT_EQ(clicks, 1);

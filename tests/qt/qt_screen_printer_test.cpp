@@ -5,15 +5,16 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
 
 #include "platform/headless/scripted_dialogs.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::platform {
 namespace {
@@ -21,11 +22,25 @@ namespace {
 struct QtScreenPrinterTest : testing::Test {
   QTemporaryDir folder;
   ScriptedDialogs dialogs;
+  std::string dataFileName;
   QtScreenPrinter printer{dialogs,
                           {[this](const std::string& path) {
                              return folder.filePath(QString::fromStdString(path).section('\\', -1)).toStdString();
                            },
-                           [](const std::string& path) { return path; }}};
+                           [](const std::string& path) { return path; }},
+                          [this] { return dataFileName; }};
+  /// Sizes of the pictures in a PDF file.
+  QStringList picturesIn(const QString& name) const {
+    QFile file(folder.filePath(name));
+    if (!file.open(QFile::ReadOnly)) return {};
+    static const QRegularExpression size("/Width (\\d+)\\s+/Height (\\d+)");
+    QStringList sizes;
+    for (auto found = size.globalMatch(QString::fromLatin1(file.readAll())); found.hasNext();) {
+      const auto match = found.next();
+      sizes << match.captured(1) + "x" + match.captured(2);
+    }
+    return sizes;
+  }
   QStringList pdfs() const { return QDir(folder.path()).entryList({"*.pdf"}); }
 };
 
@@ -59,10 +74,73 @@ TEST_F(QtScreenPrinterTest, WithoutAPrinterEachPageBecomesAPdfAndANoticeNamesIt)
   EXPECT_TRUE(file.readAll().startsWith("%PDF"));
 }
 
-TEST_F(QtScreenPrinterTest, AnEmptyClipboardIsAFaultAndNothingIsPrinted) {
+TEST_F(QtScreenPrinterTest, APageIsNamedAfterTheDataFile) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"prova.QVD", "prova-"}, {"esame.del.2.QVD", "esame.del.2-"}, {".QVD", "Stampa-"}, {"", "Stampa-"}};
+  QApplication::clipboard()->setImage(QImage(10, 8, QImage::Format_RGB32));
+  for (const auto& [dataFile, stem] : cases) {
+    dataFileName = dataFile;
+    printer.printClipboard(10, 3, 190, 145);
+    EXPECT_THAT(dialogs.shown.back().text, testing::HasSubstr("C:\\QUARVEL5\\DATAFILE\\" + std::string(stem)));
+  }
+}
+
+TEST_F(QtScreenPrinterTest, AnEmptyClipboardIsToldAndNothingIsPrinted) {
   printer.emptyClipboard();
-  EXPECT_THROW(printer.printClipboard(10, 3, 190, 145), RuntimeError);
+  printer.printClipboard(10, 3, 190, 145);
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_EQ(dialogs.shown.front().text, "La stampa non e' riuscita.\rNon c'e' un'immagine da stampare.");
   EXPECT_TRUE(pdfs().isEmpty());
+}
+
+TEST_F(QtScreenPrinterTest, AFileThatCannotBeWrittenIsTold) {
+  QApplication::clipboard()->setImage(QImage(10, 8, QImage::Format_RGB32));
+  ASSERT_TRUE(QDir(folder.path()).removeRecursively());
+  printer.printClipboard(10, 3, 190, 145);
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_THAT(dialogs.shown.front().text,
+              testing::StartsWith("La stampa non e' riuscita.\rIl file non si puo' scrivere:\rC:\\QUARVEL5"));
+}
+
+struct Shown {
+  explicit Shown(QWidget& window, QColor colour) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, colour);
+    window.setPalette(palette);
+    window.resize(120, 80);
+    window.show();
+    window.activateWindow();
+    active = QTest::qWaitForWindowActive(&window);
+  }
+  bool active;
+};
+
+TEST_F(QtScreenPrinterTest, ADialogIsNeverThePicture) {
+  QWidget window;
+  ASSERT_TRUE(Shown(window, Qt::red).active);
+  QDialog dialog(&window);
+  ASSERT_TRUE(Shown(dialog, Qt::blue).active);
+  printer.pressPrintScreen(1);
+  EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(255, 0, 0));
+}
+
+TEST_F(QtScreenPrinterTest, APictureFromElsewhereIsPrintedAsItIs) {
+  QWidget window;
+  ASSERT_TRUE(Shown(window, Qt::red).active);
+  printer.pressPrintScreen(1);
+  QImage other(50, 40, QImage::Format_RGB32);
+  other.fill(Qt::green);
+  QApplication::clipboard()->setImage(other);
+  printer.printClipboard(10, 3, 190, 145);
+  EXPECT_EQ(picturesIn(pdfs().constFirst()), QStringList{"50x40"});
+}
+
+TEST_F(QtScreenPrinterTest, TheCaptureIsPrintedFinerThanTheScreen) {
+  QWidget window;
+  ASSERT_TRUE(Shown(window, Qt::red).active);
+  printer.pressPrintScreen(1);
+  printer.printClipboard(10, 3, 190, 145);
+  EXPECT_EQ(picturesIn(pdfs().constFirst()), QStringList{"480x320"});
 }
 
 TEST_F(QtScreenPrinterTest, IsOfTheSecondFamilyOfSystems) { EXPECT_GE(printer.systemMajorVersion(), 5); }

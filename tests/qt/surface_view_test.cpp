@@ -133,6 +133,40 @@ TEST(SurfacePainter, ATextTooLongForItsSurfaceIsSetSmaller) {
   EXPECT_LT(countOf(picture, black), 300 * 20);
 }
 
+TEST(SurfacePainter, ALineWhollyBeyondTheRightEdgeStandsAtIt) {
+  Surface surface("a", 128, 200, 18);
+  surface.line(192, 50, 196, 50, Colour::blue);
+  const QRect place = placeOf(pictureOf(surface, 256, 200), blue);
+  EXPECT_EQ(place, QRect(247, 50, 9, 1));
+}
+
+TEST(SurfacePainter, ATextThatStaysIsSetSmallerAndThenShortened) {
+  Surface surface("a", 400, 100, 20);
+  surface.keepTextsInPlace();
+  surface.setInk(Colour::blue);
+  surface.box(0, 0, 200, 100, Colour::yellow);
+  surface.printAt(200, 20, Colour::blue, "una riga");
+  surface.printAt(200, 60, Colour::blue, std::string(200, 'm'));
+  const QImage picture = pictureOf(surface, 400, 100);
+  const QRect left(0, 0, 200, 100);
+  EXPECT_EQ(countOf(picture.copy(left), yellow), 200 * 100);  // nothing slides to the left
+  const QRect line = placeOf(picture.copy(200, 0, 200, 50), blue);
+  const QRect longLine = placeOf(picture.copy(200, 50, 200, 50), blue);
+  EXPECT_GT(line.height(), 8);
+  EXPECT_GT(longLine.height(), 3);
+  EXPECT_LT(longLine.right(), 200);
+}
+
+TEST(SurfaceView, TellsWhenItHasTakenAChangeOver) {
+  Surface surface("a", 100, 20, 10);
+  SurfaceView view(surface);
+  QString described;
+  view.onRefreshed = [&] { described = view.accessibleDescription(); };
+  for (int line = 1; line <= 3; ++line) surface.printBelow("riga");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !described.isEmpty(); }));
+  EXPECT_EQ(described, "riga\nriga\nriga");
+}
+
 TEST(SurfaceView, ItsTextsAreItsAccessibleDescription) {
   Surface surface("Messaggi", 100, 100, 10);
   const SurfaceView view(surface);
