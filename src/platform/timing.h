@@ -35,6 +35,8 @@ struct EventPump {
   /// Handles what the user and the timers have brought about; may sleep up to some milliseconds until there is
   /// something. Throws ProgramEnd once the program has been ended.
   virtual void process() = 0;
+  /// The same, but never sleeps: for loops that have work of their own and look at the flags between two pieces of it.
+  virtual void poll() { process(); }
 };
 
 /// Ends the program: thrown by an operation, it unwinds every operation that is under way. It is no std::exception, so

@@ -30,17 +30,21 @@ CalendarTime VirtualTime::localTime() const {
   return {date_.year, date_.month, date_.day, second / 3600, second / 60 % 60, second % 60};
 }
 
-void VirtualTime::process() {
+void VirtualTime::process() { moveOnBy(step_); }
+
+void VirtualTime::poll() { moveOnBy(0.0001); }
+
+void VirtualTime::moveOnBy(double step) {
   edge_.stopIfEnded();
-  now_ = std::max(now_, std::min(now_ + step_, nextDue()));
+  now_ = std::max(now_, std::min(now_ + step, nextDue(step)));
   if (onStep) onStep();
   runDueActs();
   fireDueTimers();
   edge_.stopIfEnded();
 }
 
-double VirtualTime::nextDue() const {
-  double next = acts_.empty() ? now_ + step_ : acts_.begin()->first;
+double VirtualTime::nextDue(double step) const {
+  double next = acts_.empty() ? now_ + step : acts_.begin()->first;
   for (const VirtualTimer* timer : timers_)
     if (timer->enabled_ && !timer->firing_) next = std::min(next, timer->due_);
   return next;

@@ -22,6 +22,7 @@ class VirtualTime : public Clock, public EventPump {
   [[nodiscard]] double seconds() const override { return now_; }
   [[nodiscard]] CalendarTime localTime() const override;
   void process() override;  ///< moves on by the step, or to the next due timer or act, and runs what is due
+  void poll() override;     ///< the same with a step of a tenth of a millisecond
 
   void at(double time, std::function<void()> act);  ///< once, when the clock reaches `time`
   void after(double delay, std::function<void()> act) { at(now_ + delay, std::move(act)); }
@@ -37,9 +38,10 @@ class VirtualTime : public Clock, public EventPump {
 
  private:
   friend class VirtualTimer;
+  void moveOnBy(double step);
   void runDueActs();
   void fireDueTimers();
-  [[nodiscard]] double nextDue() const;
+  [[nodiscard]] double nextDue(double step) const;
 
   OperationEdge& edge_;
   double now_ = 36'000;  // ten in the morning, as seconds since midnight
