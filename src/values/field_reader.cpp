@@ -1,5 +1,8 @@
 #include "values/field_reader.h"
 
+#include <cmath>
+#include <limits>
+
 #include "values/number_text.h"
 #include "values/runtime_error.h"
 
@@ -48,5 +51,12 @@ std::string readField(ByteSource& source) {
 }
 
 double readNumber(ByteSource& source) { return wholeNumber(readField(source)); }
+
+float readFloat(ByteSource& source) {
+  const double number = readNumber(source);
+  if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max()))
+    throw RuntimeError(Fault::overflow, "Numero troppo grande per un campo di 32 bit");
+  return static_cast<float>(number);
+}
 
 }  // namespace korvinel

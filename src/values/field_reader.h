@@ -37,6 +37,9 @@ class TextSource : public ByteSource {
 /// Reads one field as a number; a RuntimeError (input) if it is none.
 [[nodiscard]] double readNumber(ByteSource& source);
 
+/// Reads one field as a 32-bit number; also a RuntimeError (overflow) where it is beyond that format's range.
+[[nodiscard]] float readFloat(ByteSource& source);
+
 constexpr int longestField = 32'767;
 
 }  // namespace korvinel
