@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvinel {
+
+/// Data files for tests, put together by hand so that they do not depend on the program's own writer.
+namespace recordings {
+
+inline const std::string folder = "C:\\QUARVEL5\\DATAFILE\\";
+inline const std::string temporary = folder + "Tempor1.XXX";
+
+/// One channel record with every sample at `value`.
+inline std::string channelRecord(int value) { return std::string(256, static_cast<char>(value)) + "-\r\n"; }
+
+/// A block whose channels 1..4 are flat at `value`.
+inline std::string block(int value) {
+  std::string bytes;
+  for (int channel = 1; channel <= 4; ++channel) bytes += channelRecord(value);
+  return bytes;
+}
+
+using Notes = std::vector<std::pair<int, std::string>>;
+
+inline std::string header(const Notes& notes = {{1, "Nota: "}}, const std::string& tag = "V3") {
+  std::string bytes = "\"Rossi\",\"21/11/2026 " + tag + "\",\"4canali\"," + std::to_string(notes.size()) + "\r\n";
+  for (const auto& [time, text] : notes) bytes += std::to_string(time) + ",\"" + text + "\"\r\n";
+  return bytes;
+}
+
+/// The sample value of block n, 1 or more: always different from its neighbours', never a shunned byte.
+inline int levelOf(int block) { return 100 + block % 100; }
+
+/// A whole file of `blocks` flat blocks.
+inline std::string file(int blocks, const Notes& notes = {{1, "Nota: "}}) {
+  std::string bytes = header(notes);
+  for (int n = 1; n <= blocks; ++n) bytes += block(levelOf(n));
+  return bytes;
+}
+
+}  // namespace recordings
+}  // namespace korvinel
