@@ -36,6 +36,7 @@ void handleAcceptedBlock(MainState& state) {
   skipOnFault([&] { state.removeOcularArtefacts(); });
   skipOnFault([&] { state.drawCorrectedTraces(); });
   skipOnFault([&] { state.nameTraces(); });
+  skipOnFault([&] { state.appendBlockToTemp(); });
   skipOnFault([&] { state.analyseBlockSpectra(); });
   skipOnFault([&] { state.lowPassBlock(); });
   skipOnFault([&] { state.computeBlockCorrelation(); });

@@ -38,7 +38,9 @@ bool startIsAllowed(MainState& state) {
 }
 
 bool namesAreUsable(MainState& state) {
+  state.checkFileName();
   if (!inItalian(state)) return true;
+  if (state.fileNameExists == 1) return refuse(state, "Questo nome di file esiste gia'!Cambiare nome!");
   if (!state.window.subjectBox.text().empty()) return true;
   refuse(state, "Scrivere nome del soggetto!");
   state.window.subjectBox.requestFocus();
@@ -123,6 +125,7 @@ void MainState::endAcquisition() {
     if (recordingArmed == 1) startAcquisition();
     return;
   }
+  if (recordingActive == 1) endRecording();
   showEndOfRecording(*this);
   acquisitionRunning = 0;
   intervalSelectable = 1;

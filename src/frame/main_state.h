@@ -13,6 +13,9 @@
 
 namespace korvinel {
 
+/// A command that reads a data file.
+enum class FileCommand { none, open, replay };
+
 /// The main window's record. It lives as long as the window; its operations take no arguments and return nothing.
 /// Channels 1..4 are F1, F2, T5, T6; pairs 1..4 are F1-F2, T5-T6, F1-T5, F2-T6. Row 0 of channels and pairs is unused.
 /// Everything runs on the user-interface thread: a wait pumps events, so the flags are read again after it.
@@ -92,14 +95,21 @@ struct MainState {
 
   // Recordings: written by recording/
   Int16 noteCount = 0;
-  Bounded<float, 60> noteTimes;                     ///< [1..60], number of the block during which the note was begun
-  Bounded<std::string, 60> noteTexts;               ///< [1..60]
-  std::string fileVersionTag;                       ///< "V3" or "V4" of the opened file
-  std::string openFilePath;                         ///< "" when no file is open
-  std::string openFileTitle;                        ///< its name without folder
-  std::string lastOpenDir;                          ///< where the open dialog starts
-  Int16 displaySpeed = 6;                           ///< replay: blocks in 3 seconds, 1 or more
-  std::unique_ptr<platform::InputFile> readHandle;  ///< the data file being scanned or replayed
+  Bounded<float, 60> noteTimes;        ///< [1..60], number of the block during which the note was begun
+  Bounded<std::string, 60> noteTexts;  ///< [1..60]
+  std::string fileVersionTag;          ///< "V3" or "V4" of the opened file
+  std::string openFilePath;            ///< "" when no file is open
+  std::string openFileTitle;           ///< its name without folder
+  std::string lastOpenDir;             ///< where the open dialog starts
+  Int16 displaySpeed = 6;              ///< replay: blocks in 3 seconds, 1 or more
+  /// The data file being scanned or replayed. Whoever closes or replaces it ends the loop that reads from it.
+  std::shared_ptr<platform::InputFile> readHandle;
+  Int16 fileLoopRunning = 0;      ///< a scan or a replay is under way
+  FileCommand nextFileCommand{};  ///< given during a scan or a replay, to be run when that has ended
+  std::string temporaryContent;   ///< what the temporary file is to hold: header line and blocks so far, as bytes
+  int temporaryWritten = 0;       ///< so many bytes of it are known to stand in the file
+  std::string recordingFault;     ///< the first write that failed since recording began; "" = none
+  std::string setAsidePath;       ///< where a temporary file went that was not to be deleted; "" = nowhere
 
   // Displays: written by display/
   Int16 microvoltScale = 60;  ///< full scale of the spectrum panels, microvolts
@@ -173,24 +183,37 @@ struct MainState {
   // analysis/band_panel.cpp
   void showBandPeaks();
 
-  // recording/data_file.cpp, recording/temporary_file.cpp
+  // recording/temporary_file.cpp
+  /// Creates the temporary file with its header line; one that a crash has left with blocks in it is set aside first.
+  /// A RuntimeError (output) where the file cannot be written.
   void createTempFile();
+  /// Rounds the block in `sampleBlock` to what a file can hold and, while recording, appends it. A failing write is
+  /// told in the status label and made good with the next block if possible.
   void appendBlockToTemp();
+
+  // recording/data_file.cpp
+  /// Writes the data file from the header values, the notes and the temporary file, which is then deleted, or set aside
+  /// if any write has failed. Failing steps are skipped; the first cause stays in `recordingFault`.
   void assembleDataFile();
-  void readFileHeader();  ///< from `readHandle`
-  void readFileBlock();   ///< from `readHandle` into `sampleBlock`
+  /// From `readHandle`; sets the subject, the date, the tag, the notes and, for the 50 Hz label, `headerText1` to the
+  /// date field. All or nothing: a RuntimeError leaves them as they were.
+  void readFileHeader();
+  /// From `readHandle` into `sampleBlock`, by `fileVersionTag`; with another tag than V3 or V4 nothing is read.
+  void readFileBlock();
 
   // recording/recording_control.cpp
-  void checkFileName();  ///< sets `fileNameExists`
-  void startRecording();
-  void endRecording();
-  void beginNote();
-  void noteKey(int key);
+  void checkFileName();   ///< sets `fileNameExists`
+  void startRecording();  ///< "Registra"
+  void endRecording();    ///< at the end of an acquisition
+  void beginNote();       ///< "Annota": counts and stamps a note, and opens the note box
+  void noteKey(int key);  ///< a key in the note box; Enter (13) takes the note's text
 
-  // recording/file_opening.cpp, recording/replay.cpp
-  void openDataFile();
-  void startBlockChanged();
-  void replayFile();
+  // recording/file_opening.cpp
+  void openDataFile();       ///< "Apri File": reads a whole file through the analysis and shows its summary
+  void startBlockChanged();  ///< the slider was moved
+
+  // recording/replay.cpp
+  void replayFile();  ///< "Display": shows a file block by block from the slider's position
 
   // display/window_layout.cpp
   void drawGraphFrames();    ///< the two layout operations below, at the start of an acquisition
@@ -205,9 +228,9 @@ struct MainState {
   void drawSpectrumDisplay();
 
   // display/interval_selection.cpp
-  void stripPressed(float x);
+  void stripPressed(float x);  ///< x in strip units (seconds), 3 a block; nothing happens without data in memory
   void stripMoved(float x);
-  void stripReleased(float x);
+  void stripReleased(float x);  ///< sets the interval for the report
 
   // display/screen_print.cpp
   void printCommand();

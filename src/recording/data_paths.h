@@ -1,0 +1,8 @@
+#pragma once
+
+namespace korvinel {
+
+constexpr auto dataFolder = "C:\\QUARVEL5\\DATAFILE\\";
+constexpr auto temporaryPath = "C:\\QUARVEL5\\DATAFILE\\Tempor1.XXX";
+
+}  // namespace korvinel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "frame/main_state.h"
+
+namespace korvinel {
+
+/// What keeps a recording from being lost where a disk fails: every writing step runs through attemptWrite, and a
+/// temporary file that may hold what the data file lacks is renamed instead of deleted.
+
+/// Runs one step of recording or assembling; a fault skips it, and the first cause is kept in `recordingFault`. Returns
+/// whether the step went through.
+bool attemptWrite(MainState& state, const std::function<void()>& step);
+
+/// Writes to the temporary file what is not yet in it. After a write that failed part of the way the next one goes on
+/// at the very byte, so that no channel record is ever shifted; a file that has vanished is written anew. A
+/// RuntimeError (output) where it fails again.
+void completeTemporaryFile(MainState& state);
+
+/// Whether a temporary file is there that holds more than its header line.
+[[nodiscard]] bool leftOverTemporaryFile(platform::Files& files);
+
+/// Gives the temporary file a name with date and time. Returns its new path; a RuntimeError (output) if it cannot be
+/// renamed.
+std::string setTemporaryFileAside(MainState& state);
+
+/// As above, but never throws: what cannot be renamed stays where it is, and of a file that has vanished the content is
+/// written again from memory. Returns where the data are now, "" if nowhere.
+std::string keepRecordedData(MainState& state);
+
+/// Tells the user what failed while recording or assembling and where the data are; nothing if nothing failed.
+void tellRecordingFault(MainState& state);
+
+}  // namespace korvinel

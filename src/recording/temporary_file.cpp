@@ -1,0 +1,39 @@
+#include "frame/main_state.h"
+#include "platform/dialogs.h"
+#include "recording/channel_record.h"
+#include "recording/data_paths.h"
+#include "recording/record_line.h"
+#include "recording/safe_keeping.h"
+
+namespace korvinel {
+namespace {
+
+constexpr int blocksPerSynchronising = 5;
+
+void synchronise(MainState& state) { state.host.files.openForAppending(temporaryPath)->synchronise(); }
+
+}  // namespace
+
+void MainState::createTempFile() {
+  setAsidePath.clear();
+  if (leftOverTemporaryFile(host.files)) setAsidePath = setTemporaryFileAside(*this);
+  temporaryContent = temporaryHeaderLine(shared.subjectName, recordingDate);
+  temporaryWritten = 0;
+  recordingFault.clear();
+  host.files.create(temporaryPath)->write(temporaryContent);
+  temporaryWritten = static_cast<int>(temporaryContent.size());
+}
+
+void MainState::appendBlockToTemp() {
+  if (recordingActive != 1) return;
+  for (int channel = 1; channel <= 4; ++channel) temporaryContent += takeChannelRecord(sampleBlock[channel]);
+  const bool written = attemptWrite(*this, [&] {
+    completeTemporaryFile(*this);
+    if (blockCount % blocksPerSynchronising == 0) synchronise(*this);
+  });
+  if (written) return;
+  window.statusLabel.setInk(platform::Colour::lightRed);
+  window.statusLabel.setText("Errore di scrittura su disco!");
+}
+
+}  // namespace korvinel
