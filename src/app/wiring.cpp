@@ -23,8 +23,19 @@ void tieControls(MainState& state, platform::OperationEdge& edge) {
   window.Artefact.onPressed = on(&MainState::editArtefactThreshold);
   window.Analisi.onPressed = on(&MainState::openReport);
   window.Stampa.onPressed = on(&MainState::printCommand);
+  window.Registra.onPressed = on(&MainState::startRecording);
+  window.Annotax.onPressed = on(&MainState::beginNote);
+  window.noteBox.onKey = [&state, &edge](int key) { edge.run([&] { state.noteKey(key); }); };
+  window.Openx.onPressed = on(&MainState::openDataFile);
+  window.Displayx.onPressed = on(&MainState::replayFile);
+  window.Slider1.onMoved = on(&MainState::startBlockChanged);
   window.HScroll1.onMoved = on(&MainState::amplitudeScaleMoved);
   window.HScroll2.onMoved = on(&MainState::displaySpeedMoved);
+  const auto onStrip = [&](void (MainState::*operation)(float)) {
+    return [&state, &edge, operation](float x) { edge.run([&] { (state.*operation)(x); }); };
+  };
+  window.stripPointer = {onStrip(&MainState::stripPressed), onStrip(&MainState::stripMoved),
+                         onStrip(&MainState::stripReleased)};
   state.host.tickTimer.onElapsed = on(&MainState::acquisitionTick);
   state.host.pauseTimer.onElapsed = on(&MainState::pauseElapsed);
 }

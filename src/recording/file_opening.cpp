@@ -1,0 +1,201 @@
+#include "frame/main_state.h"
+#include "platform/dialogs.h"
+#include "platform/operation_edge.h"
+#include "recording/file_loop.h"
+#include "values/number_text.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+using platform::skipOnFault;
+
+constexpr int blockLimit = 200;
+
+void leaveOpenFile(MainState& state) {
+  state.window.startPicture.setVisible(false);
+  state.openFilePath.clear();
+  state.openFileTitle.clear();
+  state.intervalSelectable = state.replayActive = state.acquisitionRunning = 0;
+  state.readHandle.reset();
+  state.window.Slider1.setValue(0);
+  state.artefactThreshold = 130;
+}
+
+void noFileChosen(MainState& state) {
+  state.openFilePath.clear();
+  state.openFileTitle.clear();
+  state.acquisitionRunning = 0;
+  state.window.messagePanel.clear();
+}
+
+/// The name behind the folder. A backslash is a letter in the paths of some hosts.
+std::string titleOf(const std::string& path) {
+  const std::size_t separator = path.find_last_of(path.starts_with('/') ? "/" : "\\/");
+  return separator == std::string::npos ? path : path.substr(separator + 1);
+}
+
+bool chooseFile(MainState& state) {
+  state.openFilePath = state.host.dialogs.chooseFile(state.lastOpenDir, "(*.QVD)|*.QVD|");
+  state.openFileTitle = titleOf(state.openFilePath);
+  if (state.openFilePath.empty()) return false;
+  state.lastOpenDir = state.openFilePath.substr(0, state.openFilePath.size() - state.openFileTitle.size());
+  return true;
+}
+
+void announceReading(MainState& state) {
+  auto& panel = state.window.messagePanel;
+  panel.clear();
+  panel.box(10, 10, 120, 30, Colour::yellow);
+  panel.printAt(12, 12, panel.ink(), " Attendere lettura file...");
+}
+
+/// Opens the file and reads what stands before its samples; says so where that cannot be done.
+bool readBeginning(MainState& state) {
+  try {
+    state.readHandle = state.host.files.openForReading(state.openFilePath);
+    state.readFileHeader();
+    return true;
+  } catch (const RuntimeError& fault) {
+    state.readHandle.reset();
+    state.host.dialogs.notice("Impossibile leggere il file " + state.openFileTitle + "!\r" + fault.what());
+    return false;
+  }
+}
+
+void showHeader(MainState& state) {
+  MainWindow& window = state.window;
+  window.blockLabel.setText(state.fileVersionTag);
+  window.dateLabel.setText("Data=" + state.recordingDate);
+  window.fileNameBox.setText(state.openFileTitle);
+  window.subjectBox.setText(state.shared.subjectName);
+}
+
+/// Clears the analysis for the new file. The notes are the file's own by now and stay, so that they can be marked on
+/// the time strip.
+void resetForScan(MainState& state) {
+  const auto times = state.noteTimes;
+  const auto texts = state.noteTexts;
+  skipOnFault([&] { state.resetAnalysis(); });
+  state.noteTimes = times;
+  state.noteTexts = texts;
+  state.acquisitionRunning = 1;
+  state.intervalSelectable = state.stopRequested = state.blockCount = 0;
+  ProgramValues& shared = state.shared;
+  shared.analysisFirstBlock = shared.analysisLastBlock = shared.replayStartBlock = shared.fileBlockCount = 0;
+}
+
+void analyseScannedBlock(MainState& state) {
+  skipOnFault([&] { state.computeComplexSpectra(); });
+  skipOnFault([&] { state.lowPassBlock(); });
+  skipOnFault([&] { state.removeOcularArtefacts(); });
+  skipOnFault([&] { state.analyseBlockSpectra(); });
+  skipOnFault([&] { state.computeBlockCorrelation(); });
+  skipOnFault([&] { state.computeCoherence(); });
+}
+
+enum class ScanResult { finished, stopped, fileGone };
+
+/// Reads and analyses up to the file's end or the block limit.
+ScanResult scanBlocks(MainState& state) {
+  FileLoop loop(state);
+  do {
+    if (!loop.poll()) return ScanResult::fileGone;
+    state.blockCount += 1;
+    if (state.blockCount >= blockLimit) return ScanResult::finished;
+    state.window.blockLabel.setText(std::to_string(state.blockCount));
+    skipOnFault([&] { state.readFileBlock(); });
+    analyseScannedBlock(state);
+    if (state.endRequested == 1) throw platform::ProgramEnd{};
+    if (state.stopRequested == 1) return ScanResult::stopped;
+  } while (!loop.atEnd());
+  return ScanResult::finished;
+}
+
+void handBlockRangeOn(MainState& state) {
+  // One less than was read: the last block, which may be cut off, is not counted.
+  state.blockCount -= 1;
+  state.shared.replayStartBlock = 1;
+  state.shared.fileBlockCount = state.blockCount;
+  state.intervalSelectable = 1;
+  state.acquisitionRunning = state.selectionDragging = 0;
+  state.shared.analysisFirstBlock = 1;
+  state.shared.analysisLastBlock = state.shared.fileBlockCount;
+}
+
+void printSummary(MainState& state) {
+  auto& panel = state.window.messagePanel;
+  const auto print = [&](Colour ink, std::initializer_list<std::string> lines) {
+    panel.setInk(ink);
+    for (const std::string& line : lines) panel.print(line);
+  };
+  panel.clear();
+  panel.printAt(2, 20, panel.ink(), " ");
+  print(panel.ink(), {" Nome file=" + state.openFileTitle, " Nome soggetto=" + state.shared.subjectName,
+                      " Data registrazione=" + state.recordingDate,
+                      " Lunghezza file=" + signedText(state.shared.fileBlockCount) + " bloks", " "});
+  print(Colour::lightRed,
+        {" E' possibile anche iniziare a leggere da un punto", " qualsiasi del file spostando lo slider in basso,",
+         " Premere Display per cominciare lettura file...", " oppure Analisi Finale...", " "});
+  print(Colour::blue,
+        {" E' possibile inoltre selezionare col mouse", " un intervallo di dati qualsiasi, basta premere",
+         " col mouse sul punto iniziale del grafico sotto,", " e rilasciare sul punto finale, poi premere ",
+         " il tasto Analisi.", " Si puo' cosi' avere una analisi quantitativa."});
+  panel.setInk(Colour::black);
+}
+
+void showScannedFile(MainState& state) {
+  const int blocks = state.shared.fileBlockCount;
+  state.window.blockLabel.setText("Totale=" + std::to_string(blocks * 3) + "s");
+  skipOnFault([&] { state.drawCoherenceGraph(); });
+  skipOnFault([&] { state.summariseSynchrony(); });
+  skipOnFault([&] { state.drawSpectrumDisplay(); });
+  state.window.zLabel.setText("Z1=" + std::to_string(state.shared.replayStartBlock) + "  Z2=" + std::to_string(blocks));
+  state.window.noteBox.setEnabled(true);
+  state.shared.dataFileName = state.openFileTitle;
+  printSummary(state);
+}
+
+void showThatItWasStopped(MainState& state) {
+  state.window.messagePanel.clear();
+  state.window.messagePanel.printAt(2, 20, Colour::black, " Lettura interrotta.");
+}
+
+}  // namespace
+
+bool openingIsAllowed(MainState& state) {
+  if (state.acquisitionRunning != 1 && !state.acquisitionPending()) return true;
+  state.host.dialogs.notice("Prima premere Stop!");
+  return false;
+}
+
+void openChosenFile(MainState& state) {
+  leaveOpenFile(state);
+  if (!chooseFile(state)) return noFileChosen(state);
+  announceReading(state);
+  if (!readBeginning(state)) return noFileChosen(state);
+  showHeader(state);
+  resetForScan(state);
+  const ScanResult result = scanBlocks(state);
+  if (result == ScanResult::stopped) showThatItWasStopped(state);
+  if (result != ScanResult::finished) return;
+  handBlockRangeOn(state);
+  showScannedFile(state);
+}
+
+void MainState::openDataFile() { runFileCommand(*this, FileCommand::open); }
+
+void MainState::startBlockChanged() {
+  shared.replayStartBlock = window.Slider1.value();
+  if (shared.replayStartBlock > shared.fileBlockCount) {
+    shared.replayStartBlock = shared.fileBlockCount;
+    window.Slider1.setValue(shared.fileBlockCount);
+  }
+  window.replayPositionLabel.setText(std::to_string(shared.replayStartBlock));
+  if (intervalSelectable != 1) return;
+  blockCount = shared.replayStartBlock;
+  drawSpectrumDisplay();
+  showBandPeaks();
+}
+
+}  // namespace korvinel

@@ -1,0 +1,129 @@
+#include <algorithm>
+
+#include "frame/main_state.h"
+#include "platform/dialogs.h"
+#include "recording/file_loop.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+
+bool refuse(MainState& state, const char* message) {
+  state.host.dialogs.notice(message);
+  return false;
+}
+
+void openForReplay(MainState& state) {
+  state.readHandle = state.host.files.openForReading(state.openFilePath);
+  try {
+    state.readFileHeader();
+  } catch (...) {
+    state.readHandle.reset();
+    throw;
+  }
+  state.window.blockLabel.setText(state.fileVersionTag);
+  state.window.dateLabel.setText("Data=" + state.recordingDate);
+}
+
+void beginReplay(MainState& state) {
+  state.blockCount = state.stopRequested = state.acquisitionRunning = 0;
+  state.replayActive = 1;
+  state.window.noteBox.setText("");
+}
+
+/// Skips blocks up to the start block, which is skipped too: only from block 1 on is the chosen block the first shown.
+void skipToStartBlock(MainState& state, FileLoop& loop) {
+  if (state.shared.replayStartBlock <= 1) return;
+  do {
+    if (!loop.poll()) return;
+    state.readFileBlock();
+    if (loop.atEnd()) return;
+    state.blockCount += 1;
+  } while (state.blockCount != state.shared.replayStartBlock);
+}
+
+void showBlock(MainState& state) {
+  state.readFileBlock();
+  state.removeOcularArtefacts();
+  state.drawRawTraces();
+  state.analyseBlockSpectra();
+  state.drawSpectrumDisplay();
+  state.showBandPeaks();
+}
+
+bool leaves(const MainState& state, const FileLoop& loop) {
+  return state.endRequested == 1 || state.stopRequested == 1 || state.printRequested == 1 || loop.atEnd();
+}
+
+/// A block stands for three seconds. The speed may change meanwhile. Returns whether the file is still there.
+bool pace(MainState& state, const FileLoop& loop) {
+  const double start = state.timerMark = state.host.clock.seconds();
+  while (state.host.clock.seconds() - start < 3.0 / std::max<int>(state.displaySpeed, 1)) {
+    state.host.events.process();
+    if (loop.fileGone()) return false;
+  }
+  return true;
+}
+
+void showBlocks(MainState& state, FileLoop& loop) {
+  while (loop.poll()) {
+    state.blockCount += 1;
+    showBlock(state);
+    if (leaves(state, loop)) return;
+    state.window.replayPositionLabel.setText(std::to_string(state.blockCount));
+    state.window.Slider1.setValue(state.blockCount);
+    if (!pace(state, loop)) return;
+  }
+}
+
+/// Runs the replay; returns false where another command has taken the file away.
+bool replayBlocks(MainState& state) {
+  FileLoop loop(state);
+  skipToStartBlock(state, loop);
+  if (!loop.fileGone()) showBlocks(state, loop);
+  return !loop.fileGone();
+}
+
+void actOnRequests(MainState& state) {
+  if (state.printRequested == 1) state.printScreen();
+  if (state.endRequested == 1) throw platform::ProgramEnd{};
+  if (state.stopRequested == 1) state.window.firstTrace.printAt(1, 1, Colour::white, "Stop data...");
+}
+
+void rewind(MainState& state) {
+  state.shared.replayStartBlock = 1;
+  state.window.Slider1.setValue(1);
+  state.acquisitionRunning = state.stopRequested = 0;
+  state.shared.analysisFirstBlock = 1;
+  state.shared.analysisLastBlock = state.shared.fileBlockCount;
+}
+
+}  // namespace
+
+bool replayIsAllowed(MainState& state) {
+  if (state.shared.languageFlag != "Ita") return true;
+  if (state.openFilePath.empty()) return refuse(state, "Prima aprire un file!");
+  if (state.acquisitionRunning == 1) return refuse(state, "Premere prima Stop!");
+  return true;
+}
+
+void replayOpenFile(MainState& state) {
+  state.shared.replayStartBlock = state.window.Slider1.value();
+  if (state.shared.replayStartBlock > state.shared.fileBlockCount) return rewind(state);
+  openForReplay(state);
+  beginReplay(state);
+  try {
+    if (!replayBlocks(state)) return;
+  } catch (const RuntimeError& fault) {
+    rewind(state);
+    throw RuntimeError(fault.fault,
+                       "La lettura si e' fermata al blocco " + std::to_string(state.blockCount) + ".\r" + fault.what());
+  }
+  actOnRequests(state);
+  rewind(state);
+}
+
+void MainState::replayFile() { runFileCommand(*this, FileCommand::replay); }
+
+}  // namespace korvinel
