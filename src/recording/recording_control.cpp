@@ -1,5 +1,5 @@
-#include "device/waiting.h"
 #include "frame/main_state.h"
+#include "frame/waiting.h"
 #include "platform/dialogs.h"
 #include "recording/data_paths.h"
 #include "recording/file_header.h"

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "headless_program.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+using platform::Mark;
+
+struct Strip : HeadlessProgram {
+  explicit Strip(int blocks = 57) {
+    state.startUp();
+    state.intervalSelectable = 1;
+    shared.fileBlockCount = blocks;
+  }
+  void drag(float from, float to) {
+    window.stripPointer.onPressed(from);
+    window.stripPointer.onMoved(to);
+    window.stripPointer.onReleased(to);
+  }
+};
+
+TEST(IntervalSelection, MapsPositionsToBlocksCoarsely) {
+  struct Case {
+    float from, to;
+    int first, last;
+    const char* label;
+  };
+  const Case cases[] = {
+      {0, 30, 1, 10, "Intervallo=30s"}, {0.9F, 30.9F, 1, 10, "Intervallo=30s"}, {5, 32, 1, 10, "Intervallo=30s"},
+      {6, 33, 2, 11, "Intervallo=30s"}, {9, 9, 3, 3, "Intervallo=3s"},          {30, 9, 10, 3, "Intervallo=-18s"},
+      {12, 9, 4, 3, "Intervallo=0s"},   {100, 599, 33, 57, "Intervallo=75s"},   {171, 171, 57, 57, "Intervallo=3s"},
+      {20, 2, 6, 0, "Intervallo=-15s"}, {20, -0.5F, 6, -1, "Intervallo=-18s"}};
+  for (const Case& c : cases) {
+    Strip strip;
+    strip.drag(c.from, c.to);
+    EXPECT_EQ(strip.shared.analysisFirstBlock, c.first) << c.from << " " << c.to;
+    EXPECT_EQ(strip.shared.analysisLastBlock, c.last) << c.from << " " << c.to;
+    EXPECT_EQ(strip.window.dateLabel.text(), c.label) << c.from << " " << c.to;
+  }
+}
+
+TEST(IntervalSelection, APressBeyondTheDataSelectsEverything) {
+  Strip strip;
+  strip.drag(172, 100);
+  EXPECT_EQ(strip.shared.analysisFirstBlock, 1);
+  EXPECT_EQ(strip.shared.analysisLastBlock, 57);
+  EXPECT_EQ(strip.window.dateLabel.text(), "Intervallo non valido");
+}
+
+TEST(IntervalSelection, DrawsTheBarOverAnErasedOne) {
+  Strip strip;
+  strip.window.Picture6.clear();
+  strip.drag(30, 300);
+  const std::vector<Mark> expected = {{Mark::Kind::box, Colour::white, 0, 1, 600, 2},
+                                      {Mark::Kind::box, Colour::lightRed, 30, 1, 300, 2},
+                                      {Mark::Kind::box, Colour::lightRed, 30, 1, 171, 2}};
+  EXPECT_EQ(strip.window.Picture6.marks(), expected);
+}
+
+TEST(IntervalSelection, LongerBarsStayWhileDraggingBack) {
+  Strip strip;
+  strip.window.Picture6.clear();
+  strip.window.stripPointer.onPressed(30);
+  strip.window.stripPointer.onMoved(90);
+  strip.window.stripPointer.onMoved(60);
+  EXPECT_EQ(strip.window.Picture6.marks().size(), 3U);
+}
+
+TEST(IntervalSelection, MovesAndReleasesCountOnlyAfterAPress) {
+  Strip strip;
+  strip.shared.analysisFirstBlock = 7;
+  strip.window.stripPointer.onMoved(60);
+  strip.window.stripPointer.onReleased(90);
+  EXPECT_EQ(strip.shared.analysisFirstBlock, 7);
+  EXPECT_EQ(strip.state.selectionEndX, 0);
+}
+
+TEST(IntervalSelection, NothingHappensWithoutDataInMemory) {
+  Strip strip;
+  strip.state.intervalSelectable = 0;
+  const auto marks = strip.window.Picture6.marks();
+  strip.drag(0, 30);
+  EXPECT_EQ(strip.shared.analysisLastBlock, 0);
+  EXPECT_EQ(strip.window.Picture6.marks(), marks);
+  EXPECT_EQ(strip.state.selectionDragging, 0);
+}
+
+TEST(IntervalSelection, APositionBeyond16BitsIsAFaultAndChangesNothing) {
+  for (const float x : {1e6F, -1e6F, std::numeric_limits<float>::quiet_NaN()}) {
+    Strip strip;
+    strip.drag(x, x);
+    EXPECT_FALSE(strip.host.faults.empty()) << x;
+    EXPECT_EQ(strip.state.selectionDragging, 0) << x;
+    EXPECT_EQ(strip.shared.analysisLastBlock, 0) << x;
+  }
+}
+
+}  // namespace
+}  // namespace korvinel

@@ -1,0 +1,236 @@
+#include <gtest/gtest.h>
+
+#include "opened_file.h"
+
+namespace korvinel {
+namespace {
+
+std::vector<int> levels(int first, int last) {
+  std::vector<int> expected;
+  for (int block = first; block <= last; ++block) expected.push_back(recordings::levelOf(block));
+  return expected;
+}
+
+/// An opened file of ten blocks, nine of them counted, replayed at twenty times the speed.
+struct OpenedProgram : FileProgram {
+  explicit OpenedProgram(int blocks = 10) : FileProgram(recordings::file(blocks)) {
+    open();
+    shown.clear();
+    window.HScroll2.moveTo(20);
+  }
+  void replayFrom(int block) {
+    window.Slider1.moveTo(block);
+    window.Displayx.press();
+  }
+};
+
+TEST(Replay, StartValuesBeyond1AreSkippedToo) {
+  struct Case {
+    int start, firstShown, lastShown;
+  };
+  const Case cases[] = {{0, 1, 10}, {1, 1, 10}, {2, 3, 10}, {7, 8, 10}, {9, 10, 10}};
+  for (const auto& [start, first, last] : cases) {
+    OpenedProgram program;
+    program.replayFrom(start);
+    EXPECT_EQ(program.shown, levels(first, last)) << start;
+    EXPECT_TRUE(program.host.faults.empty());
+  }
+}
+
+TEST(Replay, BeyondTheEndIsPulledBackToTheLastCountedBlock) {
+  OpenedProgram program;
+  program.replayFrom(150);
+  EXPECT_EQ(program.shown, levels(10, 10));
+}
+
+TEST(Replay, AStartBlockSetBeyondTheDataOnlyRewinds) {
+  OpenedProgram program;
+  program.window.Slider1.setValue(50);
+  program.state.stopRequested = 1;
+  program.window.Displayx.press();
+  EXPECT_TRUE(program.shown.empty());
+  EXPECT_EQ(program.window.Slider1.value(), 1);
+  EXPECT_EQ(program.state.stopRequested, 0);
+  EXPECT_EQ(program.state.replayActive, 0);
+}
+
+TEST(Replay, ShowsEachBlockForThreeSecondsDividedByTheSpeed) {
+  for (const int speed : {1, 2, 6, 20}) {
+    OpenedProgram program;
+    program.window.HScroll2.moveTo(speed);
+    std::vector<double> times;
+    program.window.replayPositionLabel.onChanged = [&] { times.push_back(program.host.time.seconds()); };
+    program.window.Displayx.press();
+    ASSERT_EQ(times.size(), 9U);
+    for (std::size_t i = 1; i < times.size(); ++i) EXPECT_NEAR(times[i] - times[i - 1], 3.0 / speed, 0.011) << speed;
+  }
+}
+
+TEST(Replay, AChangeOfSpeedActsOnTheBlockBeingShown) {
+  OpenedProgram program;
+  program.window.HScroll2.moveTo(1);
+  const double start = program.host.time.seconds();
+  program.host.time.after(0.1, [&] { program.window.HScroll2.moveTo(20); });
+  program.window.Displayx.press();
+  EXPECT_LT(program.host.time.seconds() - start, 0.2 + 9 * 0.17);
+}
+
+TEST(Replay, MovesTheSliderAndRewindsInTheEnd) {
+  OpenedProgram program;
+  std::vector<int> positions;
+  program.window.Slider1.onChanged = [&] { positions.push_back(program.window.Slider1.value()); };
+  program.shared.analysisFirstBlock = 4;
+  program.shared.analysisLastBlock = 6;
+  program.window.noteBox.setText("x");
+  program.window.Displayx.press();
+  EXPECT_EQ(positions, (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8, 9, 1}));
+  EXPECT_EQ(program.shared.replayStartBlock, 1);
+  EXPECT_EQ(program.shared.analysisFirstBlock, 1);
+  EXPECT_EQ(program.shared.analysisLastBlock, 9);
+  EXPECT_EQ(program.state.replayActive, 1);
+  EXPECT_EQ(program.state.intervalSelectable, 1);
+  EXPECT_EQ(program.window.noteBox.text(), "");
+  EXPECT_EQ(program.window.blockLabel.text(), "V3");
+  EXPECT_EQ(program.window.dateLabel.text(), "Data=21/11/2026 ");
+}
+
+TEST(Replay, StopIsAnsweredAfterTheNextBlockAndSaid) {
+  OpenedProgram program;
+  program.host.time.when([&] { return program.window.replayPositionLabel.text() == "4"; },
+                         [&] { program.window.Stopd1.press(); });
+  program.window.Displayx.press();
+  EXPECT_EQ(program.shown, levels(1, 5));
+  EXPECT_TRUE(program.window.firstTrace.shows("Stop data..."));
+  EXPECT_EQ(program.state.stopRequested, 0);
+  EXPECT_EQ(program.state.readHandle, nullptr);
+}
+
+TEST(Replay, EndDuringTheReplayEndsTheProgramAtOnce) {
+  OpenedProgram program;
+  program.host.time.after(0.4, [&] { program.window.Endx1.press(); });
+  program.window.Displayx.press();
+  EXPECT_TRUE(program.host.edge.ended());
+  EXPECT_EQ(program.shown, levels(1, 3));
+}
+
+TEST(Replay, AnEndThatWasAskedForEndsTheProgramAfterTheFirstBlock) {
+  OpenedProgram program;
+  program.state.endRequested = 1;
+  program.window.Displayx.press();
+  EXPECT_TRUE(program.host.edge.ended());
+  EXPECT_EQ(program.shown, levels(1, 1));
+}
+
+TEST(Replay, APendingPrintLeavesAfterOneBlock) {
+  OpenedProgram program;
+  program.state.printRequested = 1;
+  program.window.Displayx.press();
+  EXPECT_EQ(program.shown, levels(1, 1));
+}
+
+TEST(Replay, NeedsAnOpenFile) {
+  HeadlessProgram program;
+  program.state.startUp();
+  program.window.Displayx.press();
+  ASSERT_EQ(program.host.dialogs.shown.size(), 1U);
+  EXPECT_EQ(program.host.dialogs.shown[0].text, "Prima aprire un file!");
+}
+
+TEST(Replay, IsRefusedDuringTheScan) {
+  FileProgram program(recordings::file(50));
+  program.host.time.when([&] { return program.state.blockCount == 7; }, [&] { program.window.Displayx.press(); });
+  program.open();
+  EXPECT_EQ(program.host.dialogs.shown.back().text, "Premere prima Stop!");
+  EXPECT_EQ(program.shared.fileBlockCount, 49);
+}
+
+TEST(Replay, AFileThatVanishedIsAFaultThatLeavesTheStateUsable) {
+  OpenedProgram program;
+  program.host.files.content.erase(program.path);
+  program.window.Displayx.press();
+  ASSERT_EQ(program.host.faults.size(), 1U);
+  EXPECT_EQ(program.state.replayActive, 0);
+  EXPECT_EQ(program.state.fileLoopRunning, 0);
+}
+
+TEST(Replay, OfALongFileEndsWhereTheHistoriesEnd) {
+  OpenedProgram program(250);
+  program.replayFrom(190);
+  ASSERT_EQ(program.host.faults.size(), 1U);
+  EXPECT_EQ(program.host.faults[0], "La lettura si e' fermata al blocco 203.\rIndice fuori dai limiti");
+  EXPECT_EQ(program.window.Slider1.value(), 1);
+  EXPECT_EQ(program.state.readHandle, nullptr);
+  EXPECT_EQ(program.state.fileLoopRunning, 0);
+}
+
+TEST(Replay, AnUnknownTagRunsUntilStop) {
+  FileProgram program(recordings::header({{1, "n"}}, "V9") + recordings::block(100));
+  program.open();
+  program.window.HScroll2.moveTo(20);
+  program.host.time.after(5, [&] { program.window.Stopd1.press(); });
+  program.window.Displayx.press();
+  EXPECT_TRUE(program.window.firstTrace.shows("Stop data..."));
+  EXPECT_TRUE(program.host.faults.empty());
+}
+
+TEST(Replay, DisplayDuringAReplayBeginsAnew) {
+  OpenedProgram program;
+  program.host.time.when([&] { return program.window.replayPositionLabel.text() == "4"; },
+                         [&] {
+                           program.window.Slider1.setValue(7);
+                           program.window.Displayx.press();
+                         });
+  program.window.Displayx.press();
+  std::vector<int> expected = levels(1, 4);
+  for (const int level : levels(8, 10)) expected.push_back(level);
+  EXPECT_EQ(program.shown, expected);
+  EXPECT_EQ(program.state.fileLoopRunning, 0);
+}
+
+TEST(Replay, AnotherFileCanBeOpenedAtAnyMoment) {
+  for (int press = 0; press < 60; ++press) {
+    OpenedProgram program;
+    program.host.files.content[recordings::folder + "altro.QVD"] = recordings::file(30);
+    program.host.dialogs.files.push_back(recordings::folder + "altro.QVD");
+    program.host.time.after(press * 0.03, [&] { program.window.Openx.press(); });
+    program.window.Displayx.press();
+    program.host.time.runFor(2);
+    EXPECT_EQ(program.shared.fileBlockCount, 29) << press;
+    EXPECT_EQ(program.window.blockLabel.text(), "Totale=87s") << press;
+    EXPECT_EQ(program.state.openFileTitle, "altro.QVD") << press;
+    EXPECT_EQ(program.state.replayActive, 0) << press;
+    EXPECT_EQ(program.state.fileLoopRunning, 0) << press;
+    EXPECT_TRUE(program.host.faults.empty()) << press;
+  }
+}
+
+TEST(Replay, CancellingTheDialogDuringAReplayLeavesNoFileOpen) {
+  OpenedProgram program;
+  program.host.time.after(0.4, [&] { program.window.Openx.press(); });
+  program.window.Displayx.press();
+  EXPECT_EQ(program.state.openFilePath, "");
+  EXPECT_EQ(program.state.intervalSelectable, 0);
+  EXPECT_EQ(program.state.readHandle, nullptr);
+  EXPECT_TRUE(program.host.faults.empty());
+}
+
+TEST(Replay, StartIsRefusedUntilStopAndThenBeginsAnAcquisition) {
+  OpenedProgram program;
+  program.window.fileNameBox.type("nuovo");
+  program.host.time.after(0.3, [&] { program.window.Starts1.press(); });
+  program.host.time.after(0.4, [&] {
+    EXPECT_EQ(program.host.dialogs.shown.back().text, "Premere prima Stop!");
+    program.window.Stopd1.press();
+    program.window.Starts1.press();
+  });
+  program.window.Displayx.press();
+  EXPECT_EQ(program.state.acquisitionRunning, 1);
+  EXPECT_EQ(program.state.openFilePath, "");
+  EXPECT_EQ(program.state.fileLoopRunning, 0);
+  program.acquireBlocks(3);
+  EXPECT_EQ(program.state.blockCount, 3);
+  EXPECT_TRUE(program.host.faults.empty());
+}
+
+}  // namespace
+}  // namespace korvinel
