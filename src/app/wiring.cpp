@@ -1,6 +1,7 @@
 #include "app/wiring.h"
 
 #include "platform/timing.h"
+#include "recording/safe_keeping.h"
 
 namespace korvinel {
 namespace {
@@ -36,6 +37,7 @@ void tieControls(MainState& state, platform::OperationEdge& edge) {
   };
   window.stripPointer = {onStrip(&MainState::stripPressed), onStrip(&MainState::stripMoved),
                          onStrip(&MainState::stripReleased)};
+  edge.beforeEnd = [&state] { bringRecordingHome(state); };
   state.host.tickTimer.onElapsed = on(&MainState::acquisitionTick);
   state.host.pauseTimer.onElapsed = on(&MainState::pauseElapsed);
 }

@@ -108,6 +108,7 @@ struct MainState {
   FileCommand nextFileCommand{};  ///< given during a scan or a replay, to be run when that has ended
   std::string temporaryContent;   ///< what the temporary file is to hold: header line and blocks so far, as bytes
   int temporaryWritten = 0;       ///< so many bytes of it are known to stand in the file
+  Int16 assembling = 0;           ///< the data file is being written
   std::string recordingFault;     ///< the first write that failed since recording began; "" = none
   std::string setAsidePath;       ///< where a temporary file went that was not to be deleted; "" = nowhere
 

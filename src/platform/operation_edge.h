@@ -24,7 +24,8 @@ bool skipOnFault(Step&& step) {
 class OperationEdge {
  public:
   std::function<void(const std::string& message)> onFault;  ///< told of every fault
-  std::function<void()> onEnd;                              ///< called once, when the program ends
+  std::function<void()> beforeEnd;  ///< called once, when the program ends: saves what is unsaved
+  std::function<void()> onEnd;      ///< called once after it
 
   [[nodiscard]] bool ended() const { return ended_; }
 
@@ -49,6 +50,7 @@ class OperationEdge {
   void end() {
     if (ended_) return;
     ended_ = true;
+    if (beforeEnd) beforeEnd();
     if (onEnd) onEnd();
   }
 

@@ -36,7 +36,7 @@ struct EventPump {
   /// something. Throws ProgramEnd once the program has been ended.
   virtual void process() = 0;
   /// The same, but never sleeps: for loops that have work of their own and look at the flags between two pieces of it.
-  virtual void poll() { process(); }
+  virtual void poll() = 0;
 };
 
 /// Ends the program: thrown by an operation, it unwinds every operation that is under way. It is no std::exception, so

@@ -1,3 +1,5 @@
+#include "recording/data_file.h"
+
 #include "frame/main_state.h"
 #include "platform/operation_edge.h"
 #include "platform/timing.h"
@@ -17,6 +19,7 @@ struct Assembly {
   std::unique_ptr<platform::OutputFile> data;
   std::unique_ptr<platform::InputFile> temporary;
   bool whole = true;
+  bool letsEventsIn = true;
   bool programEnds = false;
   std::size_t copiedBytes = 0;
 };
@@ -52,7 +55,7 @@ void openTemporary(Assembly& assembly) {
 
 /// The recording is brought home even if the program is ended meanwhile.
 void letEventsIn(Assembly& assembly) {
-  if (assembly.programEnds) return;
+  if (!assembly.letsEventsIn || assembly.programEnds) return;
   try {
     assembly.state.host.events.poll();
   } catch (const platform::ProgramEnd&) {
@@ -70,22 +73,26 @@ void copyChannelRecord(Assembly& assembly) {
   write(assembly, samples + "-\r\n");
 }
 
-void copyBlock(Assembly& assembly) {
+/// Returns whether there is more to copy.
+bool copyBlock(Assembly& assembly) {
   for (int channel = 1; channel <= 4 && !assembly.temporary->atEnd(); ++channel) copyChannelRecord(assembly);
+  return !assembly.temporary->atEnd();
 }
 
 void copyBlocks(Assembly& assembly) {
-  while (assembly.whole && !assembly.temporary->atEnd()) {
+  bool more = false;
+  attempt(assembly, [&] { more = assembly.temporary && !assembly.temporary->atEnd(); });
+  while (more && assembly.whole) {
     letEventsIn(assembly);
-    attempt(assembly, [&] { copyBlock(assembly); });
+    attempt(assembly, [&] { more = copyBlock(assembly); });
   }
 }
 
 void checkThatAllWasCopied(Assembly& assembly) {
-  const MainState& state = assembly.state;
-  const std::size_t headerBytes = temporaryHeaderLine(state.shared.subjectName, state.recordingDate).size();
+  const std::string& content = assembly.state.temporaryContent;
+  const std::size_t headerBytes = content.find('\n') + 1;
   attempt(assembly, [&] {
-    if (headerBytes + assembly.copiedBytes < state.temporaryContent.size())
+    if (headerBytes + assembly.copiedBytes < content.size())
       throw RuntimeError(Fault::input, "Il file temporaneo e' incompleto");
   });
 }
@@ -103,20 +110,30 @@ void disposeOfTemporary(MainState& state) {
     state.setAsidePath = keepRecordedData(state);
 }
 
-}  // namespace
-
-void MainState::assembleDataFile() {
-  addPlaceholderNote(*this);
-  Assembly assembly{*this, {}, {}};
-  attemptWrite(*this, [&] { completeTemporaryFile(*this); });
-  attempt(assembly, [&] { assembly.data = host.files.openForAppending(dataFolder + shared.dataFileName); });
+void assemble(Assembly assembly) {
+  MainState& state = assembly.state;
+  state.assembling = 1;
+  addPlaceholderNote(state);
+  attemptWrite(state, [&] { completeTemporaryFile(state, true); });
+  attempt(assembly, [&] { assembly.data = state.host.files.openForAppending(dataFolder + state.shared.dataFileName); });
   writeHeaderAndNotes(assembly);
   openTemporary(assembly);
   copyBlocks(assembly);
   checkThatAllWasCopied(assembly);
   closeBoth(assembly);
-  disposeOfTemporary(*this);
+  disposeOfTemporary(state);
+  state.assembling = 0;
   if (assembly.programEnds) throw platform::ProgramEnd{};
+}
+
+}  // namespace
+
+void MainState::assembleDataFile() { assemble({*this, {}, {}}); }
+
+void assembleWithoutEvents(MainState& state) {
+  Assembly assembly{state, {}, {}};
+  assembly.letsEventsIn = false;
+  assemble(std::move(assembly));
 }
 
 void MainState::readFileHeader() {

@@ -8,6 +8,7 @@
 #include "platform/operation_edge.h"
 #include "platform/timing.h"
 #include "recording/channel_record.h"
+#include "recording/data_file.h"
 #include "recording/data_paths.h"
 
 namespace korvinel {
@@ -15,16 +16,28 @@ namespace {
 
 using platform::skipOnFault;
 
-/// How far the file on the disk agrees with what it is to hold.
-int lengthInAgreement(platform::Files& files, const std::string& content) {
-  if (!files.exists(temporaryPath)) return 0;
-  const auto file = files.openForReading(temporaryPath);
+/// How far a file agrees with what it is to hold; the file then stands behind that.
+int lengthInAgreement(platform::InputFile& file, const std::string& content) {
   std::size_t length = 0;
-  while (length < content.size() && file->peek() == static_cast<unsigned char>(content[length])) {
-    file->take();
+  while (length < content.size() && file.peek() == static_cast<unsigned char>(content[length])) {
+    file.take();
     ++length;
   }
   return static_cast<int>(length);
+}
+
+/// The byte from which the temporary file is to be continued. Once a write has failed, nothing but the file itself
+/// tells how far it went; one that holds something else is put out of the way.
+int placeToContinue(MainState& state) {
+  auto& files = state.host.files;
+  if (!files.exists(temporaryPath)) return 0;
+  if (state.recordingFault.empty()) return state.temporaryWritten;
+  auto file = files.openForReading(temporaryPath);
+  const int length = lengthInAgreement(*file, state.temporaryContent);
+  if (file->atEnd()) return length;
+  file.reset();
+  setTemporaryFileAside(state);
+  return 0;
 }
 
 std::string stampedPath(MainState& state) {
@@ -56,16 +69,16 @@ bool attemptWrite(MainState& state, const std::function<void()>& step) {
   });
 }
 
-void completeTemporaryFile(MainState& state) {
-  auto& files = state.host.files;
-  if (!files.exists(temporaryPath)) state.temporaryWritten = 0;
-  const auto written = static_cast<std::size_t>(state.temporaryWritten);
-  if (written == state.temporaryContent.size()) return;
+void completeTemporaryFile(MainState& state, bool synchronised) {
+  state.temporaryWritten = placeToContinue(state);
   try {
-    files.openForAppending(temporaryPath)->write(std::string_view(state.temporaryContent).substr(written));
+    const auto file = state.host.files.openForAppending(temporaryPath);
+    file->write(std::string_view(state.temporaryContent).substr(static_cast<std::size_t>(state.temporaryWritten)));
     state.temporaryWritten = static_cast<int>(state.temporaryContent.size());
-  } catch (const std::exception&) {
-    skipOnFault([&] { state.temporaryWritten = lengthInAgreement(files, state.temporaryContent); });
+    if (synchronised) file->synchronise();
+  } catch (const RuntimeError& fault) {
+    if (state.recordingFault.empty()) state.recordingFault = fault.what();
+    skipOnFault([&] { state.temporaryWritten = placeToContinue(state); });
     throw;
   }
 }
@@ -96,11 +109,18 @@ std::string keepRecordedData(MainState& state) {
   return written ? place : "";
 }
 
+void bringRecordingHome(MainState& state) {
+  if (state.recordingActive != 1 || state.assembling == 1) return;
+  assembleWithoutEvents(state);
+  state.recordingActive = state.recordingArmed = 0;
+}
+
 void tellRecordingFault(MainState& state) {
   if (state.recordingFault.empty()) return;
   std::string text = "Errore di scrittura durante la registrazione!\r" + state.recordingFault;
   if (state.setAsidePath.empty())
-    text += "\rNon e' stato possibile conservare i dati.";
+    text += "\rI dati non sono stati messi al sicuro.\rQuanto e' stato scritto si trova nel file\r" +
+            std::string(temporaryPath);
   else
     text += "\rI dati registrati sono conservati nel file\r" + state.setAsidePath;
   if (const int lost = blocksNotWritten(state); lost > 0 && !state.setAsidePath.empty())

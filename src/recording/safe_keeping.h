@@ -15,9 +15,9 @@ namespace korvinel {
 bool attemptWrite(MainState& state, const std::function<void()>& step);
 
 /// Writes to the temporary file what is not yet in it. After a write that failed part of the way the next one goes on
-/// at the very byte, so that no channel record is ever shifted; a file that has vanished is written anew. A
-/// RuntimeError (output) where it fails again.
-void completeTemporaryFile(MainState& state);
+/// at the very byte, so that no channel record is ever shifted; a file that has vanished is written anew.
+/// `synchronised`: puts it on the disk, too. A RuntimeError (output) where it fails again.
+void completeTemporaryFile(MainState& state, bool synchronised);
 
 /// Whether a temporary file is there that holds more than its header line.
 [[nodiscard]] bool leftOverTemporaryFile(platform::Files& files);
@@ -29,6 +29,10 @@ std::string setTemporaryFileAside(MainState& state);
 /// As above, but never throws: what cannot be renamed stays where it is, and of a file that has vanished the content is
 /// written again from memory. Returns where the data are now, "" if nowhere.
 std::string keepRecordedData(MainState& state);
+
+/// When the program ends in mid-recording (Cancel in a communication error, End right after Stop): writes the data file
+/// without letting events in. Nothing happens while recording is off or the file is being written already.
+void bringRecordingHome(MainState& state);
 
 /// Tells the user what failed while recording or assembling and where the data are; nothing if nothing failed.
 void tellRecordingFault(MainState& state);

@@ -8,9 +8,7 @@
 namespace korvinel {
 namespace {
 
-constexpr int blocksPerSynchronising = 5;
-
-void synchronise(MainState& state) { state.host.files.openForAppending(temporaryPath)->synchronise(); }
+constexpr int blocksPerSynchronising = 5;  // fifteen seconds
 
 }  // namespace
 
@@ -27,10 +25,8 @@ void MainState::createTempFile() {
 void MainState::appendBlockToTemp() {
   if (recordingActive != 1) return;
   for (int channel = 1; channel <= 4; ++channel) temporaryContent += takeChannelRecord(sampleBlock[channel]);
-  const bool written = attemptWrite(*this, [&] {
-    completeTemporaryFile(*this);
-    if (blockCount % blocksPerSynchronising == 0) synchronise(*this);
-  });
+  const bool synchronised = blockCount % blocksPerSynchronising == 0;
+  const bool written = attemptWrite(*this, [&] { completeTemporaryFile(*this, synchronised); });
   if (written) return;
   window.statusLabel.setInk(platform::Colour::lightRed);
   window.statusLabel.setText("Errore di scrittura su disco!");

@@ -18,6 +18,11 @@ struct ExaminationProgram : HeadlessProgram {
     window.noteBox.type(text);
     window.noteBox.pressKey(13);
   }
+  /// Switches the recording on and waits for the end of the turn, which is recorded; then the count begins anew.
+  void startRecording() {
+    window.Registra.press();
+    host.time.runUntil([&] { return state.recordingArmed == 0; });
+  }
   void stop() {
     window.Stopd1.press();
     waitForEnd();
@@ -33,9 +38,7 @@ TEST(RecordingJourney, FiveOfNineBlocksWithTwoNotesAndTheFileOpenedAgain) {
   ExaminationProgram program;
   program.startAcquisition();
   program.acquireBlocks(4);
-  program.window.Registra.press();
-  // The turn in which the recording was switched on is recorded; then the count begins anew.
-  program.host.time.runUntil([&] { return program.state.recordingArmed == 0; });
+  program.startRecording();
   EXPECT_EQ(program.state.blockCount, 0);
   EXPECT_EQ(program.window.statusLabel.text(), "Registrazione attiva");
   program.acquireBlocks(2);
@@ -79,8 +82,7 @@ TEST(RecordingJourney, RejectedBlocksAreNotRecorded) {
   program.startAcquisition();
   program.window.Artefact.press();
   program.acquireBlocks(1);
-  program.window.Registra.press();
-  program.host.time.runUntil([&] { return program.state.recordingArmed == 0; });
+  program.startRecording();
   program.host.instrument.blocks.clear();
   for (const int level : {255, 128, 255, 255, 128}) program.host.instrument.blocks.push_back(flatBlock(level));
   program.acquireBlocks(2);
@@ -104,14 +106,6 @@ TEST(RecordingJourney, TwoExaminationsInARowMakeTwoFiles) {
   EXPECT_TRUE(content.contains(recordings::folder + "uno.QVD"));
   EXPECT_TRUE(content.contains(recordings::folder + "due.QVD"));
   EXPECT_TRUE(program.host.faults.empty());
-}
-
-/// How many whole blocks the program's files hold, the temporary and the set-aside ones included.
-int blocksKept(const ExaminationProgram& program) {
-  int blocks = 0;
-  for (const auto& [path, bytes] : program.host.files.content)
-    if (path.starts_with(recordings::folder)) blocks += static_cast<int>(bytes.size()) / 1036;
-  return blocks;
 }
 
 /// Records and presses a button `delay` seconds after the recording has begun.
@@ -150,16 +144,37 @@ TEST(RecordingJourney, EndAtAnyMomentMakesAWholeFileAndEndsTheProgram) {
   }
 }
 
-TEST(RecordingJourney, StopAndThenEndAtAnyMomentLosesNoBlock) {
+TEST(RecordingJourney, EndAtAnyMomentAfterStopStillMakesTheFileWithItsNotes) {
   for (double delay = 0; delay < 3.5; delay += 0.13) {
     ExaminationProgram program;
-    pressDuringRecording(program, program.window.Stopd1, 5);
-    const int recorded = blocksKept(program);
+    program.startAcquisition();
+    program.acquireBlocks(1);
+    program.startRecording();
+    program.acquireBlocks(2);
+    program.writeNote("occhi chiusi");
+    program.window.Stopd1.press();
     program.host.time.after(delay, [&] { program.window.Endx1.press(); });
     program.host.time.runFor(10);
-    EXPECT_GE(blocksKept(program), recorded) << delay;
     EXPECT_TRUE(program.host.edge.ended()) << delay;
+    const std::string& file = program.dataFile();
+    EXPECT_NE(file.find("\r\n2,\"occhi chiusi\"\r\n"), std::string::npos) << delay;
+    EXPECT_EQ(file.size(), recordings::header({{2, "occhi chiusi"}}).size() + 3 * 1036) << delay;
+    EXPECT_FALSE(program.host.files.content.contains(recordings::temporary)) << delay;
   }
+}
+
+TEST(RecordingJourney, CancelInACommunicationErrorStillMakesTheFile) {
+  ExaminationProgram program;
+  program.startAcquisition();
+  program.acquireBlocks(1);
+  program.startRecording();
+  program.acquireBlocks(2);
+  program.host.instrument.goSilent();
+  program.host.time.runFor(15);
+  EXPECT_TRUE(program.host.edge.ended());
+  // One more block had arrived before the instrument fell silent.
+  EXPECT_EQ(program.dataFile().size(), recordings::header().size() + 4 * 1036);
+  EXPECT_FALSE(program.host.files.content.contains(recordings::temporary));
 }
 
 TEST(RecordingJourney, ImpatientButtonsAfterStopLoseNothing) {

@@ -74,4 +74,10 @@ void QtEventPump::process() {
   edge_.stopIfEnded();
 }
 
+void QtEventPump::poll() {
+  edge_.stopIfEnded();
+  QCoreApplication::processEvents(QEventLoop::AllEvents);
+  edge_.stopIfEnded();
+}
+
 }  // namespace korvinel::platform

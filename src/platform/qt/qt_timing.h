@@ -39,6 +39,7 @@ class QtEventPump : public EventPump {
  public:
   explicit QtEventPump(const OperationEdge& edge);
   void process() override;
+  void poll() override;
 
  private:
   const OperationEdge& edge_;

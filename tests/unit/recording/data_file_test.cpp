@@ -166,6 +166,19 @@ TEST(SafeKeeping, AFolderRemovedAndMadeAgainLosesNothing) {
   EXPECT_EQ(recording.dataFile(), recordings::header() + recordings::block(101) + recordings::block(102));
 }
 
+TEST(SafeKeeping, AfterAFaultAFileWithOtherContentIsPutOutOfTheWay) {
+  Recording recording;
+  recording.host.files.freeSpace = 100;
+  recording.append(101);
+  recording.host.files.freeSpace = 1'000'000;
+  recording.host.files.content[temporary] = "altro";
+  recording.append(102);
+  EXPECT_EQ(recording.host.files.content[temporary],
+            "\"Rossi\",\"21/11/2026\",\"4canali\"\r\n" + recordings::block(101) + recordings::block(102));
+  ASSERT_EQ(recording.setAside().size(), 1U);
+  EXPECT_EQ(recording.host.files.content[recording.setAside().front()], "altro");
+}
+
 TEST(SafeKeeping, ADiskFullWhileAssemblingSetsTheTemporaryFileAside) {
   for (const int room : {0, 10, 60, 1000, 2100}) {
     Recording recording;
