@@ -212,26 +212,39 @@ TEST(RecordingJourney, ADiskThatFillsInMidRecordingIsToldAtOnceAndAtTheEnd) {
   EXPECT_TRUE(program.host.files.content.contains(program.state.setAsidePath));
 }
 
-TEST(RecordingJourney, StopAtAnyMomentOfAScanAndAReplay) {
-  for (double delay = 0; delay < 0.3; delay += 0.0017) {
-    FileProgram program(recordings::file(60));
-    program.window.HScroll2.moveTo(20);
-    program.host.time.after(delay, [&] { program.window.Stopd1.press(); });
+TEST(RecordingJourney, StopAtAnyMomentOfAScan) {
+  constexpr double pollTime = 0.0001;
+  for (int polls = 1; polls <= 10; ++polls) {
+    FileProgram program(recordings::file(10));
+    program.host.time.after((polls - 0.5) * pollTime, [&] { program.window.Stopd1.press(); });
     program.open();
-    const bool scanned = program.state.intervalSelectable == 1;
-    EXPECT_EQ(program.shared.fileBlockCount, scanned ? 59 : 0) << delay;
-    if (scanned) program.window.Displayx.press();
-    EXPECT_EQ(program.window.firstTrace.shows("Stop data..."), scanned) << delay;
+    EXPECT_EQ(program.window.blockLabel.text(), std::to_string(polls));
+    EXPECT_EQ(program.state.intervalSelectable, 0) << polls;
+    EXPECT_EQ(program.shared.fileBlockCount, 0) << polls;
+    EXPECT_EQ(program.state.readHandle, nullptr) << polls;
+    EXPECT_TRUE(program.host.faults.empty()) << polls;
+  }
+}
+
+TEST(RecordingJourney, StopAtAnyMomentOfAReplay) {
+  for (double delay = 0; delay < 1; delay += 0.07) {
+    FileProgram program(recordings::file(8));
+    program.window.HScroll2.moveTo(20);
+    program.open();
+    program.host.time.after(delay, [&] { program.window.Stopd1.press(); });
+    program.window.Displayx.press();
+    EXPECT_TRUE(program.window.firstTrace.shows("Stop data...")) << delay;
+    EXPECT_EQ(program.window.Slider1.value(), 1) << delay;
     EXPECT_EQ(program.state.readHandle, nullptr) << delay;
-    EXPECT_EQ(program.state.fileLoopRunning, 0) << delay;
+    EXPECT_EQ(program.state.stopRequested, 0) << delay;
     EXPECT_TRUE(program.host.faults.empty()) << delay;
   }
 }
 
 TEST(RecordingJourney, AnotherFileAfterStopAtAnyMomentOfAScan) {
-  for (double delay = 0; delay < 0.017; delay += 0.0005) {
-    FileProgram program(recordings::file(150));
-    program.host.files.content[recordings::folder + "altro.QVD"] = recordings::file(30);
+  for (double delay = 0; delay < 0.0012; delay += 0.0001) {
+    FileProgram program(recordings::file(10));
+    program.host.files.content[recordings::folder + "altro.QVD"] = recordings::file(5);
     program.host.time.after(delay, [&] {
       program.window.Stopd1.press();
       program.host.dialogs.files.push_back(recordings::folder + "altro.QVD");
@@ -239,8 +252,8 @@ TEST(RecordingJourney, AnotherFileAfterStopAtAnyMomentOfAScan) {
     });
     program.open();
     program.host.time.runFor(0.1);
-    EXPECT_EQ(program.window.blockLabel.text(), "Totale=87s") << delay;
-    EXPECT_EQ(program.shared.fileBlockCount, 29) << delay;
+    EXPECT_EQ(program.window.blockLabel.text(), "Totale=12s") << delay;
+    EXPECT_EQ(program.shared.fileBlockCount, 4) << delay;
     EXPECT_EQ(program.state.fileLoopRunning, 0) << delay;
     EXPECT_TRUE(program.host.faults.empty()) << delay;
   }
