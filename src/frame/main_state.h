@@ -102,13 +102,13 @@ struct MainState {
   std::string openFileTitle;           ///< its name without folder
   std::string lastOpenDir;             ///< where the open dialog starts
   Int16 displaySpeed = 6;              ///< replay: blocks in 3 seconds, 1 or more
+  Int16 fileLoopRunning = 0;           ///< a scan or a replay is under way
+  Int16 assembling = 0;                ///< the data file is being written
   /// The data file being scanned or replayed. Whoever closes or replaces it ends the loop that reads from it.
   std::shared_ptr<platform::InputFile> readHandle;
-  Int16 fileLoopRunning = 0;      ///< a scan or a replay is under way
   FileCommand nextFileCommand{};  ///< given during a scan or a replay, to be run when that has ended
+  int temporaryWritten = 0;       ///< bytes of `temporaryContent` that are known to stand in the file
   std::string temporaryContent;   ///< what the temporary file is to hold: header line and blocks so far, as bytes
-  int temporaryWritten = 0;       ///< so many bytes of it are known to stand in the file
-  Int16 assembling = 0;           ///< the data file is being written
   std::string recordingFault;     ///< the first write that failed since recording began; "" = none
   std::string setAsidePath;       ///< where a temporary file went that was not to be deleted; "" = nowhere
 
