@@ -23,8 +23,10 @@ struct ReportJourney : testing::Test {
 
   static std::string blockOf(instrument::FrameSource& source) {
     std::string block;
-    for (int frame = 0; frame < 256; ++frame)
-      for (const std::uint8_t sample : source.nextFrame().value()) block += static_cast<char>(sample);
+    for (int i = 0; i < 256; ++i) {
+      const instrument::Frame frame = source.nextFrame().value();
+      for (const std::uint8_t sample : frame) block += static_cast<char>(sample);
+    }
     return block;
   }
 
