@@ -203,7 +203,7 @@ class Ending(WindowTest):
         self.start_examination(program)
         self.wait_for_block(program, 1)
         driver.keys('alt+F4')
-        program.expect('the first trace', lambda: program.printed('Tracciato 1'), ['Attendere..'], 1)
+        program.expect('the first trace', lambda: program.printed('Tracciato 1')[-1:], ['Attendere..'], 1)
         self.assertEqual(program.answer('OK'), ('Korvinel', DURATION_NOTICE))
         self.assertEqual(program.wait_for_end(), 0)
 
