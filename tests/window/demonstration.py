@@ -36,6 +36,8 @@ def record(desktop, program):
     program.expect('the record button', lambda: program.label('Stato della registrazione'), 'Registrazione Attiva')
     driver.wait(lambda: program.value('Blocco iniziale') == 2, 20, 'the recording')
     program.press('Annota')
+    program.expect('the note box', lambda: program.label('Stato della registrazione'),
+                   'Scrivi una nota poi premi Invio')
     program.type('Nota', 'occhi chiusi')
     program.click('Nota')
     driver.keys('Return')
