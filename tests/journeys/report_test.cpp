@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "golden_reference.h"
 #include "headless_report.h"
 #include "instrument/frame_source.h"
 
@@ -89,6 +90,30 @@ TEST_F(ReportJourney, AReportOfOneExaminationAndThenOfAnother) {
   program.reportWindow.commentButton.press();
   EXPECT_NE(program.shared.commentTexts[1], "Molto alto");
 }
+
+class RecordedReport : public testing::TestWithParam<const char*> {};
+
+TEST_P(RecordedReport, AnOpenedRecordingIsJudgedAsTheReferenceSays) {
+  const std::string name = GetParam();
+  HeadlessReport program;
+  program.host.files.content["C:\\QUARVEL5\\Factors.val"] = golden::fileBytes(name + ".factors.val");
+  program.state.startUp();
+  const std::string path = "C:\\QUARVEL5\\DATAFILE\\" + name + ".QVD";
+  program.host.files.content[path] = golden::fileBytes(name + ".QVD");
+  program.host.dialogs.files = {path};
+  program.window.Openx.press();
+  program.window.Analisi.press();
+  const golden::Json opened = golden::reference(name + ".opened.json");
+  const golden::Json& expected = opened.at("reports")[0];
+  ASSERT_EQ(program.shared.analysisLastBlock, expected.at("last").get<int>());
+  for (const auto& [line, text] : expected.at("reportLines").items())
+    EXPECT_EQ(program.report.reportLines[std::stoi(line)], text.get<std::string>()) << "line " << line;
+  EXPECT_EQ(program.report.reportLines[1], "File: " + name + ".QVD");
+  EXPECT_EQ(program.report.reportLines[2], "Nome: " + opened.at("subject").get<std::string>());
+}
+
+INSTANTIATE_TEST_SUITE_P(Recordings, RecordedReport, testing::Values("eeg", "examination"),
+                         [](const auto& run) { return std::string(run.param); });
 
 }  // namespace
 }  // namespace korvinel
