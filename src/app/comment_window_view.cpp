@@ -4,25 +4,34 @@
 #include <QScrollBar>
 #include <cmath>
 
-#include "platform/qt/plan_ground.h"
+#include "app/report_window_help.h"
 
 namespace korvinel {
+namespace {
+
+constexpr int margin = 16;
+
+}  // namespace
 
 CommentWindowView::CommentWindowView(CommentWindow& model, QWidget* owner)
     : QDialog(owner), model_(model), scroll_(this), text_(new platform::SurfaceView(model.text)) {
   setWindowTitle("Korvinel - Commenti");
-  setPalette(platform::panelColours());
+  setPalette(QPalette(palette().color(QPalette::Button), Qt::white));
   scroll_.setFrameStyle(QFrame::NoFrame);
   scroll_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_.setWidget(text_);
+  scroll_.setAccessibleName("Commenti");
+  scroll_.setFocusPolicy(Qt::StrongFocus);
+  explain(scroll_, report_window_help::comments);
+  explain(*text_, report_window_help::comments);
   text_->onRefreshed = [this] { fitText(); };
-  resize(static_cast<int>(model.text.width()), static_cast<int>(model.text.height()));
+  resize(static_cast<int>(model.text.width()) + 2 * margin, static_cast<int>(model.text.height()) + 2 * margin);
   setMinimumSize(size() / 2);
 }
 
 void CommentWindowView::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  scroll_.resize(size());
+  scroll_.setGeometry(rect().adjusted(margin, margin, -margin, -margin));
   fitText();
 }
 

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QScrollArea>
 
+#include "platform/qt/focus_ring.h"
 #include "platform/qt/surface_view.h"
 #include "report/report_window.h"
 
@@ -22,6 +23,7 @@ class CommentWindowView : public QDialog {
   CommentWindow& model_;
   QScrollArea scroll_;
   platform::SurfaceView* text_;
+  platform::FocusRing ring_{this, 8};
 };
 
 }  // namespace korvinel

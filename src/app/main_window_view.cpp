@@ -5,12 +5,16 @@
 #include <QSlider>
 
 #include "app/head_picture.h"
+#include "app/main_window_help.h"
 #include "platform/qt/control_views.h"
+#include "platform/qt/pointer_surface_view.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/surface_view.h"
 
 namespace korvinel {
 namespace {
+
+namespace help = main_window_help;
 
 using geometry::Rect;
 using platform::ButtonView;
@@ -24,76 +28,104 @@ constexpr double letterHeight = 13;  // of the plan
 
 MainWindowView::MainWindowView(MainWindow& model, std::function<bool()> mayClose) : mayClose_(std::move(mayClose)) {
   setWindowTitle("Korvinel - EEG Analysis 4 channels  V 8.1  ita");
-  setPalette(platform::panelColours());
   ground_ = new platform::PlanGround(model.axisCaptions, letterHeight);
   setCentralWidget(ground_);
   setMinimumSize(smallestClient);
   addSurfaces(model);
-  addPanel(model);
+  ground_->putPanel(geometry::controlPanel);
+  addLabels(model);
+  addTexts(model);
+  addScales(model);
+  addTimeStrip(model);
   addButtons(model);
 }
 
-void MainWindowView::addSurfaces(MainWindow& model) {
-  const auto add = [this](platform::Surface& surface, const Rect& rect) {
-    auto* view = new SurfaceView(surface, ground_);
-    put(view, rect);
-    return view;
-  };
-  add(model.firstTrace, geometry::firstTrace);
-  add(model.secondTrace, geometry::secondTrace);
-  add(model.messagePanel, geometry::messagePanel);
-  add(model.coherenceGraph, geometry::coherenceGraph);
-  add(model.leftSpectrum, geometry::leftSpectrum);
-  add(model.rightSpectrum, geometry::rightSpectrum);
-  add(model.frequencyAxis, geometry::frequencyAxis);
-  add(model.leftRuler, geometry::leftRuler);
-  add(model.rightRuler, geometry::rightRuler);
-  add(model.firstNumbers, geometry::firstNumbers);
-  add(model.secondNumbers, geometry::secondNumbers);
-  add(model.Picture6, geometry::timeStrip)->follow(model.stripPointer);
-  auto* head = new HeadPicture(ground_);
-  tie(model.startPicture, *head);
-  put(head, geometry::startPicture);
+void MainWindowView::put(QWidget* widget, const Rect& rect, const platform::Help& text) {
+  ground_->put(widget, rect);
+  explain(*widget, text);
 }
 
-void MainWindowView::addPanel(MainWindow& model) {
-  ground_->putPanel(geometry::controlPanel);
-  put(makeView(model.fileNameBox, ground_), geometry::fileNameBox);
-  put(makeView(model.subjectBox, ground_), geometry::subjectBox);
-  put(makeView(model.noteBox, ground_), geometry::noteBox);
-  put(makeView(model.ocularCheck, ground_), geometry::ocularCheck);
-  const auto label = [this](platform::Label& text, const Rect& rect) { put(new LabelView(text, ground_), rect); };
-  label(model.statusLabel, geometry::statusLabel);
-  label(model.fileNameCaption, geometry::fileNameCaption);
-  label(model.subjectCaption, geometry::subjectCaption);
-  label(model.dateLabel, geometry::dateLabel);
-  label(model.timeLabel, geometry::timeLabel);
-  label(model.blockLabel, geometry::blockLabel);
-  label(model.zLabel, geometry::zLabel);
-  label(model.replayPositionLabel, geometry::replayPositionLabel);
-  label(model.amplitudeLabel, geometry::amplitudeLabel);
-  label(model.speedLabel, geometry::speedLabel);
-  const auto scale = [this](platform::Range& range, QAbstractSlider* slider, const Rect& rect) {
-    tie(range, *slider);
-    put(slider, rect);
+void MainWindowView::addSurfaces(MainWindow& model) {
+  const auto add = [this](platform::Surface& surface, const Rect& rect, const platform::Help& text) {
+    put(new SurfaceView(surface, ground_), rect, text);
   };
-  scale(model.HScroll1, new QScrollBar(Qt::Horizontal, ground_), geometry::amplitudeBar);
-  scale(model.HScroll2, new QScrollBar(Qt::Horizontal, ground_), geometry::speedBar);
-  scale(model.Slider1, new QSlider(Qt::Horizontal, ground_), geometry::slider);
+  add(model.firstTrace, geometry::firstTrace, help::firstTrace);
+  add(model.secondTrace, geometry::secondTrace, help::secondTrace);
+  add(model.messagePanel, geometry::messagePanel, help::messagePanel);
+  add(model.coherenceGraph, geometry::coherenceGraph, help::coherenceGraph);
+  add(model.leftSpectrum, geometry::leftSpectrum, help::leftSpectrum);
+  add(model.rightSpectrum, geometry::rightSpectrum, help::rightSpectrum);
+  add(model.frequencyAxis, geometry::frequencyAxis, help::frequencyAxis);
+  add(model.leftRuler, geometry::leftRuler, help::ruler);
+  add(model.rightRuler, geometry::rightRuler, help::ruler);
+  add(model.firstNumbers, geometry::firstNumbers, help::firstNumbers);
+  add(model.secondNumbers, geometry::secondNumbers, help::secondNumbers);
+  auto* head = new HeadPicture(ground_);
+  tie(model.startPicture, *head);
+  put(head, geometry::startPicture, help::startPicture);
+}
+
+void MainWindowView::addTexts(MainWindow& model) {
+  put(makeView(model.fileNameBox, ground_), geometry::fileNameBox, help::fileNameBox);
+  put(makeView(model.subjectBox, ground_), geometry::subjectBox, help::subjectBox);
+  put(makeView(model.noteBox, ground_), geometry::noteBox, help::noteBox);
+  put(makeView(model.ocularCheck, ground_), geometry::ocularCheck, help::ocularCheck);
+}
+
+void MainWindowView::addScales(MainWindow& model) {
+  const auto add = [this](platform::Range& range, const Rect& rect, const platform::Help& text) {
+    auto* bar = new QScrollBar(Qt::Horizontal, ground_);
+    tie(range, *bar);
+    put(bar, rect, text);
+  };
+  add(model.HScroll1, geometry::amplitudeBar, help::amplitudeBar);
+  add(model.HScroll2, geometry::speedBar, help::speedBar);
+}
+
+void MainWindowView::addTimeStrip(MainWindow& model) {
+  constexpr platform::PointerSurfaceView::Steps blockAndMinute{3, 60};
+  const auto describe = [](int second) {
+    return QString("Secondo %1, blocco %2").arg(second).arg(second / blockAndMinute.small);
+  };
+  put(new platform::PointerSurfaceView(model.Picture6, model.stripPointer, blockAndMinute, describe, ground_),
+      geometry::timeStrip, help::timeStrip);
+  auto* slider = new QSlider(Qt::Horizontal, ground_);
+  tie(model.Slider1, *slider);
+  put(slider, geometry::slider, help::slider);
 }
 
 void MainWindowView::addButtons(MainWindow& model) {
-  const std::vector<platform::Button*> row = {&model.Starts1, &model.Stopd1,   &model.Registra, &model.Annotax,
-                                              &model.Canali,  &model.Artefact, &model.Openx,    &model.Displayx,
-                                              &model.Analisi, &model.Stampa,   &model.Endx1};
+  const std::vector<std::pair<platform::Button*, platform::Help>> row = {
+      {&model.Starts1, help::startButton},   {&model.Stopd1, help::stopButton},
+      {&model.Registra, help::recordButton}, {&model.Annotax, help::noteButton},
+      {&model.Canali, help::pairButton},     {&model.Artefact, help::artefactButton},
+      {&model.Openx, help::openButton},      {&model.Displayx, help::replayButton},
+      {&model.Analisi, help::reportButton},  {&model.Stampa, help::printButton},
+      {&model.Endx1, help::endButton}};
   constexpr const Rect& plan = geometry::buttonRow;
   constexpr int gap = 8;
   const int width = (plan.width + gap) / static_cast<int>(row.size()) - gap;
   int x = plan.x;
-  for (platform::Button* button : row) {
-    put(new ButtonView(*button, ground_), {x, plan.y, width, plan.height});
+  for (const auto& [button, text] : row) {
+    put(new ButtonView(*button, ground_), {x, plan.y, width, plan.height}, text);
     x += width + gap;
   }
+}
+
+void MainWindowView::addLabels(MainWindow& model) {
+  const auto add = [this](platform::Label& label, const Rect& rect, const platform::Help& text) {
+    put(new LabelView(label, ground_), rect, text);
+  };
+  add(model.statusLabel, geometry::statusLabel, help::statusLabel);
+  add(model.fileNameCaption, geometry::fileNameCaption, help::fileNameCaption);
+  add(model.subjectCaption, geometry::subjectCaption, help::subjectCaption);
+  add(model.dateLabel, geometry::dateLabel, help::dateLabel);
+  add(model.timeLabel, geometry::timeLabel, help::timeLabel);
+  add(model.blockLabel, geometry::blockLabel, help::blockLabel);
+  add(model.zLabel, geometry::zLabel, help::zLabel);
+  add(model.replayPositionLabel, geometry::replayPositionLabel, help::replayPositionLabel);
+  add(model.amplitudeLabel, geometry::amplitudeLabel, help::amplitudeLabel);
+  add(model.speedLabel, geometry::speedLabel, help::speedLabel);
 }
 
 void MainWindowView::showFitting() { platform::showFitting(*this, {geometry::width, geometry::height}); }

@@ -5,6 +5,7 @@
 
 #include "display/window_geometry.h"
 #include "frame/main_window.h"
+#include "platform/qt/help.h"
 #include "platform/qt/plan_ground.h"
 
 namespace korvinel {
@@ -22,10 +23,14 @@ class MainWindowView : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  // In the order of the Tab key
   void addSurfaces(MainWindow& model);
-  void addPanel(MainWindow& model);
+  void addLabels(MainWindow& model);
+  void addTexts(MainWindow& model);
+  void addScales(MainWindow& model);
+  void addTimeStrip(MainWindow& model);
   void addButtons(MainWindow& model);
-  void put(QWidget* widget, const geometry::Rect& rect) { ground_->put(widget, rect); }
+  void put(QWidget* widget, const geometry::Rect& rect, const platform::Help& help);
 
   std::function<bool()> mayClose_;
   platform::PlanGround* ground_ = nullptr;

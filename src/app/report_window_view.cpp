@@ -4,12 +4,14 @@
 #include <QFrame>
 #include <QSlider>
 
+#include "app/report_window_help.h"
 #include "platform/qt/control_views.h"
 #include "report/report_geometry.h"
 
 namespace korvinel {
 namespace {
 
+namespace help = report_window_help;
 namespace plan = report_geometry;
 
 constexpr QSize smallestClient(900, 620);
@@ -20,49 +22,57 @@ constexpr double letterHeight = 16;  // of the plan
 ReportWindowView::ReportWindowView(ReportWindow& model, QWidget* owner, std::function<void()> onClosed)
     : QMainWindow(owner), onClosed_(std::move(onClosed)) {
   setWindowTitle("Korvinel - Analisi finale");
-  setPalette(platform::panelColours());
   ground_ = new platform::PlanGround(model.ground, letterHeight);
+  explain(*ground_, help::ground);
   setCentralWidget(ground_);
   setMinimumSize(smallestClient);
   addPanels(model);
-  addLabel(model.intervalLabel, plan::intervalLabel);
   addCheckBoxes(model);
   addButtons(model);
-  addLabel(model.statusLabel, plan::statusLabel);
+  addLabels(model);
+}
+
+void ReportWindowView::put(QWidget* widget, const platform::Rect& place, const platform::Help& text) {
+  ground_->put(widget, place);
+  explain(*widget, text);
 }
 
 void ReportWindowView::addPanels(ReportWindow& model) {
   for (int i = 1; i <= 4; ++i) {
     const auto index = static_cast<std::size_t>(i) - 1;
-    ground_->put(new platform::SurfaceView(model.spectrumOf(i), ground_), plan::panels[index]);
-    ground_->put(new platform::SurfaceView(model.coherenceOf(i), ground_), plan::panels[index + 4]);
+    put(new platform::SurfaceView(model.spectrumOf(i), ground_), plan::panels[index], help::spectrum);
+    put(new platform::SurfaceView(model.coherenceOf(i), ground_), plan::panels[index + 4], help::coherence);
   }
 }
 
 void ReportWindowView::addCheckBoxes(ReportWindow& model) {
   addFrame(plan::checkBoxFrame);
-  ground_->put(makeView(model.maximumCheck, ground_), plan::maximumCheck);
-  ground_->put(makeView(model.meanCheck, ground_), plan::meanCheck);
-  addLabel(model.scaleLabel, plan::scaleLabel);
+  put(makeView(model.maximumCheck, ground_), plan::maximumCheck, help::maximumCheck);
+  put(makeView(model.meanCheck, ground_), plan::meanCheck, help::meanCheck);
   auto* slider = new QSlider(Qt::Horizontal, ground_);
   tie(model.scaleSlider, *slider);
-  ground_->put(slider, plan::scaleSlider);
+  put(slider, plan::scaleSlider, help::scaleSlider);
 }
 
 void ReportWindowView::addButtons(ReportWindow& model) {
   addFrame(plan::buttonFrame);
-  const auto add = [this](platform::Button& button, const platform::Rect& place) {
-    ground_->put(new platform::ButtonView(button, ground_), place);
+  const auto add = [this](platform::Button& button, const platform::Rect& place, const platform::Help& text) {
+    put(new platform::ButtonView(button, ground_), place, text);
   };
-  add(model.exitButton, plan::exitButton);
-  add(model.numbersButton, plan::numbersButton);
-  add(model.printButton, plan::printButton);
-  add(model.explainButton, plan::explainButton);
-  add(model.commentButton, plan::commentButton);
+  add(model.exitButton, plan::exitButton, help::exitButton);
+  add(model.numbersButton, plan::numbersButton, help::numbersButton);
+  add(model.printButton, plan::printButton, help::printButton);
+  add(model.explainButton, plan::explainButton, help::explainButton);
+  add(model.commentButton, plan::commentButton, help::commentButton);
 }
 
-void ReportWindowView::addLabel(platform::Label& model, const platform::Rect& place) {
-  ground_->put(new platform::LabelView(model, ground_), place);
+void ReportWindowView::addLabels(ReportWindow& model) {
+  const auto add = [this](platform::Label& label, const platform::Rect& place, const platform::Help& text) {
+    put(new platform::LabelView(label, ground_), place, text);
+  };
+  add(model.scaleLabel, plan::scaleLabel, help::scaleLabel);
+  add(model.intervalLabel, plan::intervalLabel, help::intervalLabel);
+  add(model.statusLabel, plan::statusLabel, help::statusLabel);
 }
 
 void ReportWindowView::addFrame(const platform::Rect& place) {

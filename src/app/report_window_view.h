@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <functional>
 
+#include "platform/qt/help.h"
 #include "platform/qt/plan_ground.h"
 #include "report/report_window.h"
 
@@ -21,10 +22,12 @@ class ReportWindowView : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  // In the order of the Tab key
   void addPanels(ReportWindow& model);
   void addCheckBoxes(ReportWindow& model);
   void addButtons(ReportWindow& model);
-  void addLabel(platform::Label& model, const platform::Rect& place);
+  void addLabels(ReportWindow& model);
+  void put(QWidget* widget, const platform::Rect& place, const platform::Help& help);
   void addFrame(const platform::Rect& place);
 
   std::function<void()> onClosed_;

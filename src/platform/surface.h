@@ -51,6 +51,10 @@ class Surface {
   void keepTextsInPlace() { textsStay_ = true; }
   bool textsStay() const { return textsStay_; }
 
+  /// In user units: thinner boxes are shown as high as this, so that a bar of one unit can be seen at every size.
+  void setLeastBoxHeight(double height) { leastBoxHeight_ = height; }
+  double leastBoxHeight() const { return leastBoxHeight_; }
+
   void setInk(Colour ink) { ink_ = ink; }  ///< for the texts that follow; black at first
   Colour ink() const { return ink_; }
 
@@ -77,6 +81,7 @@ class Surface {
   Colour background_;
   Colour ink_ = Colour::black;
   bool textsStay_ = false;
+  double leastBoxHeight_ = 0;
   double x_ = 0, y_ = 0;
   std::vector<Mark> marks_;
 };

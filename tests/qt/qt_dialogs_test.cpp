@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <functional>
 
@@ -85,6 +86,42 @@ TEST_F(QtDialogsTest, AnInputGivesTheLineOrNothingOnCancel) {
     press(box, "Cancel");
   });
   EXPECT_EQ(dialogs.input("Soglia", "Artefacts", {200, 400}), "");
+}
+
+TEST_F(QtDialogsTest, EnterConfirmsAndEscapeCancelsEveryBox) {
+  const auto key = [this](Qt::Key which) { act([which](QDialog& box) { QTest::keyClick(&box, which); }); };
+  key(Qt::Key_Return);
+  dialogs.notice("Attenzione");
+  key(Qt::Key_Escape);
+  dialogs.notice("Attenzione");
+  key(Qt::Key_Return);
+  EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::ok);
+  key(Qt::Key_Escape);
+  EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::cancel);
+  const auto keyAfterText = [this](Qt::Key which) {
+    act([which](QDialog& box) {
+      box.findChild<QLineEdit*>()->setText("95");
+      QTest::keyClick(&box, which);
+    });
+  };
+  keyAfterText(Qt::Key_Return);
+  EXPECT_EQ(dialogs.input("Soglia", "Artefacts", {200, 400}), "95");
+  keyAfterText(Qt::Key_Escape);
+  EXPECT_EQ(dialogs.input("Soglia", "Artefacts", {200, 400}), "");
+  key(Qt::Key_Escape);
+  EXPECT_EQ(dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|"), "");
+}
+
+TEST_F(QtDialogsTest, EnterOpensTheFileThatIsNamed) {
+  const QString path = folder.filePath("a.QVD");
+  QFile file(path);
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  act([&](QDialog& box) {
+    auto* name = box.findChild<QLineEdit*>();
+    name->setText(path);
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  EXPECT_EQ(dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|"), "program:" + path.toStdString());
 }
 
 TEST_F(QtDialogsTest, AnInputBoxStaysOnTheScreen) {

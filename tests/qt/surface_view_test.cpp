@@ -47,6 +47,16 @@ TEST(SurfacePainter, ScalesUserUnitsToThePixelsEitherWay) {
   EXPECT_EQ(placeOf(pictureOf(surface, 200, 200), blue), QRect(20, 40, 40, 40));
 }
 
+TEST(SurfacePainter, AThinBoxIsShownAsHighAsTheSurfaceAsks) {
+  Surface surface("a", 100, 100, 10);
+  surface.setLeastBoxHeight(6);
+  surface.box(10, 1, 30, 2, Colour::blue);
+  surface.box(50, 20, 60, 40, Colour::yellow);
+  const QImage picture = pictureOf(surface, 100, 100);
+  EXPECT_EQ(placeOf(picture, blue), QRect(10, 1, 20, 6));
+  EXPECT_EQ(placeOf(picture, yellow), QRect(50, 20, 10, 20));
+}
+
 TEST(SurfacePainter, BoxesOfOneHeightCoverTheSameNumberOfPixelsEverywhere) {
   Surface surface("a", 260, 260, 15);
   for (int bar = 0; bar < 64; ++bar) surface.box(0, 258 - 4 * bar, 200, 260 - 4 * bar, Colour::blue);
@@ -214,23 +224,6 @@ TEST(SurfaceView, PaintsAtTheTruePixelsOfADenseScreen) {
   image.setDevicePixelRatio(2);
   view.render(&image);
   EXPECT_EQ(placeOf(image, blue), QRect(100, 100, 2, 2));
-}
-
-TEST(SurfaceView, HandsTheMouseOnInUserUnits) {
-  Surface surface("a", 600, 200, 32);
-  SurfaceView view(surface);
-  view.resize(300, 80);
-  QStringList told;
-  PointerEvents pointer;
-  pointer.onPressed = [&](float x) { told << QString("press %1").arg(x); };
-  pointer.onMoved = [&](float x) { told << QString("move %1").arg(x); };
-  pointer.onReleased = [&](float x) { told << QString("release %1").arg(x); };
-  view.follow(pointer);
-  QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(15, 40));
-  QMouseEvent move(QEvent::MouseMove, QPointF(60, 40), QPointF(60, 40), Qt::NoButton, Qt::LeftButton, {});
-  QApplication::sendEvent(&view, &move);
-  QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(90, 40));
-  EXPECT_EQ(told, (QStringList{"press 30", "move 120", "release 180"}));
 }
 
 }  // namespace

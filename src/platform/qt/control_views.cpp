@@ -5,6 +5,7 @@
 #include <QToolTip>
 #include <algorithm>
 
+#include "platform/qt/help.h"
 #include "platform/qt/qt_text.h"
 
 namespace korvinel::platform {
@@ -47,10 +48,18 @@ QFont fittedFont(QFont font, const QString& text, const QSize& room) {
   return font;
 }
 
+/// A new caption leaves the button its key.
+void setCaption(QAbstractButton& button, const std::string& caption) {
+  const QKeySequence key = button.shortcut();
+  button.setText(toQt(caption));
+  button.setShortcut(key);
+}
+
 }  // namespace
 
 LabelView::LabelView(Label& model, QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
+  setObjectName(toQt(model.name()));
   setAccessibleDescription(toQt(model.name()));
   mirror(model, *this, [this, &model] { follow(model); });
 }
@@ -71,7 +80,8 @@ void LabelView::paintEvent(QPaintEvent*) {
     whole = whole && shown == line;
     line = shown;
   }
-  const QString tip = whole ? QString() : text();
+  const QString help = inLines(whatsThis());
+  const QString tip = whole ? help : help.isEmpty() ? text() : text() + "\n" + help;
   if (tip != toolTip()) setToolTip(tip);
   const QRect place = painter.fontMetrics().boundingRect(rect(), Qt::AlignLeft | Qt::AlignVCenter, lines.join('\n'));
   const Rgb ground = fromQt(palette().color(QPalette::Window));
@@ -82,14 +92,15 @@ void LabelView::paintEvent(QPaintEvent*) {
 }
 
 ButtonView::ButtonView(Button& model, QWidget* parent) : QPushButton(parent) {
+  setObjectName(toQt(model.name()));
   setAccessibleDescription(toQt(model.name()));
-  setAutoDefault(false);
+  setAutoDefault(true);  // Enter presses it, too, when it has the keyboard
   connect(this, &QPushButton::clicked, [&model] { model.press(); });
   mirror(model, *this, [this, &model] { follow(model); });
 }
 
 void ButtonView::follow(const Button& model) {
-  setText(toQt(model.caption()));
+  setCaption(*this, model.caption());
   setPalette(paletteFor(*this, model.backColour(), Colour::buttonFace, QPalette::Button, QPalette::ButtonText));
   fitCaption();
 }
@@ -129,6 +140,7 @@ void takeText(TextBox& model, QLineEdit& box) {
 
 QLineEdit* makeView(TextBox& model, QWidget* parent) {
   auto* box = new QLineEdit(parent);
+  box->setObjectName(toQt(model.name()));
   box->setAccessibleName(toQt(model.name()));
   // Not only what is typed: a text can also come from the clipboard, a drop or an assistive program.
   QObject::connect(box, &QLineEdit::textChanged, [&model, box] { takeText(model, *box); });
@@ -145,20 +157,25 @@ QLineEdit* makeView(TextBox& model, QWidget* parent) {
 
 QCheckBox* makeView(CheckBox& model, QWidget* parent) {
   auto* box = new QCheckBox(parent);
+  box->setObjectName(toQt(model.name()));
   box->setAccessibleDescription(toQt(model.name()));
   // Not only a click: an assistive program switches the box without one.
   QObject::connect(box, &QCheckBox::toggled, [&model](bool checked) {
     if (checked != model.checked()) model.click();
   });
   mirror(model, *box, [&model, box] {
-    box->setText(toQt(model.caption()));
+    setCaption(*box, model.caption());
     box->setChecked(model.checked());
   });
   return box;
 }
 
 void tie(Range& model, QAbstractSlider& slider) {
+  slider.setObjectName(toQt(model.name()));
   slider.setAccessibleName(toQt(model.name()));
+  // A scroll bar would leave the keyboard to the area that it scrolls, and take "right" for "back".
+  slider.setFocusPolicy(Qt::StrongFocus);
+  slider.setInvertedControls(false);
   slider.setRange(model.first(), model.last());
   slider.setValue(model.value());
   QObject::connect(&slider, &QAbstractSlider::valueChanged, [&model](int value) {
@@ -168,6 +185,7 @@ void tie(Range& model, QAbstractSlider& slider) {
 }
 
 void tie(Picture& model, QWidget& picture) {
+  picture.setObjectName(toQt(model.name()));
   picture.setAccessibleName(toQt(model.name()));
   mirror(model, picture, [&model, &picture] { picture.setVisible(model.visible()); });
 }

@@ -33,14 +33,6 @@ void PlanGround::resizeEvent(QResizeEvent* event) {
         QRect(QPoint(across(place.x), down(place.y)), QPoint(across(place.right()) - 1, down(place.bottom()) - 1)));
 }
 
-QPalette panelColours() {
-  QPalette palette(QColor(236, 239, 241), QColor(236, 239, 241));
-  palette.setColor(QPalette::Highlight, QColor(25, 118, 210));
-  palette.setColor(QPalette::HighlightedText, Qt::white);
-  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(226, 230, 232));
-  return palette;
-}
-
 void showFitting(QWidget& window, const QSize& plan) {
   constexpr QSize frame(16, 38);  // what a window manager usually puts around the client area
   const QSize screenSize = window.screen()->availableSize();

@@ -2,13 +2,15 @@
 
 #include <vector>
 
+#include "platform/qt/focus_ring.h"
 #include "platform/qt/surface_view.h"
 #include "platform/rect.h"
 
 namespace korvinel::platform {
 
 /// The ground of a window with a plan: shows a surface whose units are the plan's, and keeps every widget that is put
-/// on it at its place in the plan and its letters in proportion, whatever size the window has.
+/// on it at its place in the plan and its letters in proportion, whatever size the window has. A ring shows which of
+/// them has the keyboard.
 class PlanGround : public SurfaceView {
  public:
   /// `letterHeight`: of the widgets' letters, in units of the plan.
@@ -30,10 +32,8 @@ class PlanGround : public SurfaceView {
   QSize plan_;
   double letterHeight_;
   std::vector<Placed> placed_;
+  FocusRing ring_{this};
 };
-
-/// Calm light colours in every desktop theme: the program's inks are chosen for them.
-[[nodiscard]] QPalette panelColours();
 
 /// Shows a window at its plan's own size, or filling a screen that is too small for it.
 void showFitting(QWidget& window, const QSize& plan);

@@ -52,7 +52,8 @@ class Painting {
 
   void paintBox(const Mark& mark) {
     const QPointF corner = pixel(std::min(mark.x1, mark.x2), std::min(mark.y1, mark.y2));
-    const QPointF extent = pixel(std::abs(mark.x2 - mark.x1), std::abs(mark.y2 - mark.y1));
+    const double height = std::max(surface_.leastBoxHeight(), std::abs(mark.y2 - mark.y1));
+    const QPointF extent = pixel(std::abs(mark.x2 - mark.x1), height);
     // Boxes of one size cover the same number of pixels everywhere, so that a row of bars looks even.
     painter_.fillRect(QRectF(std::round(corner.x()), std::round(corner.y()), std::max(1.0, std::round(extent.x())),
                              std::max(1.0, std::round(extent.y()))),

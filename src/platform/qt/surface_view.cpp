@@ -1,8 +1,10 @@
 #include "platform/qt/surface_view.h"
 
-#include <QMouseEvent>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
+#include "platform/qt/help.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/surface_painter.h"
 
@@ -15,6 +17,7 @@ constexpr int refreshIntervalMs = 16;
 
 SurfaceView::SurfaceView(Surface& surface, QWidget* parent) : QWidget(parent), surface_(surface) {
   setAttribute(Qt::WA_OpaquePaintEvent);
+  setObjectName(toQt(surface.name()));
   setAccessibleName(toQt(surface.name()));
   refreshTimer_.setSingleShot(true);
   refreshTimer_.setInterval(refreshIntervalMs);
@@ -35,27 +38,18 @@ void SurfaceView::refresh() {
   if (onRefreshed) onRefreshed();
 }
 
+/// The widget has no tool tip of its own: where nothing is printed, that would be read out as its text.
+bool SurfaceView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || whatsThis().isEmpty()) return QWidget::event(event);
+  QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), inLines(whatsThis()), this);
+  return true;
+}
+
 void SurfaceView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const qreal ratio = devicePixelRatioF();
   painter.scale(1 / ratio, 1 / ratio);
   paintSurface(painter, surface_, QSizeF(size()) * ratio, ratio);
-}
-
-void SurfaceView::mousePressEvent(QMouseEvent* event) {
-  if (pointer_ != nullptr) tell(pointer_->onPressed, *event);
-}
-
-void SurfaceView::mouseMoveEvent(QMouseEvent* event) {
-  if (pointer_ != nullptr) tell(pointer_->onMoved, *event);
-}
-
-void SurfaceView::mouseReleaseEvent(QMouseEvent* event) {
-  if (pointer_ != nullptr) tell(pointer_->onReleased, *event);
-}
-
-void SurfaceView::tell(const std::function<void(float)>& handler, const QMouseEvent& event) const {
-  if (handler) handler(static_cast<float>(event.position().x() * surface_.width() / width()));
 }
 
 }  // namespace korvinel::platform

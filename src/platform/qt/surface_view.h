@@ -10,7 +10,8 @@
 namespace korvinel::platform {
 
 /// Shows a surface at the true pixels of its widget; many changes in a row are painted at once. Its texts are the
-/// widget's accessible description, a line each. The surface must outlive it.
+/// widget's accessible description, a line each, so its help is told as "What's this" and by the mouse alone. The
+/// surface must outlive it.
 class SurfaceView : public QWidget {
  public:
   explicit SurfaceView(Surface& surface, QWidget* parent = nullptr);
@@ -20,21 +21,15 @@ class SurfaceView : public QWidget {
 
   std::function<void()> onRefreshed;  ///< called after every change of the surface has been taken over
 
-  /// Hands the mouse on to `pointer`, which must outlive the view: places in the surface's units.
-  void follow(const PointerEvents& pointer) { pointer_ = &pointer; }
-
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
+  const Surface& surface() const { return surface_; }
 
  private:
   void refresh();
-  void tell(const std::function<void(float)>& handler, const QMouseEvent& event) const;
 
   Surface& surface_;
-  const PointerEvents* pointer_ = nullptr;
   QTimer refreshTimer_;
 };
 

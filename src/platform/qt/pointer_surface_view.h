@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/qt/surface_view.h"
+
+namespace korvinel::platform {
+
+/// A surface on which the user points out places along its width, with the mouse or with the keyboard. The arrow keys
+/// move a mark by a step, Page Up and Page Down by a large step, Home and End to the edges; Space or Enter does at the
+/// mark what pressing the mouse button does, and the second time what releasing it does.
+class PointerSurfaceView : public SurfaceView {
+ public:
+  struct Steps {
+    int small, large;  ///< in the surface's units
+  };
+
+  /// `pointer` is told of all that happens, at places in the surface's units, and must outlive the view. `describe`: a
+  /// place in words, shown beside the mark.
+  PointerSurfaceView(Surface& surface, const PointerEvents& pointer, Steps steps,
+                     std::function<QString(int place)> describe, QWidget* parent = nullptr);
+
+  int mark() const { return mark_; }  ///< where the keyboard's mark stands, in the surface's units
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void pressOrRelease();
+  void moveMark(int place);
+  void sayPlace();
+  double pixelOf(int place) const;
+  float placeOf(const QMouseEvent& event) const;
+
+  const PointerEvents& pointer_;
+  Steps steps_;
+  std::function<QString(int place)> describe_;
+  int mark_ = 0;
+  bool pressedByKey_ = false;
+};
+
+}  // namespace korvinel::platform
