@@ -6,6 +6,7 @@
 
 #include "app/program.h"
 #include "platform/posix/host_paths.h"
+#include "platform/qt/appearance.h"
 #include "platform/qt/qt_text.h"
 
 namespace {
@@ -25,7 +26,7 @@ int main(int argc, char** argv) {
   // The toolkit takes over the machine's locale; numbers are written with a point all the same.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("Korvinel");
-  QApplication::setStyle("fusion");
+  korvinel::platform::applyAppearance();
   try {
     const auto program = std::make_unique<korvinel::Program>(korvinel::platform::userDataFolder());
     program->startUp();

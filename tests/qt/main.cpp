@@ -2,11 +2,13 @@
 
 #include <QApplication>
 
+#include "platform/qt/appearance.h"
+
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("CUPS_SERVER", "/nowhere");  // no test may print on somebody's printer
   testing::InitGoogleMock(&argc, argv);
   const QApplication application(argc, argv);
-  QApplication::setStyle("fusion");
+  korvinel::platform::applyAppearance();
   return RUN_ALL_TESTS();
 }

@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QTreeView>
 #include <algorithm>
 #include <cmath>
 
@@ -48,6 +50,10 @@ void prepare(QFileDialog& dialog) {
   dialog.setLabelText(QFileDialog::FileType, "Tipo file:");
   dialog.setLabelText(QFileDialog::Accept, "Apri");
   dialog.setLabelText(QFileDialog::Reject, "Annulla");
+  constexpr QSize roomForAllColumns(760, 460);
+  dialog.resize(roomForAllColumns);
+  for (auto* list : dialog.findChildren<QTreeView*>())
+    list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 
 }  // namespace

@@ -1,0 +1,69 @@
+#include "platform/qt/appearance.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QProxyStyle>
+#include <QToolTip>
+#include <QTranslator>
+
+namespace korvinel::platform {
+namespace {
+
+/// Dialogs of the program and of the toolkit look alike: no pictures on their buttons.
+class CalmStyle : public QProxyStyle {
+ public:
+  CalmStyle() : QProxyStyle("fusion") {}
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* data) const override {
+    return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+  }
+};
+
+/// Latin letters one by one: joined, this font sets "1024x768" with a multiplication sign.
+QFont calmLetters() {
+  constexpr int pointSize = 10;
+  QFont letters(QStringList{"Inter", "DejaVu Sans"}, pointSize);
+  letters.setStyleStrategy(QFont::PreferNoShaping);
+  return letters;
+}
+
+/// The toolkit's own words, such as the headings of the file dialog and the context menus.
+void speakItalian() {
+  auto* translator = new QTranslator(qApp);
+  if (translator->load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(translator);
+}
+
+}  // namespace
+
+QPalette calmColours() {
+  const QColor ground(236, 239, 241);
+  const QColor ink(20, 28, 32);
+  const QColor pale(120, 130, 136);
+  QPalette colours(ground, ground);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    colours.setColor(role, ink);
+    colours.setColor(QPalette::Disabled, role, pale);
+  }
+  colours.setColor(QPalette::Base, Qt::white);
+  colours.setColor(QPalette::AlternateBase, QColor(245, 247, 248));
+  colours.setColor(QPalette::Disabled, QPalette::Base, QColor(226, 230, 232));
+  colours.setColor(QPalette::PlaceholderText, pale);
+  colours.setColor(QPalette::Highlight, QColor(25, 118, 210));
+  colours.setColor(QPalette::HighlightedText, Qt::white);
+  colours.setColor(QPalette::ToolTipBase, QColor(255, 253, 231));
+  colours.setColor(QPalette::ToolTipText, ink);
+  return colours;
+}
+
+void applyAppearance() {
+  QApplication::setStyle(new CalmStyle);
+  QApplication::setPalette(calmColours());
+  QToolTip::setPalette(calmColours());
+  QApplication::setFont(calmLetters());
+  QToolTip::setFont(calmLetters());
+  speakItalian();
+}
+
+}  // namespace korvinel::platform
