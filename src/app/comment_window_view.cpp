@@ -20,7 +20,7 @@ CommentWindowView::CommentWindowView(CommentWindow& model, QWidget* owner)
   scroll_.setFrameStyle(QFrame::NoFrame);
   scroll_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_.setWidget(text_);
-  scroll_.setAccessibleName("Commenti");
+  scroll_.setAccessibleName("Commenti da scorrere");
   scroll_.setFocusPolicy(Qt::StrongFocus);
   explain(scroll_, report_window_help::comments);
   explain(*text_, report_window_help::comments);

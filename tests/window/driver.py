@@ -331,6 +331,11 @@ def keys(*names):
     mouse('key', *names)
 
 
+def type_text(text):
+    """Into whatever has the keyboard."""
+    mouse('type', '--delay', '50', text)
+
+
 def run_tests():
     """Runs the tests of the calling file: FILE BUILD_FOLDER [TEST...]. Ends with one line "N passed, N failed"."""
     global KORVINEL, INSTRUMENT
