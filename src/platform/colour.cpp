@@ -26,7 +26,7 @@ constexpr std::array<Rgb, 16> palette = {{{0, 0, 0},
                                           {255, 255, 0},
                                           {255, 255, 255}}};
 
-constexpr Rgb plainDesktop{240, 240, 240};
+constexpr Rgb calmGrey{236, 239, 241};
 constexpr Rgb slate{38, 50, 56};
 
 double linear(unsigned char component) {
@@ -48,7 +48,7 @@ Colour paletteColour(int index) {
 Rgb rgbOf(Colour colour) {
   const int index = static_cast<int>(colour);
   if (colour == Colour::graphArea) return slate;
-  return index < 0 ? plainDesktop : palette[static_cast<std::size_t>(index)];
+  return index < 0 ? calmGrey : palette[static_cast<std::size_t>(index)];
 }
 
 double contrast(Rgb first, Rgb second) {

@@ -35,8 +35,7 @@ struct Rgb {
   friend bool operator==(Rgb, Rgb) = default;
 };
 
-/// The screen colour. The window's background and a button's face are given as the light grey of a plain desktop;
-/// a view that knows its desktop's theme replaces them.
+/// The screen colour. The window's background and a button's face are one light grey.
 [[nodiscard]] Rgb rgbOf(Colour colour);
 
 /// Contrast ratio of two colours, 1..21 (relative luminance of sRGB, as the web accessibility guidelines define it).

@@ -15,8 +15,8 @@ import recording_file
 
 NAME, SUBJECT = 'mattina', "Niccolo' D'Ali"
 NOTES = ['occhi aperti', 'occhi chiusi']
-# Eyes are open for the first seconds of the stream. A block comes every three seconds, or later: blocks that begin after
-# them are of closed eyes, however slow the machine is.
+# Eyes are open for the first seconds of the stream. A block comes every three seconds, or later: those from this one on
+# are of closed eyes, however slow the machine is.
 OPEN_SECONDS, FIRST_CLOSED_BLOCK, BLOCKS = 21, 8, 12
 LIGHT_RED = (255, 0, 0)
 STRIP_UNITS, UNITS_PER_BLOCK = 600, 3
@@ -83,6 +83,11 @@ class Journey(unittest.TestCase):
         self.assertGreater(len(focusable), 15)
         for each in focusable:
             self.assertTrue(each.get_name(), '%s %r has no name' % (each.get_role_name(), each.get_description()))
+
+    def keys(self, *keys, window=MAIN):
+        """As soon as the window has the keyboard: after a box has gone it takes a moment."""
+        driver.wait(lambda: self.program.has_state(window, 'ACTIVE'), what='the window to be active')
+        driver.keys(*keys)
 
     # The examination
 
@@ -179,24 +184,24 @@ class Journey(unittest.TestCase):
         """A red line at the top of the time strip at every note."""
         place = self.program.extents('Striscia del tempo')
         place.y, place.height = place.y + 2, 1
-        pixels = self.desktop.pixels(place)
-        for begun, text in self.recording.notes:
-            x = int(begun * UNITS_PER_BLOCK * place.width / STRIP_UNITS)
-            self.assertIn(LIGHT_RED, pixels[x - 1:x + 2], text)
+        marks = [int(begun * UNITS_PER_BLOCK * place.width / STRIP_UNITS) for begun, _ in self.recording.notes]
+
+        def marked():
+            pixels = self.desktop.pixels(place)
+            return all(LIGHT_RED in pixels[x - 1:x + 2] for x in marks)
+        driver.wait(marked, what='the marks of the notes at %s' % marks)
 
     def replay(self):
         program = self.program
-        driver.keys('alt+l', 'End')  # the speed, as fast as it goes
+        self.keys('alt+l', 'End')  # the speed, as fast as it goes
         program.expect('the speed', lambda: " Velocita' display=20" in self.labels(), True)
-        seen = set()
         program.click('Rivedi la registrazione')
         program.expect('the version', lambda: program.label('Blocco e durata totale'), 'V3')
 
-        def at_end():
-            seen.add(program.label('Posizione della lettura'))
-            return self.block() == 1 and len(seen) > 2
-        driver.wait(at_end, 30, 'the end of the replay')
-        self.assertLessEqual(max(int(each) for each in seen if each), self.count)
+        def position():
+            return int(program.label('Posizione della lettura') or 0)
+        driver.wait(lambda: position() >= self.last and self.block() == 1, 60, 'the end of the replay')
+        self.assertLessEqual(position(), self.count)
         synchrony = [line for line in program.printed('Striscia del tempo') if line.startswith('Syncro 1-2=')]
         self.assertEqual(len(synchrony), 1)
         self.assertLessEqual(abs(float(synchrony[0].partition('=')[2])), 100)
@@ -208,14 +213,13 @@ class Journey(unittest.TestCase):
     # One block, by the slider
 
     def check_blocks(self):
-        driver.keys('alt+b', 'Home')
         for block in (2, FIRST_CLOSED_BLOCK, self.last):
             self.program.move('Blocco iniziale', block)
             self.check_block(block, (0, 1))
         self.program.click('Cambia coppia di canali')
         self.program.move('Blocco iniziale', 3)
         self.check_block(3, (2, 3))
-        driver.keys('alt+b', 'End')
+        self.keys('alt+b', 'End')
         self.program.expect('the slider at the end of the data', self.block, self.last)
         self.program.click('Cambia coppia di canali')
 
@@ -248,13 +252,12 @@ class Journey(unittest.TestCase):
 
     def choose_interval_by_keys(self):
         """The same, back to the first blocks and again."""
-        driver.keys('alt+z', 'Home', *['Right'] * 2, 'space', *['Right'] * 3, 'space')
+        self.keys('alt+z', 'Home', *['Right'] * 2, 'space', *['Right'] * 3, 'space')
         self.program.expect('blocks 2 to 5', self.interval, 'Intervallo=12s')
         self.desktop.screenshot('journey-4-interval')
-        driver.keys('Home', *['Right'] * FIRST_CLOSED_BLOCK, 'Return', *['Right'] * (self.last - FIRST_CLOSED_BLOCK),
-                    'Return')
-        seconds = 3 * (self.last - FIRST_CLOSED_BLOCK + 1)
-        self.program.expect('the interval', self.interval, 'Intervallo=%ds' % seconds)
+        steps = self.last - FIRST_CLOSED_BLOCK
+        self.keys('Home', *['Right'] * FIRST_CLOSED_BLOCK, 'Return', *['Right'] * steps, 'Return')
+        self.program.expect('the interval', self.interval, 'Intervallo=%ds' % (3 * (steps + 1)))
 
     # The report
 
@@ -303,7 +306,7 @@ class Journey(unittest.TestCase):
             self.assertLessEqual(abs(float(text[0].partition('=')[2])), 100)
 
     def check_scale(self):
-        driver.keys('alt+v', 'Right')
+        self.keys('alt+v', 'Right', window='Korvinel - Analisi finale')
         self.program.expect('the scale', lambda: self.program.label('Scala del rapporto'), 'Microvolts=31')
         self.program.expect('the scale line', lambda: 'Scala: 31 microvolts' in self.program.printed(REPORT), True)
 
@@ -312,17 +315,21 @@ class Journey(unittest.TestCase):
         program.click('Commenti sui segnali')
         program.expect('the comments', lambda: len(program.printed(COMMENTS)), 18)
         self.assertIn('non costituiscono in alcun modo un responso medico', '\n'.join(program.printed(COMMENTS)))
-        driver.wait(lambda: program.has_state('Korvinel - Commenti', 'ACTIVE'), what='the comments')
         self.desktop.screenshot('journey-6-comments')
-        driver.keys('Escape')
+        self.keys('Escape', window='Korvinel - Commenti')
         driver.wait(lambda: program.has_state('Korvinel - Analisi finale', 'ACTIVE'), what='the report')
 
     # Print
 
+    def texts_of_box(self):
+        box = driver.wait(self.program.boxes, what='a box')[-1]
+        return '\n'.join(each.get_name() for each in self.program.walk(box)
+                         if each.get_role_name() == 'label' and each.get_name())
+
     def print(self):
         self.program.click("Stampa l'immagine")
-        driver.wait(self.program.boxes, what='the prompt')
-        driver.keys('Return')
+        self.assertEqual(self.texts_of_box(), PROMPT[1])
+        self.keys('Return', window=PROMPT[0])
         text = self.program.answer('OK')[1]
         self.assertTrue(text.startswith('Nessuna stampante installata.'), text)
         pages = glob.glob(os.path.join(self.folder, NAME + '-*.pdf'))

@@ -61,8 +61,8 @@ def transform(values):
 
 
 def amplitudes(samples, factors):
-    """Microvolts at the indexes 1..128, as a list from 0: the shape of the spectrum with its largest value at three times
-    the samples' mean deviation."""
+    """Microvolts at the indexes 1..128, as a list from 0: the spectrum, its largest line being three times
+    the mean deviation of the samples."""
     mean = sum(samples) / len(samples)
     deviation = sum(abs(sample - mean) for sample in samples) / len(samples)
     lines = [abs(line) for line in transform(samples)[:SAMPLES // 2]]

@@ -9,7 +9,8 @@
 namespace korvinel::platform {
 namespace {
 
-/// Dialogs of the program and of the toolkit look alike: no pictures on their buttons.
+/// Marks grow with the letters beside them, as the letters grow with the window. Dialogs of the program and of the
+/// toolkit look alike: no pictures on their buttons.
 class CalmStyle : public QProxyStyle {
  public:
   CalmStyle() : QProxyStyle("fusion") {}
@@ -18,6 +19,22 @@ class CalmStyle : public QProxyStyle {
                 QStyleHintReturn* data) const override {
     return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
   }
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    if (widget == nullptr || widget->font().pixelSize() <= usualLetters) return usual;
+    switch (metric) {
+      case PM_IndicatorWidth:
+      case PM_IndicatorHeight:
+      case PM_SliderThickness:
+      case PM_SliderControlThickness:
+      case PM_SliderLength: return usual * widget->font().pixelSize() / usualLetters;
+      default: return usual;
+    }
+  }
+
+ private:
+  static constexpr int usualLetters = 13;
 };
 
 /// Latin letters one by one: joined, this font sets "1024x768" with a multiplication sign.

@@ -142,6 +142,8 @@ QLineEdit* makeView(TextBox& model, QWidget* parent) {
   auto* box = new QLineEdit(parent);
   box->setObjectName(toQt(model.name()));
   box->setAccessibleName(toQt(model.name()));
+  constexpr int margin = 3;
+  box->setTextMargins(margin, 0, margin, 0);
   // Not only what is typed: a text can also come from the clipboard, a drop or an assistive program.
   QObject::connect(box, &QLineEdit::textChanged, [&model, box] { takeText(model, *box); });
   QObject::connect(box, &QLineEdit::returnPressed, [&model] { model.pressKey('\r'); });
