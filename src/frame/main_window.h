@@ -58,8 +58,8 @@ struct MainWindow {
   platform::Surface frequencyAxis{"Asse frequenze", 10, 60, 3.4};
   platform::Surface leftRuler{"Righello sinistro", 260, 30, 16};
   platform::Surface rightRuler{"Righello destro", 260, 30, 16};
-  platform::Surface firstNumbers{"Valori numerici 1", 100, 95, 12};
-  platform::Surface secondNumbers{"Valori numerici 2", 100, 95, 12};
+  platform::Surface firstNumbers{"Valori numerici 1", 100, 95, 11.5};
+  platform::Surface secondNumbers{"Valori numerici 2", 100, 95, 11.5};
   platform::Surface Picture6{"Striscia del tempo", 600, 200, 32};  ///< 3 units a block
   platform::PointerEvents stripPointer;                            ///< the mouse on the time strip
 

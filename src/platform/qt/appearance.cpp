@@ -9,8 +9,8 @@
 namespace korvinel::platform {
 namespace {
 
-/// Marks grow with the letters beside them, as the letters grow with the window. Dialogs of the program and of the
-/// toolkit look alike: no pictures on their buttons.
+/// Check marks grow with the letters beside them, as the letters grow with the window. Dialogs of the program and of
+/// the toolkit look alike: no pictures on their buttons.
 class CalmStyle : public QProxyStyle {
  public:
   CalmStyle() : QProxyStyle("fusion") {}
@@ -21,20 +21,12 @@ class CalmStyle : public QProxyStyle {
   }
 
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    constexpr int usualLetters = 13;
     const int usual = QProxyStyle::pixelMetric(metric, option, widget);
-    if (widget == nullptr || widget->font().pixelSize() <= usualLetters) return usual;
-    switch (metric) {
-      case PM_IndicatorWidth:
-      case PM_IndicatorHeight:
-      case PM_SliderThickness:
-      case PM_SliderControlThickness:
-      case PM_SliderLength: return usual * widget->font().pixelSize() / usualLetters;
-      default: return usual;
-    }
+    const bool isMark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+    if (!isMark || widget == nullptr || widget->font().pixelSize() <= usualLetters) return usual;
+    return usual * widget->font().pixelSize() / usualLetters;
   }
-
- private:
-  static constexpr int usualLetters = 13;
 };
 
 /// Latin letters one by one: joined, this font sets "1024x768" with a multiplication sign.
