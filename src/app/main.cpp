@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <clocale>
 #include <exception>
@@ -23,6 +24,9 @@ int refuseToStart(const std::exception& cause) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
+  // The desktop knows the installed program, and its icon, by these names.
+  QApplication::setDesktopFileName("org.korvinel.Korvinel");
+  QApplication::setWindowIcon(QIcon::fromTheme("korvinel"));
   // The toolkit takes over the machine's locale; numbers are written with a point all the same.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("Korvinel");
