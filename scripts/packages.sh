@@ -25,6 +25,7 @@ install_missing() {
       case "$answer" in [yY]*) ;; *) echo "Nothing was installed."; return 1 ;; esac
     fi
   fi
+  echo "Installing them; this may take some minutes."
   export DEBIAN_FRONTEND=noninteractive
   "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >/dev/null 2>&1 ||
     { "${apt[@]}" update && "${apt[@]}" install -y --no-install-recommends "${missing[@]}"; }
