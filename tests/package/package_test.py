@@ -41,7 +41,7 @@ def state_of_package():
 
 def setUpModule():
     global PACKAGE
-    run('cmake', '--build', BUILD, '--target', 'package')
+    run('cmake', '--build', BUILD, '--target', 'deb')
     packages = glob.glob(os.path.join(BUILD, 'package', '*.deb'))
     PACKAGE = max(packages, key=os.path.getmtime)
 
