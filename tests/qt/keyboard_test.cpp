@@ -188,6 +188,30 @@ TEST(Keyboard, EnterAndSpacePressTheButtonThatHasTheKeyboard) {
   EXPECT_EQ(presses, 2);
 }
 
+TEST(Keyboard, AHeldKeyPressesAButtonOnce) {
+  Windows windows;
+  int presses = 0;
+  windows.mainModel.Annotax.onPressed = [&] { ++presses; };
+  auto* button = windows.mainView.findChild<QWidget*>("Nuova nota");
+  for (const bool repeated : {false, true, true}) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", repeated);
+    QApplication::sendEvent(button, &press);
+  }
+  EXPECT_EQ(presses, 1);
+}
+
+TEST(Keyboard, AfterANoteTheKeyboardIsWhereItWasBefore) {
+  Windows windows;
+  windows.mainView.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.mainView));
+  auto* button = windows.mainView.findChild<QWidget*>("Nuova nota");
+  button->setFocus();
+  windows.mainModel.noteBox.requestFocus();
+  EXPECT_EQ(windows.mainView.focusWidget()->objectName(), "Nota");
+  windows.mainModel.noteBox.setEnabled(false);
+  EXPECT_EQ(windows.mainView.focusWidget(), button);
+}
+
 TEST(Keyboard, ScalesMoveByTheArrowsAndByPages) {
   Windows windows;
   auto* bar = windows.mainView.findChild<QWidget*>("Scala in microvolt");

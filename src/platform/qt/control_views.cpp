@@ -1,9 +1,13 @@
 #include "platform/qt/control_views.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QToolTip>
 #include <algorithm>
+#include <memory>
 
 #include "platform/qt/help.h"
 #include "platform/qt/qt_text.h"
@@ -105,6 +109,11 @@ void ButtonView::follow(const Button& model) {
   fitCaption();
 }
 
+/// A key that is held down presses once.
+void ButtonView::keyPressEvent(QKeyEvent* event) {
+  if (!event->isAutoRepeat()) QPushButton::keyPressEvent(event);
+}
+
 void ButtonView::resizeEvent(QResizeEvent* event) {
   QPushButton::resizeEvent(event);
   fitCaption();
@@ -147,10 +156,16 @@ QLineEdit* makeView(TextBox& model, QWidget* parent) {
   // Not only what is typed: a text can also come from the clipboard, a drop or an assistive program.
   QObject::connect(box, &QLineEdit::textChanged, [&model, box] { takeText(model, *box); });
   QObject::connect(box, &QLineEdit::returnPressed, [&model] { model.pressKey('\r'); });
-  model.onFocusRequested = [box] { box->setFocus(Qt::OtherFocusReason); };
+  const auto before = std::make_shared<QPointer<QWidget>>();  // what had the keyboard when the program moved it here
+  model.onFocusRequested = [box, before] {
+    if (!box->hasFocus()) *before = QApplication::focusWidget();
+    box->setFocus(Qt::OtherFocusReason);
+  };
   QObject::connect(box, &QObject::destroyed, [&model] { model.onFocusRequested = nullptr; });
-  mirror(model, *box, [&model, box] {
+  mirror(model, *box, [&model, box, before] {
     showText(model, *box);
+    // Else the toolkit would pass the keyboard on to the next control, for the user's next key to press it.
+    if (!model.enabled() && box->hasFocus() && *before) (*before)->setFocus(Qt::OtherFocusReason);
     box->setEnabled(model.enabled());
     box->setPalette(paletteFor(*box, model.backColour(), Colour::white, QPalette::Base, QPalette::Text));
   });

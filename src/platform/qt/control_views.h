@@ -33,6 +33,7 @@ class ButtonView : public QPushButton {
   ButtonView(Button& model, QWidget* parent);
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
