@@ -40,7 +40,7 @@ void skipToStartBlock(MainState& state, FileLoop& loop) {
     state.readFileBlock();
     if (loop.atEnd()) return;
     state.blockCount += 1;
-  } while (state.blockCount != state.shared.replayStartBlock);
+  } while (state.blockCount < state.shared.replayStartBlock);  // the slider may have been moved back meanwhile
 }
 
 void showBlock(MainState& state) {
@@ -117,8 +117,9 @@ void replayOpenFile(MainState& state) {
     if (!replayBlocks(state)) return;
   } catch (const RuntimeError& fault) {
     rewind(state);
-    throw RuntimeError(fault.fault,
-                       "La lettura si e' fermata al blocco " + std::to_string(state.blockCount) + ".\r" + fault.what());
+    const std::string place = "La lettura si e' fermata al blocco " + std::to_string(state.blockCount);
+    state.blockCount -= 1;  // the last block that could be shown: the display goes on with that one
+    throw RuntimeError(fault.fault, place + ".\r" + fault.what());
   }
   actOnRequests(state);
   rewind(state);

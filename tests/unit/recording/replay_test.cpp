@@ -163,6 +163,21 @@ TEST(Replay, OfALongFileEndsWhereTheHistoriesEnd) {
   EXPECT_EQ(program.state.fileLoopRunning, 0);
 }
 
+TEST(Replay, AfterItStoppedAtABlockWithoutAPlaceTheDisplayGoesOnWithTheLastOneShown) {
+  OpenedProgram program(250);
+  program.replayFrom(190);
+  EXPECT_EQ(program.state.blockCount, 202);
+  program.window.HScroll1.moveTo(100);
+  EXPECT_EQ(program.host.faults.size(), 1U);
+}
+
+TEST(Replay, TheSliderMovedBackWhileThePlaceIsSoughtDoesNotLoseIt) {
+  OpenedProgram program(60);
+  program.host.time.when([&] { return program.state.blockCount == 30; }, [&] { program.window.Slider1.moveTo(10); });
+  program.replayFrom(50);
+  EXPECT_EQ(program.shown.front(), recordings::levelOf(32));
+}
+
 TEST(Replay, AnUnknownTagRunsUntilStop) {
   FileProgram program(recordings::header({{1, "n"}}, "V9") + recordings::block(100));
   program.open();
