@@ -10,6 +10,13 @@ namespace {
 
 constexpr int blocksPerSynchronising = 5;  // fifteen seconds
 
+/// The first block is put on the disk at once, and with it the file's name.
+bool synchroniseNow(const MainState& state) {
+  const std::size_t header = state.temporaryContent.find('\n') + 1;
+  const auto blocks = static_cast<int>((state.temporaryContent.size() - header) / blockBytes);
+  return blocks % blocksPerSynchronising == 1;
+}
+
 }  // namespace
 
 void MainState::createTempFile() {
@@ -25,8 +32,7 @@ void MainState::createTempFile() {
 void MainState::appendBlockToTemp() {
   if (recordingActive != 1) return;
   for (int channel = 1; channel <= 4; ++channel) temporaryContent += takeChannelRecord(sampleBlock[channel]);
-  const bool synchronised = blockCount % blocksPerSynchronising == 0;
-  const bool written = attemptWrite(*this, [&] { completeTemporaryFile(*this, synchronised); });
+  const bool written = attemptWrite(*this, [&] { completeTemporaryFile(*this, synchroniseNow(*this)); });
   if (written) return;
   window.statusLabel.setInk(platform::Colour::lightRed);
   window.statusLabel.setText("Errore di scrittura su disco!");
