@@ -51,14 +51,19 @@ std::string wholeFile(int blocks, const std::string& version = "V3", int notes =
 /// The files that lie about when a program begins.
 std::map<std::string, std::string> filesAtTheBeginning() {
   const auto in = [](const char* name) { return std::string(dataFolder) + name; };
-  return {{in("lungo.QVD"), wholeFile(60, "V3", 59)}, {in("corto.QVD"), wholeFile(1)},
-          {in("vuoto.QVD"), ""},                      {in("testa.QVD"), wholeFile(0)},
-          {in("ignoto.QVD"), wholeFile(3, "V9")},     {in("troppe.QVD"), wholeFile(3, "V3", 70)},
-          {in("pieno.QVD"), wholeFile(205)},          {in("mozzo.QVD"), wholeFile(4).substr(0, 3000)}};
+  return {{in("lungo.QVD"), wholeFile(60, "V3", 59)},
+          {in("corto.QVD"), wholeFile(1)},
+          {in("vuoto.QVD"), ""},
+          {in("testa.QVD"), wholeFile(0)},
+          {in("ignoto.QVD"), wholeFile(3, "V9")},
+          {in("troppe.QVD"), wholeFile(3, "V3", 70)},
+          {in("pieno.QVD"), wholeFile(205)},
+          {in("mozzo.QVD"), wholeFile(4).substr(0, 3000)}};
 }
 
-const std::vector<std::string> texts{"", "prova", "a", "Rossi", "lungo", "LUNGO.QVD", "x\"y,z", "nota con accento \xC3\xA0",
-                                     "C:\\altro", "90", "-5", "100", "130,5", "novanta", std::string(300, 'n')};
+const std::vector<std::string> texts{
+    "",   "prova", "a",   "Rossi", "lungo",   "LUNGO.QVD",          "x\"y,z", "nota con accento \xC3\xA0", "C:\\altro",
+    "90", "-5",    "100", "130,5", "novanta", std::string(300, 'n')};
 
 /// A program under random hands, from its start to its end.
 class Monkey {
@@ -161,7 +166,7 @@ class Monkey {
     MainWindow& window = program_.window;
     // A print that was once confirmed asks again after every replay until it is cancelled.
     if (program_.state.printRequested == 1 && dice_.oneIn(2)) program_.host.dialogs.choices.assign(30, Choice::cancel);
-    const std::vector<platform::Button*> often{&window.Starts1, &window.Starts1, &window.Registra, &window.Annotax,
+    const std::vector<platform::Button*> often{&window.Starts1, &window.Starts1,  &window.Registra, &window.Annotax,
                                                &window.Openx,   &window.Displayx, &window.Analisi};
     const std::vector<platform::Button*> all{&window.Starts1, &window.Stopd1,   &window.Registra, &window.Annotax,
                                              &window.Canali,  &window.Artefact, &window.Openx,    &window.Displayx,
@@ -185,8 +190,8 @@ class Monkey {
   }
 
   void moveSomething() {
-    platform::Range& range = *dice_.from(std::vector<platform::Range*>{
-        &program_.window.HScroll1, &program_.window.HScroll2, &program_.window.Slider1});
+    platform::Range& range = *dice_.from(
+        std::vector<platform::Range*>{&program_.window.HScroll1, &program_.window.HScroll2, &program_.window.Slider1});
     range.moveTo(dice_.between(range.first() - 3, range.last() + 3));
   }
 
@@ -240,7 +245,8 @@ class Monkey {
   /// Every fault is told to the user; these are the ones that bad files and bad intervals may lead to.
   void judge(const std::string& fault) {
     const bool emptyRecording = program_.shared.fileBlockCount == 0 && fault == "Divisione per zero";
-    const bool allowed = emptyRecording || fault.starts_with("Impossibile ") || fault.starts_with("La lettura si e' fermata") ||
+    const bool allowed = emptyRecording || fault.starts_with("Impossibile ") ||
+                         fault.starts_with("La lettura si e' fermata") ||
                          program_.reportWindow.statusLabel.text() == "Operazione interrotta: " + fault;
     if (!allowed) ADD_FAILURE() << fault << "\n" << lastActs();
   }
@@ -265,7 +271,8 @@ class Monkey {
     for (const auto& [name, value] : flags) seen_[name] += value;
     seen_["file loop"] += state.fileLoopRunning;
     seen_["report open"] += static_cast<int>(!program_.host.windows.asked.empty());
-    if (state.recordingArmed == 1 && state.recordingActive == 0) ADD_FAILURE() << "armed without recording\n" << lastActs();
+    if (state.recordingArmed == 1 && state.recordingActive == 0)
+      ADD_FAILURE() << "armed without recording\n" << lastActs();
     if (state.recordingActive == 1 && state.fileLoopRunning == 1)
       ADD_FAILURE() << "a file is read while another is recorded\n" << lastActs();
   }
@@ -291,10 +298,10 @@ class Monkey {
   }
 
   void checkSurfaces() {
-    for (const platform::Surface* surface : {&program_.window.firstTrace, &program_.window.secondTrace,
-                                             &program_.window.leftSpectrum, &program_.window.rightSpectrum,
-                                             &program_.window.Picture6, &program_.window.messagePanel,
-                                             &program_.window.coherenceGraph, &program_.comments.text})
+    for (const platform::Surface* surface :
+         {&program_.window.firstTrace, &program_.window.secondTrace, &program_.window.leftSpectrum,
+          &program_.window.rightSpectrum, &program_.window.Picture6, &program_.window.messagePanel,
+          &program_.window.coherenceGraph, &program_.comments.text})
       if (surface->marks().size() > platform::Surface::mostMarks) ADD_FAILURE() << surface->name() << " grows";
   }
 

@@ -93,11 +93,26 @@ INSTANTIATE_TEST_SUITE_P(
                     LineFault{"twoStartsIgnored", with([](Faults& f) { f.ignoredStarts = 2; }), 2},
                     LineFault{"ignoresStop", with([](Faults& f) { f.ignoreStop = true; }), 0},
                     LineFault{"flood", with([](Faults& f) { f.flood = true; }), 0},
-                    LineFault{"silentTwice", with([](Faults& f) { f.silentAfterBlocks = {2, 5}; }), -1},
-                    LineFault{"hangsUp", with([](Faults& f) { f.hangUpAfterBlocks = {1, 3, 4}; }), -1},
-                    LineFault{"losesBytes", with([](Faults& f) { f.lostBytes = {1, 500, 1025, 3333}; }), -1},
-                    LineFault{"doublesBytes", with([](Faults& f) { f.doubledBytes = {1, 500, 1025, 3333}; }), -1},
-                    LineFault{"flipsBytes", with([](Faults& f) { f.flippedBytes = {1, 2, 3, 500, 2000}; }), 0}),
+                    LineFault{"silentTwice", with([](Faults& f) {
+                                f.silentAfterBlocks = {2, 5};
+                              }),
+                              -1},
+                    LineFault{"hangsUp", with([](Faults& f) {
+                                f.hangUpAfterBlocks = {1, 3, 4};
+                              }),
+                              -1},
+                    LineFault{"losesBytes", with([](Faults& f) {
+                                f.lostBytes = {1, 500, 1025, 3333};
+                              }),
+                              -1},
+                    LineFault{"doublesBytes", with([](Faults& f) {
+                                f.doubledBytes = {1, 500, 1025, 3333};
+                              }),
+                              -1},
+                    LineFault{"flipsBytes", with([](Faults& f) {
+                                f.flippedBytes = {1, 2, 3, 500, 2000};
+                              }),
+                              0}),
     [](const auto& each) { return std::string(each.param.name); });
 
 TEST(Line, AnInstrumentThatNeverAnswersAsksUntilTheUserGivesUp) {

@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+#include <csignal>
+
+#include "campaign.h"
+#include "platform/posix/disk_files.h"
+#include "recorded_examination.h"
+#include "unit/posix/temporary_folder.h"
+
+/// The disk fills up, goes away or refuses, at every moment of a recording: there is a message, what was written is
+/// kept, and the acquisition goes on.
+namespace korvinel {
+namespace {
+
+using platform::MemoryFiles;
+
+constexpr int blocks = 3;
+const std::string dataFile = recordings::folder + "prova.QVD";
+
+/// The content of the one file that was set aside, or of the temporary file, or "".
+std::string keptContent(const MemoryFiles& files) {
+  for (const auto& [path, bytes] : files.content)
+    if (path.starts_with(recordings::folder + "Tempor1")) return bytes;
+  return "";
+}
+
+struct Shown {
+  explicit Shown(const platform::ScriptedDialogs& dialogs) {
+    for (const auto& box : dialogs.shown) text += box.text + "\n";
+  }
+  [[nodiscard]] bool tells(const std::string& words) const { return text.find(words) != std::string::npos; }
+  std::string text;
+};
+
+/// Where nothing fails: what the temporary file holds at the end, and what the data file takes.
+struct Undisturbed {
+  Undisturbed() {
+    writeSettings(files);
+    RecordedExamination examination(files);
+    examination.host.time.when([&] { return examination.state.assembling == 1; },
+                               [&] { temporary = examination.state.temporaryContent; });
+    examination.run("prova", blocks);
+    data = files.content[dataFile];
+  }
+  MemoryFiles files;
+  std::string temporary, data;
+};
+
+void expectNothingLost(const MemoryFiles& files, const RecordedExamination& examination, const Undisturbed& whole,
+                       std::int64_t space) {
+  const Shown shown(examination.host.dialogs);
+  EXPECT_GT(examination.state.blockCount, blocks) << "the acquisition went on, space " << space;
+  const auto data = files.content.find(dataFile);
+  if (data != files.content.end() && data->second == whole.data) return;
+  // The data file is not whole: a box says so, and what there was room for lies in the temporary file, whole blocks
+  // first and nothing shifted.
+  EXPECT_TRUE(shown.tells("Errore di scrittura durante la registrazione!") || shown.tells("Impossibile registrare!"))
+      << "space " << space << "\n"
+      << shown.text;
+  if (shown.tells("Impossibile registrare!")) return;
+  const std::string kept = keptContent(files);
+  EXPECT_TRUE(whole.temporary.starts_with(kept)) << "space " << space;
+  const auto room =
+      static_cast<std::size_t>(std::min<std::int64_t>(space, static_cast<std::int64_t>(whole.temporary.size())));
+  EXPECT_EQ(kept.size(), room) << "space " << space;
+}
+
+TEST(Disk, MayBeFullAtAnyByteOfTheTemporaryFileAndOfTheAssembling) {
+  const Undisturbed whole;
+  const auto all = static_cast<int>(whole.temporary.size() + whole.data.size()) + 10;
+  campaign::Dice dice(5);
+  // In the short campaign every byte of the headers, and some of the samples'.
+  for (int space = 0; space < all; space += campaign::isLong() || space < 60 ? 1 : dice.between(1, 250)) {
+    MemoryFiles files;
+    writeSettings(files);
+    files.freeSpace = space;
+    RecordedExamination examination(files);
+    examination.run("prova", blocks);
+    expectNothingLost(files, examination, whole, space);
+    if (testing::Test::HasFailure()) return;
+  }
+}
+
+TEST(Disk, ThatIsFullForAWhileCostsNothing) {
+  const Undisturbed whole;
+  for (int space = 100; space < 3000; space += campaign::isLong() ? 7 : 310) {
+    MemoryFiles files;
+    writeSettings(files);
+    files.freeSpace = space;
+    RecordedExamination examination(files);
+    auto& host = examination.host;
+    host.time.when(
+        [&] { return Shown(host.dialogs).text.empty() && files.freeSpace < 5 && examination.state.blockCount == 3; },
+        [&] { files.freeSpace = 1'000'000; });
+    examination.run("prova", blocks);
+    const bool asWhole = files.content[dataFile] == whole.data || whole.temporary == keptContent(files);
+    EXPECT_TRUE(asWhole) << "space " << space;
+  }
+}
+
+TEST(Disk, MayTurnReadOnlyOrLoseItsFolderAtAnyBlock) {
+  const Undisturbed whole;
+  for (int block = 1; block <= blocks; ++block)
+    for (const bool folderGoes : {false, true}) {
+      MemoryFiles files;
+      writeSettings(files);
+      RecordedExamination examination(files);
+      examination.host.time.when(
+          [&] { return examination.state.recordingActive == 1 && examination.state.blockCount == block; },
+          [&] {
+            if (folderGoes) files.content.erase(recordings::temporary);
+            files.readOnly = !folderGoes;
+          });
+      examination.run("prova", blocks);
+      EXPECT_EQ(examination.state.blockCount, blocks + 1);
+      if (folderGoes) {
+        EXPECT_EQ(files.content[dataFile], whole.data) << "written anew from memory";
+      } else {
+        EXPECT_TRUE(Shown(examination.host.dialogs).tells("Errore di scrittura durante la registrazione!"));
+        EXPECT_TRUE(files.content.contains(recordings::temporary)) << "the temporary file is kept";
+      }
+    }
+}
+
+TEST(Disk, AFileOfTheSameNameThatAppearsMeanwhileIsKeptInFront) {
+  const Undisturbed whole;
+  MemoryFiles files;
+  writeSettings(files);
+  RecordedExamination examination(files);
+  examination.host.time.when([&] { return examination.state.blockCount == 2; },
+                             [&] { files.content[dataFile] = "somebody's"; });
+  examination.run("prova", blocks);
+  EXPECT_EQ(files.content[dataFile], "somebody's" + whole.data);
+}
+
+/// On a real disk that takes no file beyond `limit` bytes; returns in the child's exit code whether all is well.
+void recordUnderALimit(const std::string& folder, rlim_t limit, const Undisturbed& whole) {
+  platform::DiskFiles files(folder);
+  writeSettings(files);
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit size{limit, limit};
+  setrlimit(RLIMIT_FSIZE, &size);
+  RecordedExamination examination(files);
+  examination.run("prova", blocks);
+  const Shown shown(examination.host.dialogs);
+  const bool goesOn = examination.state.blockCount == blocks + 1;
+  const bool told = shown.tells("Errore di scrittura durante la registrazione!");
+  _exit(goesOn && told == (limit < whole.data.size()) ? 0 : 1);
+}
+
+TEST(Disk, ARealOneWithALimitOnTheSizeOfAFileKeepsWhatItTook) {
+  const Undisturbed whole;
+  for (const std::size_t limit :
+       {std::size_t{600}, std::size_t{1500}, whole.temporary.size(), whole.data.size() - 1, whole.data.size()}) {
+    const platform::TemporaryFolder folder;
+    const std::string data = folder / "drive_c/QUARVEL5/DATAFILE/";
+    std::filesystem::create_directories(data);
+    const pid_t child = fork();
+    if (child == 0) recordUnderALimit(folder.path(), limit, whole);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "limit " << limit;
+    std::string kept;
+    for (const auto& file : std::filesystem::directory_iterator(data))
+      if (file.path().filename().string().starts_with("Tempor1")) kept = platform::contentOf(file.path());
+    if (limit < whole.data.size()) {
+      EXPECT_EQ(kept, whole.temporary.substr(0, limit)) << "limit " << limit;
+    } else {
+      EXPECT_EQ(platform::contentOf(data + "prova.QVD"), whole.data);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace korvinel

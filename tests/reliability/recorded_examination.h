@@ -1,0 +1,75 @@
+#pragma once
+
+#include <string>
+
+#include "app/wiring.h"
+#include "frame/main_state.h"
+#include "instrument/frame_source.h"
+#include "platform/headless/headless_platform.h"
+#include "recordings.h"
+
+namespace korvinel {
+
+/// An examination on the virtual clock whose files lie wherever a test wants them: recorded, with a note, to its end.
+class RecordedExamination {
+ public:
+  explicit RecordedExamination(platform::Files& files, std::uint64_t seed = 1)
+      : platform_{host.time, host.time,       host.tickTimer, host.pauseTimer, host.dialogs,
+                  files,     host.serialPort, host.machine,   host.printer,    host.windows} {
+    const auto source = instrument::modelSource({{instrument::Model::eyesClosed}}, seed);
+    for (int block = 0; block < 12; ++block) host.instrument.blocks.push_back(blockOf(*source));
+    tieControls(state, host.edge);
+    state.startUp();
+  }
+
+  /// Start, one block, "Registra", `blocks` more with a note among them, Stop, up to the end of assembling.
+  void run(const std::string& name, int blocks) {
+    window.fileNameBox.type(name);
+    window.subjectBox.type("Rossi");
+    window.Starts1.press();
+    acquire(1);
+    window.Registra.press();
+    host.time.runUntil([&] { return state.recordingArmed == 0; });
+    acquire(blocks - 1);
+    window.Annotax.press();
+    window.noteBox.type("nota");
+    window.noteBox.pressKey(13);
+    acquire(1);
+    window.Stopd1.press();
+    host.time.runUntil([&] { return state.intervalSelectable == 1; }, 60);
+  }
+
+  void acquire(int blocks) {
+    const int target = state.blockCount + blocks;
+    host.time.runUntil([&] { return state.blockCount >= target && host.pauseTimer.enabled(); }, 60);
+  }
+
+  static std::string blockOf(instrument::FrameSource& source) {
+    std::string block;
+    for (int i = 0; i < 256; ++i) {
+      const instrument::Frame frame = source.nextFrame().value();
+      for (const std::uint8_t sample : frame) block += static_cast<char>(sample);
+    }
+    return block;
+  }
+
+  platform::HeadlessPlatform host;
+  MainWindow window;
+  ProgramValues shared;
+
+ private:
+  platform::Platform platform_;
+
+ public:
+  MainState state{window, shared, platform_};
+};
+
+/// The files that a program finds in its root.
+inline void writeSettings(platform::Files& files) {
+  std::string factors = "1";
+  for (int i = 2; i <= 64; ++i) factors += ",1";
+  files.create("C:\\QUARVEL5\\Instal8s.val")->write("\"Korvinel\",\"Ita\",2,0,0,0,0\r\n\"\",\"\"\r\n");
+  files.create("C:\\QUARVEL5\\Factors.val")->write(factors + "\r\n");
+}
+
+}  // namespace korvinel
