@@ -32,6 +32,8 @@ def examine(program, number, until):
     program.type('Nome del file', 'lungo%d' % number)
     program.press('Start')
     slider = program.find('Blocco iniziale', interface='Value')
+    # The slider still stands where the last examination left it.
+    driver.wait(lambda: program.value('Blocco iniziale') == 1, 30, 'the first block')
     turns, shown, since = [], 0, None
     while shown < BLOCKS_AN_EXAMINATION and time.monotonic() < until:
         value = int(program.atspi.Value.get_current_value(slider))

@@ -83,7 +83,8 @@ class Hands:
         boxes = self.program.boxes()
         if boxes:
             buttons = [each for each in self.program.walk(boxes[-1]) if each.get_role_name() == 'push button']
-            self.program.atspi.Action.do_action(self.dice.choice(buttons), 0)
+            if buttons:
+                self.program.atspi.Action.do_action(self.dice.choice(buttons), 0)
 
     def let_go_by(self):
         time.sleep(self.dice.choice([0.1, 0.5, 3.2]))
