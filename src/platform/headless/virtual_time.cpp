@@ -1,6 +1,7 @@
 #include "platform/headless/virtual_time.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace korvinel::platform {
 
@@ -26,8 +27,16 @@ void VirtualTimer::fire() {
 }
 
 CalendarTime VirtualTime::localTime() const {
+  using namespace std::chrono;
   const int second = static_cast<int>(now_) % 86'400;
-  return {date_.year, date_.month, date_.day, second / 3600, second / 60 % 60, second % 60};
+  const sys_days first = year(date_.year) / date_.month / date_.day;
+  const year_month_day today(first + days(static_cast<int>(now_) / 86'400));
+  return {static_cast<int>(today.year()),
+          static_cast<int>(static_cast<unsigned>(today.month())),
+          static_cast<int>(static_cast<unsigned>(today.day())),
+          second / 3600,
+          second / 60 % 60,
+          second % 60};
 }
 
 void VirtualTime::process() { moveOnBy(step_); }

@@ -107,13 +107,17 @@ def still_works(hands):
         return True
     end = time.monotonic() + 60
     while time.monotonic() < end and hands.program.process.poll() is None:
-        for act in (hands.answer, lambda: hands.program.press('Stop'), lambda: hands.program.press('End')):
+        for act in (lambda: driver.keys('Escape'), hands.answer, lambda: hands.program.press('Stop'),
+                    lambda: hands.program.press('End')):
             try:
                 act()
             except Exception as error:
                 if type(error).__name__ not in ('Error', 'GError', 'TimeoutError', 'StopIteration', 'AttributeError'):
                     raise
             time.sleep(0.3)
+    if hands.program.process.poll() is None:
+        print('\n'.join(hands.program.tree()))
+        hands.desktop.screenshot('random-hands-stuck')
     return hands.program.process.poll() == 0
 
 
