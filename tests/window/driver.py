@@ -331,6 +331,14 @@ def keys(*names):
     mouse('key', *names)
 
 
+def resize_active_window(width, height):
+    """And moves it to the corner of the screen. The window has the keyboard before the window manager says so."""
+    def active():
+        return subprocess.run(['xdotool', 'getactivewindow'], capture_output=True, check=False).stdout.strip()
+    mouse('windowmove', wait(active, what='the active window').decode(), 0, 0)
+    mouse('windowsize', active().decode(), width, height)
+
+
 def type_text(text):
     """Into whatever has the keyboard."""
     mouse('type', '--delay', '50', text)

@@ -42,7 +42,7 @@ class ReportSizes(unittest.TestCase):
         return program
 
     def resize(self, program, scale, width, height):
-        driver.mouse('getactivewindow', 'windowmove', 0, 0, 'windowsize', width, height)
+        driver.resize_active_window(width, height)
         driver.wait(lambda: program.extents(GROUND).width == width // scale, what='the new size')
 
     def check(self, program, case):

@@ -40,7 +40,7 @@ class WindowSizes(unittest.TestCase):
         return program
 
     def resize(self, program, scale, width, height):
-        driver.mouse('getactivewindow', 'windowmove', 0, 0, 'windowsize', width, height)
+        driver.resize_active_window(width, height)
         driver.wait(lambda: program.extents(GROUND).width == width // scale, what='the new size')
 
     def places(self, program):
