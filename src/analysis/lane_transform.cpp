@@ -1,0 +1,279 @@
+#include "analysis/lane_transform.h"
+
+#include <bit>
+#include <cfloat>
+#include <cstdint>
+#include <cstring>
+#include <type_traits>
+
+#include "analysis/twiddles.h"
+
+static_assert(FLT_EVAL_METHOD == 0, "double arithmetic must round to double at every operation");
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wpsabi"  // no vector leaves this file
+#endif
+#define KORVINEL_INLINE __attribute__((always_inline)) inline
+
+namespace korvinel {
+namespace {
+
+// Values are whole counts of ten-thousandths, held in doubles. Stage s combines groups of 2^(s-1) values into groups of
+// twice the size. In the first six stages a row holds one element of all groups, the groups in the order in which the
+// bit-reversed halves lie behind each other: the lower halves of the pairs are the row's second half. Then the rows are
+// turned into groups, and the last two stages run along these.
+
+/// The quotient c / 10000, correctly rounded, for whole c below 2^39: c times the first 14 bits of 1/10000 is exact,
+/// and what the rest adds is off by less than 2^-13 units in the last place, while no c / 10000 lies within 1/1250 of
+/// such a unit of the middle between two doubles, as 10000 = 16 x 625.
+constexpr double perCountFirst = 0x1.a36p-14;
+constexpr double perCountRest = (1.0 - perCountFirst * 10'000) / 10'000;
+constexpr double countsPerUnit = 10'000;
+
+/// Adding it, and taking it off again, rounds a number below 2^51 to a whole one, ties to even.
+constexpr double rounder = 0x1.8p52;
+constexpr auto rounderBits = std::bit_cast<std::int64_t>(rounder);
+
+constexpr std::int64_t complexRange = std::int64_t{1} << 29;  // grows to less than 2^39
+constexpr std::int64_t realRange = std::int64_t{1} << 22;
+constexpr int rowStages = 6;
+
+/// In the stages up to the sixth, the factor of a quarter turn just swaps the parts: what the short pi adds to a real
+/// value does not reach half a count.
+consteval bool quarterTurnsAreExact() {
+  constexpr double largest = static_cast<double>(realRange << (rowStages - 1));
+  for (int stage = 2; stage <= rowStages; ++stage) {
+    const auto quarter = static_cast<std::size_t>(1 << (stage - 1)) + static_cast<std::size_t>(1 << (stage - 2));
+    const double re = twiddles.re[quarter], im = twiddles.im[quarter] + 1;
+    if (re < 0 || re * largest > 0.4 || im * largest > 0.1 || im * largest < -0.1) return false;
+  }
+  return true;
+}
+static_assert(quarterTurnsAreExact());
+
+template <int width>
+struct Vector {
+  typedef double Doubles __attribute__((vector_size(8 * width)));
+  typedef std::int64_t Counts __attribute__((vector_size(8 * width)));
+};
+
+using Two = Vector<narrowLanes>::Doubles;
+using Four = Vector<wideLanes>::Doubles;
+
+/// From 64 rows of four to four groups of 64.
+KORVINEL_INLINE void turnRows(const Two* rows, Two* groups) {
+  for (int m = 0; m < 32; ++m, rows += 4) {
+    groups[m] = __builtin_shufflevector(rows[0], rows[2], 0, 2);
+    groups[m + 32] = __builtin_shufflevector(rows[0], rows[2], 1, 3);
+    groups[m + 64] = __builtin_shufflevector(rows[1], rows[3], 0, 2);
+    groups[m + 96] = __builtin_shufflevector(rows[1], rows[3], 1, 3);
+  }
+}
+
+KORVINEL_INLINE void turnRows(const Four* rows, Four* groups) {
+  for (int m = 0; m < 16; ++m, rows += 4) {
+    const Four evenUpper = __builtin_shufflevector(rows[0], rows[1], 0, 4, 2, 6);
+    const Four oddUpper = __builtin_shufflevector(rows[0], rows[1], 1, 5, 3, 7);
+    const Four evenLower = __builtin_shufflevector(rows[2], rows[3], 0, 4, 2, 6);
+    const Four oddLower = __builtin_shufflevector(rows[2], rows[3], 1, 5, 3, 7);
+    groups[m] = __builtin_shufflevector(evenUpper, evenLower, 0, 1, 4, 5);
+    groups[m + 16] = __builtin_shufflevector(oddUpper, oddLower, 0, 1, 4, 5);
+    groups[m + 32] = __builtin_shufflevector(evenUpper, evenLower, 2, 3, 6, 7);
+    groups[m + 48] = __builtin_shufflevector(oddUpper, oddLower, 2, 3, 6, 7);
+  }
+}
+
+/// One transform, `width` values at a time. Vectors are handed on by reference: by value they would need the wide
+/// registers that only some callers have.
+template <int width>
+class LaneTransform {
+ public:
+  /// See transformInLanes.
+  static KORVINEL_INLINE bool run(Fixed* re, Fixed* im) {
+    // A value within the range +-r, r a power of two, plus r has no bit above those of 2r - 1.
+    Counts bits{}, realBits{}, anyIm{};
+    for (int i = 0; i < length; ++i) {
+      Counts real, imaginary;
+      load(re, i, real);
+      load(im, i, imaginary);
+      bits |= (real + complexRange) | (imaginary + complexRange);
+      realBits |= real + realRange;
+      anyIm |= imaginary;
+    }
+    if (!fits(bits, 2 * complexRange)) return false;
+    Parts a, b;
+    if (fits(realBits, 2 * realRange) && fits(anyIm, 1))
+      transformRealRows(re, a, b);
+    else
+      transformRows(re, im, a, b);
+    finish(b, a, re, im);
+    return true;
+  }
+
+ private:
+  using Doubles = typename Vector<width>::Doubles;
+  using Counts = typename Vector<width>::Counts;
+  static constexpr int length = transformLength / width;
+  static constexpr int quarter = length / 4;
+
+  struct Parts {
+    Doubles re[length], im[length];
+  };
+
+  static KORVINEL_INLINE void load(const Fixed* values, int i, Counts& counts) {
+    static_assert(sizeof(Fixed) == sizeof(std::int64_t) && std::is_trivially_copyable_v<Fixed>);
+    std::memcpy(&counts, values + 1 + i * width, sizeof counts);
+  }
+
+  static KORVINEL_INLINE void loadDoubles(const Fixed* values, int i, Doubles& numbers) {
+    Counts counts;
+    load(values, i, counts);
+    numbers = reinterpret_cast<Doubles>(counts + rounderBits) - rounder;
+  }
+
+  static KORVINEL_INLINE void store(const Doubles& numbers, Fixed* values, int i) {
+    const Counts counts = reinterpret_cast<Counts>(numbers + rounder) - rounderBits;
+    std::memcpy(static_cast<void*>(values + 1 + i * width), &counts, sizeof counts);
+  }
+
+  static KORVINEL_INLINE bool fits(const Counts& bits, std::int64_t limit) {
+    for (int lane = 0; lane < width; ++lane)
+      if ((bits[lane] & ~(limit - 1)) != 0) return false;
+    return true;
+  }
+
+  /// The butterfly of transformPlainly. `fr`, `fi`: the factor, for all lanes or one for each.
+  template <typename Factor>
+  static KORVINEL_INLINE void combine(const Parts& in, int upper, int lower, const Factor& fr, const Factor& fi,
+                                      Parts& out, int sum, int difference) {
+    const Doubles re = in.re[lower] * perCountFirst + in.re[lower] * perCountRest;
+    const Doubles im = in.im[lower] * perCountFirst + in.im[lower] * perCountRest;
+    Doubles turnedRe = (re * fr - im * fi) * countsPerUnit;
+    Doubles turnedIm = (re * fi + im * fr) * countsPerUnit;
+    turnedRe = (turnedRe + rounder) - rounder;
+    turnedIm = (turnedIm + rounder) - rounder;
+    out.re[difference] = in.re[upper] - turnedRe;
+    out.im[difference] = in.im[upper] - turnedIm;
+    out.re[sum] = in.re[upper] + turnedRe;
+    out.im[sum] = in.im[upper] + turnedIm;
+  }
+
+  template <int stage>
+  static KORVINEL_INLINE void combineRow(const Parts& in, Parts& out, int row) {
+    constexpr int half = 1 << (stage - 1), rowLength = (transformLength >> stage) / width;
+    const double fr = twiddles.re[static_cast<std::size_t>(half + row)];
+    const double fi = twiddles.im[static_cast<std::size_t>(half + row)];
+    for (int t = 0; t < rowLength; ++t) {
+      const int upper = 2 * row * rowLength + t;
+      combine(in, upper, upper + rowLength, fr, fi, out, row * rowLength + t, (row + half) * rowLength + t);
+    }
+  }
+
+  /// Row 0, whose factor is 1.
+  template <int stage>
+  static KORVINEL_INLINE void addRow(const Doubles* in, Doubles* out) {
+    constexpr int half = 1 << (stage - 1), rowLength = (transformLength >> stage) / width;
+    for (int t = 0; t < rowLength; ++t) {
+      out[t] = in[t] + in[t + rowLength];
+      out[half * rowLength + t] = in[t] - in[t + rowLength];
+    }
+  }
+
+  template <int stage>
+  static KORVINEL_INLINE void rowStage(const Parts& in, Parts& out) {
+    addRow<stage>(in.re, out.re);
+    addRow<stage>(in.im, out.im);
+    for (int row = 1; row < 1 << (stage - 1); ++row) combineRow<stage>(in, out, row);
+  }
+
+  /// The same for real values: the imaginary part of row 0, and of the row that is turned by a quarter, is 0. It is
+  /// neither written nor read.
+  template <int stage>
+  static KORVINEL_INLINE void realRowStage(const Parts& in, Parts& out) {
+    constexpr int half = 1 << (stage - 1), rowLength = (transformLength >> stage) / width;
+    addRow<stage>(in.re, out.re);
+    for (int row = 1; row < half / 2; ++row) combineRow<stage>(in, out, row);
+    for (int t = 0; t < rowLength; ++t) {
+      const int upper = half * rowLength + t, sum = half / 2 * rowLength + t, difference = sum + half * rowLength;
+      out.re[sum] = out.re[difference] = in.re[upper];
+      out.im[sum] = -in.re[upper + rowLength];
+      out.im[difference] = in.re[upper + rowLength];
+    }
+    for (int row = half / 2 + 1; row < half; ++row) combineRow<stage>(in, out, row);
+  }
+
+  /// Six stages; the result is in `b`.
+  static KORVINEL_INLINE void transformRows(const Fixed* re, const Fixed* im, Parts& a, Parts& b) {
+    for (int i = 0; i < length; ++i) {
+      loadDoubles(re, i, b.re[i]);
+      loadDoubles(im, i, b.im[i]);
+    }
+    addRow<1>(b.re, a.re);
+    addRow<1>(b.im, a.im);
+    rowStage<2>(a, b);
+    rowStage<3>(b, a);
+    rowStage<4>(a, b);
+    rowStage<5>(b, a);
+    rowStage<6>(a, b);
+  }
+
+  static KORVINEL_INLINE void transformRealRows(const Fixed* re, Parts& a, Parts& b) {
+    for (int i = 0; i < length; ++i) loadDoubles(re, i, b.re[i]);
+    addRow<1>(b.re, a.re);
+    realRowStage<2>(a, b);
+    realRowStage<3>(b, a);
+    realRowStage<4>(a, b);
+    realRowStage<5>(b, a);
+    realRowStage<6>(a, b);
+    for (int i = 0; i < 4 / width; ++i) b.im[i] = b.im[length / 2 + i] = Doubles{};
+  }
+
+  template <int stage>
+  static KORVINEL_INLINE void groupStage(const Parts& in, Parts& out) {
+    constexpr int half = 1 << (stage - 1), groupLength = half / width, groups = transformLength / 2 / half;
+    const auto* fr = reinterpret_cast<const Doubles*>(twiddles.re.data() + half);
+    const auto* fi = reinterpret_cast<const Doubles*>(twiddles.im.data() + half);
+    for (int group = 0; group < groups; ++group)
+      for (int i = 0; i < groupLength; ++i) {
+        const int upper = group * groupLength + i, sum = upper + group * groupLength;
+        combine(in, upper, upper + length / 2, fr[i], fi[i], out, sum, sum + groupLength);
+      }
+  }
+
+  /// Takes rows of four in `a`.
+  static KORVINEL_INLINE void finish(Parts& a, Parts& b, Fixed* re, Fixed* im) {
+    turnRows(a.re, b.re);
+    turnRows(a.im, b.im);
+    groupStage<7>(b, a);
+    groupStage<8>(a, b);
+    for (int i = 0; i < length; ++i) {
+      store(b.re[i], re, i);
+      store(b.im[i], im, i);
+    }
+  }
+};
+
+bool transformNarrow(Fixed* re, Fixed* im) { return LaneTransform<narrowLanes>::run(re, im); }
+
+#if defined(__x86_64__)
+__attribute__((target("avx2"))) bool transformWide(Fixed* re, Fixed* im) {
+  return LaneTransform<wideLanes>::run(re, im);
+}
+#endif
+
+}  // namespace
+
+int widestLanes() {
+#if defined(__x86_64__)
+  if (__builtin_cpu_supports("avx2")) return wideLanes;
+#endif
+  return narrowLanes;
+}
+
+bool transformInLanes(Fixed* re, Fixed* im, int lanes) {
+#if defined(__x86_64__)
+  if (lanes == wideLanes) return transformWide(re, im);
+#endif
+  return transformNarrow(re, im);
+}
+
+}  // namespace korvinel
