@@ -27,7 +27,11 @@ class Fixed {
 
   /// The count nearest to the double product number x 10000, ties to even. No number (NaN) is an overflow.
   static Fixed nearest(double number) {
-    const double rounded = std::nearbyint(number * static_cast<double>(scale));
+    const double exact = number * static_cast<double>(scale);
+    // Below 2^51 a sum with 1.5 x 2^52 is rounded to a whole number, without the library's call.
+    constexpr double rounder = 0x1.8p52, rounderLimit = 0x1p51;
+    if (std::abs(exact) < rounderLimit) return fromCount(static_cast<std::int64_t>((exact + rounder) - rounder));
+    const double rounded = std::nearbyint(exact);
     constexpr double limit = 9223372036854775808.0;  // 2^63
     if (!(rounded >= -limit && rounded < limit)) overflow();
     return fromCount(static_cast<std::int64_t>(rounded));
@@ -51,11 +55,9 @@ class Fixed {
 
   /// The exact 128-bit product of the counts over 10000, ties to even.
   friend constexpr Fixed operator*(Fixed a, Fixed b) {
-    const Wide product = static_cast<Wide>(a.count_) * b.count_;
-    Wide quotient = product / scale;
-    const auto remainder = static_cast<std::int64_t>(product % scale);
-    const std::int64_t twice = 2 * (remainder < 0 ? -remainder : remainder);
-    if (twice > scale || (twice == scale && quotient % 2 != 0)) quotient += product < 0 ? -1 : 1;
+    std::int64_t product = 0;
+    if (!__builtin_mul_overflow(a.count_, b.count_, &product)) return fromCount(roundedToScale(product));
+    const Wide quotient = roundedToScale(static_cast<Wide>(a.count_) * b.count_);
     if (quotient < lowest || quotient > highest) overflow();
     return fromCount(static_cast<std::int64_t>(quotient));
   }
@@ -73,6 +75,16 @@ class Fixed {
   __extension__ typedef __int128 Wide;
   static constexpr std::int64_t lowest = std::numeric_limits<std::int64_t>::min();
   static constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
+
+  /// product / 10000, ties to even.
+  template <typename Integer>
+  static constexpr Integer roundedToScale(Integer product) {
+    const Integer quotient = product / scale;
+    const Integer remainder = product % scale;
+    const Integer twice = 2 * (remainder < 0 ? -remainder : remainder);
+    if (twice < scale || (twice == scale && quotient % 2 == 0)) return quotient;
+    return quotient + (product < 0 ? -1 : 1);
+  }
 
   [[noreturn]] static void overflow() {
     throw RuntimeError(Fault::overflow, "Numero troppo grande per quattro decimali in 64 bit");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 
 #include "values/runtime_error.h"
@@ -42,6 +43,16 @@ TEST(Fixed, ConversionAgreesWithLongDoubleAwayFromTies) {
     const long double exact = static_cast<long double>(number * 10'000.0);
     ASSERT_EQ(Fixed::nearest(number).count(), static_cast<std::int64_t>(std::nearbyintl(exact))) << number;
   }
+}
+
+TEST(Fixed, ConversionOfNumbersOfEverySizeIsTheLibrarysRounding) {
+  std::mt19937_64 random(4);
+  std::uniform_real_distribution<double> numbers(-1, 1);
+  for (int exponent = -20; exponent < 49; ++exponent)
+    for (int i = 0; i < 2'000; ++i) {
+      const double number = std::ldexp(numbers(random), exponent);
+      ASSERT_EQ(Fixed::nearest(number).count(), static_cast<std::int64_t>(std::nearbyint(number * 10'000.0))) << number;
+    }
 }
 
 TEST(Fixed, ProductsAreTheExactQuotientRoundedTiesToEven) {
