@@ -105,10 +105,10 @@ void MainState::smoothBlock() {
 
 void MainState::removeBaseline() {
   Bounded<float, 4, 260> baseline;
-  for (int channel = 1; channel <= 4; ++channel) {
+  for (int channel = 1; channel <= 4; ++channel)
     std::copy_n(sampleBlock[channel].data() + 1, samplesPerBlock, baseline[channel].data() + 1);
-    smoothToBaseline(baseline[channel].data(), samplesPerBlock);
-  }
+  smoothChannelsToBaseline({baseline[1].data(), baseline[2].data(), baseline[3].data(), baseline[4].data()},
+                           samplesPerBlock);
   for (int channel = 1; channel <= shared.channelCount; ++channel)
     for (int s = 1; s <= samplesPerBlock; ++s)
       sampleBlock[channel][s] = static_cast<float>(static_cast<double>(sampleBlock[channel][s]) -

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <array>
+
 namespace korvinel {
+
+constexpr int baselinePasses = 400;
 
 /// Turns one channel's signal into its baseline, the slow drifts and eye movements: 400 passes of the mean of three
 /// neighbours, in place from the first sample to the last, with edge copies renewed after each pass.
@@ -8,6 +12,9 @@ namespace korvinel {
 /// and stored as a 32-bit float.
 void smoothToBaseline(float* signal, int sampleCount);
 
-constexpr int baselinePasses = 400;
+/// The same for four channels at once, with the same results to the last bit: channels side by side, and several passes
+/// under way, each two samples behind the one before, as a mean needs its left neighbour of the same pass and its right
+/// one of the pass before.
+void smoothChannelsToBaseline(const std::array<float*, 4>& signals, int sampleCount);
 
 }  // namespace korvinel
