@@ -5,8 +5,10 @@
 #include <complex>
 
 #include "analysis/correlation.h"
+#include "analysis/lane_transform.h"
 #include "analysis/ocular_screen.h"
 #include "analysis/phase.h"
+#include "analysis/plain_transform.h"
 #include "analysis/spectrum.h"
 #include "analysis/transform.h"
 #include "headless_program.h"
@@ -108,14 +110,20 @@ Column noisyColumn() {
   return column;
 }
 
-void transformOfOneChannel(benchmark::State& bench) {
+void transformBy(benchmark::State& bench, void (*way)(Fixed*, Fixed*)) {
   const Column samples = noisyColumn();
   for (auto iteration : bench) {
     Column re = samples, im{};
-    transform(re.data(), im.data());
+    way(re.data(), im.data());
     benchmark::DoNotOptimize(re);
     benchmark::DoNotOptimize(im);
   }
+}
+
+void transformOfOneChannel(benchmark::State& bench) { transformBy(bench, transform); }
+void transformPlainly(benchmark::State& bench) { transformBy(bench, korvinel::transformPlainly); }
+void transformInNarrowLanes(benchmark::State& bench) {
+  transformBy(bench, [](Fixed* re, Fixed* im) { (void)transformInLanes(re, im, narrowLanes); });
 }
 
 void inverseOfOneChannel(benchmark::State& bench) {
@@ -128,13 +136,14 @@ void inverseOfOneChannel(benchmark::State& bench) {
   }
 }
 
-/// The same size without rounding, for comparison.
+/// The same size without rounding, for comparison: real values, half a spectrum.
 void transformByFftw(benchmark::State& bench) {
-  std::array<std::complex<double>, transformLength> in{}, out{};
-  const auto plan = fftw_plan_dft_1d(transformLength, reinterpret_cast<fftw_complex*>(in.data()),
-                                     reinterpret_cast<fftw_complex*>(out.data()), FFTW_FORWARD, FFTW_MEASURE);
+  alignas(64) std::array<double, transformLength> in{};
+  alignas(64) std::array<std::complex<double>, transformLength / 2 + 1> out{};
+  const auto plan =
+      fftw_plan_dft_r2c_1d(transformLength, in.data(), reinterpret_cast<fftw_complex*>(out.data()), FFTW_MEASURE);
   Noise noise(2);
-  for (auto& value : in) value = 128 + 60 * noise.next();
+  for (double& value : in) value = 128 + 60 * noise.next();
   for (auto iteration : bench) {
     fftw_execute(plan);
     benchmark::DoNotOptimize(out);
@@ -183,6 +192,8 @@ void ocularScreenOfOnePair(benchmark::State& bench) {
   }
 }
 
+BENCHMARK(transformPlainly)->Unit(benchmark::kMicrosecond);
+BENCHMARK(transformInNarrowLanes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(transformOfOneChannel)->Unit(benchmark::kMicrosecond);
 BENCHMARK(inverseOfOneChannel)->Unit(benchmark::kMicrosecond);
 BENCHMARK(transformByFftw)->Unit(benchmark::kMicrosecond);

@@ -1,5 +1,6 @@
 #include <benchmark/benchmark.h>
 
+#include "device/baseline.h"
 #include "headless_program.h"
 
 namespace korvinel {
@@ -30,6 +31,19 @@ void runOnBlocks(benchmark::State& bench, void (MainState::*operation)()) {
   bench.counters["budget_us"] = 870'000;  // what one turn may take before it grows longer
 }
 
+/// Four channels one after the other, pass by pass: the reference.
+void baselinePlainly(benchmark::State& bench) {
+  HeadlessProgram program;
+  fillBlock(program.state);
+  const auto block = program.state.sampleBlock;
+  for (auto iteration : bench) {
+    auto signals = block;
+    for (int channel = 1; channel <= 4; ++channel) smoothToBaseline(signals[channel].data(), 256);
+    benchmark::DoNotOptimize(signals);
+  }
+}
+
+BENCHMARK(baselinePlainly)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(runOnBlocks, smoothBlock, &MainState::smoothBlock)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(runOnBlocks, removeBaseline, &MainState::removeBaseline)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(runOnBlocks, drawRawTraces, &MainState::drawRawTraces)->Unit(benchmark::kMicrosecond);

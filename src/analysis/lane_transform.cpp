@@ -89,23 +89,21 @@ class LaneTransform {
  public:
   /// See transformInLanes.
   static KORVINEL_INLINE bool run(Fixed* re, Fixed* im) {
-    // A value within the range +-r, r a power of two, plus r has no bit above those of 2r - 1.
-    Counts bits{}, realBits{}, anyIm{};
-    for (int i = 0; i < length; ++i) {
-      Counts real, imaginary;
-      load(re, i, real);
-      load(im, i, imaginary);
-      bits |= (real + complexRange) | (imaginary + complexRange);
-      realBits |= real + realRange;
-      anyIm |= imaginary;
-    }
-    if (!fits(bits, 2 * complexRange)) return false;
     Parts a, b;
-    if (fits(realBits, 2 * realRange) && fits(anyIm, 1))
-      transformRealRows(re, a, b);
+    if (isZero(im) && startReal(re, a))
+      realRows(a, b);
+    else if (startComplex(re, im, b))
+      complexRows(b, a);
     else
-      transformRows(re, im, a, b);
-    finish(b, a, re, im);
+      return false;
+    turnRows(a.re, b.re);
+    turnRows(a.im, b.im);
+    groupStage<7>(b, a);
+    groupStage<8>(a, b);
+    for (int i = 0; i < length; ++i) {
+      store(b.re[i], re, i);
+      store(b.im[i], im, i);
+    }
     return true;
   }
 
@@ -124,10 +122,22 @@ class LaneTransform {
     std::memcpy(&counts, values + 1 + i * width, sizeof counts);
   }
 
-  static KORVINEL_INLINE void loadDoubles(const Fixed* values, int i, Doubles& numbers) {
+  /// The values of +-range, a power of two, are those that leave no bit above 2 x range - 1 here.
+  static KORVINEL_INLINE void load(const Fixed* values, int i, std::int64_t range, Doubles& numbers, Counts& bits) {
     Counts counts;
     load(values, i, counts);
+    bits |= counts + range;
     numbers = reinterpret_cast<Doubles>(counts + rounderBits) - rounder;
+  }
+
+  static KORVINEL_INLINE bool isZero(const Fixed* values) {
+    Counts bits{};
+    for (int i = 0; i < length; ++i) {
+      Counts counts;
+      load(values, i, counts);
+      bits |= counts;
+    }
+    return fits(bits, 1);
   }
 
   static KORVINEL_INLINE void store(const Doubles& numbers, Fixed* values, int i) {
@@ -201,14 +211,20 @@ class LaneTransform {
     for (int row = half / 2 + 1; row < half; ++row) combineRow<stage>(in, out, row);
   }
 
-  /// Six stages; the result is in `b`.
-  static KORVINEL_INLINE void transformRows(const Fixed* re, const Fixed* im, Parts& a, Parts& b) {
+  /// Stage 1; gives whether all values are within the range.
+  static KORVINEL_INLINE bool startComplex(const Fixed* re, const Fixed* im, Parts& out) {
+    Counts bits{};
+    Parts in;
     for (int i = 0; i < length; ++i) {
-      loadDoubles(re, i, b.re[i]);
-      loadDoubles(im, i, b.im[i]);
+      load(re, i, complexRange, in.re[i], bits);
+      load(im, i, complexRange, in.im[i], bits);
     }
-    addRow<1>(b.re, a.re);
-    addRow<1>(b.im, a.im);
+    addRow<1>(in.re, out.re);
+    addRow<1>(in.im, out.im);
+    return fits(bits, 2 * complexRange);
+  }
+
+  static KORVINEL_INLINE void complexRows(Parts& a, Parts& b) {
     rowStage<2>(a, b);
     rowStage<3>(b, a);
     rowStage<4>(a, b);
@@ -216,15 +232,31 @@ class LaneTransform {
     rowStage<6>(a, b);
   }
 
-  static KORVINEL_INLINE void transformRealRows(const Fixed* re, Parts& a, Parts& b) {
-    for (int i = 0; i < length; ++i) loadDoubles(re, i, b.re[i]);
-    addRow<1>(b.re, a.re);
-    realRowStage<2>(a, b);
-    realRowStage<3>(b, a);
-    realRowStage<4>(a, b);
-    realRowStage<5>(b, a);
-    realRowStage<6>(a, b);
-    for (int i = 0; i < 4 / width; ++i) b.im[i] = b.im[length / 2 + i] = Doubles{};
+  /// Stages 1 and 2, which only add and swap; gives whether all values are within the range.
+  static KORVINEL_INLINE bool startReal(const Fixed* re, Parts& out) {
+    Counts bits{};
+    for (int i = 0; i < quarter; ++i) {
+      Doubles first, second, third, fourth;
+      load(re, i, realRange, first, bits);
+      load(re, i + quarter, realRange, second, bits);
+      load(re, i + 2 * quarter, realRange, third, bits);
+      load(re, i + 3 * quarter, realRange, fourth, bits);
+      const Doubles evenSum = first + third, oddSum = second + fourth;
+      out.re[i] = evenSum + oddSum;
+      out.re[i + 2 * quarter] = evenSum - oddSum;
+      out.re[i + quarter] = out.re[i + 3 * quarter] = first - third;
+      out.im[i + quarter] = fourth - second;
+      out.im[i + 3 * quarter] = second - fourth;
+    }
+    return fits(bits, 2 * realRange);
+  }
+
+  static KORVINEL_INLINE void realRows(Parts& a, Parts& b) {
+    realRowStage<3>(a, b);
+    realRowStage<4>(b, a);
+    realRowStage<5>(a, b);
+    realRowStage<6>(b, a);
+    for (int i = 0; i < 4 / width; ++i) a.im[i] = a.im[length / 2 + i] = Doubles{};
   }
 
   template <int stage>
@@ -237,18 +269,6 @@ class LaneTransform {
         const int upper = group * groupLength + i, sum = upper + group * groupLength;
         combine(in, upper, upper + length / 2, fr[i], fi[i], out, sum, sum + groupLength);
       }
-  }
-
-  /// Takes rows of four in `a`.
-  static KORVINEL_INLINE void finish(Parts& a, Parts& b, Fixed* re, Fixed* im) {
-    turnRows(a.re, b.re);
-    turnRows(a.im, b.im);
-    groupStage<7>(b, a);
-    groupStage<8>(a, b);
-    for (int i = 0; i < length; ++i) {
-      store(b.re[i], re, i);
-      store(b.im[i], im, i);
-    }
   }
 };
 
