@@ -13,19 +13,10 @@ using platform::Surface;
 
 using Phases = Bounded<Fixed, 128>;
 
-Phases phasesOf(const MainState& state, int channel) {
-  Phases phases;
-  for (int i = 1; i <= state.fftHalf; ++i)
-    phases[i] =
-        Fixed::nearest(phaseAngle(state.spectrumIm[channel][i].toDouble(), state.spectrumRe[channel][i].toDouble()));
-  return phases;
-}
-
 void keepCoherence(MainState& state, int pair, const Phases& first, const Phases& second) {
   auto& coherence = state.shared.coherenceSpectrumHistory[state.blockCount][pair];
-  auto& mean = state.meanCoherence[pair];
-  for (int i = 1; i <= state.fftHalf; ++i) coherence[i] = phaseCoherence(first[i], second[i]);
-  for (int i = 1; i <= state.fftHalf; ++i) mean[i] = runningMean(mean[i], coherence[i], state.blockCount);
+  phaseCoherences(first.data(), second.data(), coherence.data());
+  renewMeans(state.meanCoherence[pair].data(), coherence.data(), state.blockCount);
 }
 
 Fixed averageCorrelation(const Bounded<float, 202>& correlation, int blocks) {
@@ -52,7 +43,8 @@ void drawCoherenceGuides(Surface& graph) {
 
 void MainState::computeCoherence() {
   Bounded<Phases, 4> phases;
-  for (int channel = 1; channel <= 4; ++channel) phases[channel] = phasesOf(*this, channel);
+  for (int channel = 1; channel <= 4; ++channel)
+    phasesOf(spectrumRe[channel].data(), spectrumIm[channel].data(), phases[channel].data());
   for (int pair = 1; pair <= pairCount; ++pair) {
     const auto [first, second] = channelsOfPair(pair);
     keepCoherence(*this, pair, phases[first], phases[second]);

@@ -17,4 +17,11 @@ namespace korvinel {
 /// 100 x the cosine of the difference of two phases, each -pi..pi.
 [[nodiscard]] float phaseCoherence(Fixed first, Fixed second);
 
+// The same for all indexes 1..128 of a spectrum, with the same results to the last bit.
+
+/// `phases[i]` becomes phaseAngle(im[i], re[i]), rounded to four decimals.
+void phasesOf(const Fixed* re, const Fixed* im, Fixed* phases);
+/// `coherence[i]` becomes phaseCoherence(first[i], second[i]).
+void phaseCoherences(const Fixed* first, const Fixed* second, float* coherence);
+
 }  // namespace korvinel

@@ -23,9 +23,8 @@ void transformSamples(MainState& state, int channel) {
 void keepAmplitudes(MainState& state, int channel) {
   const auto& amplitude = state.amplitudeSpectrum[channel];
   auto& history = state.shared.spectrumHistory[state.blockCount][channel];
-  auto& mean = state.runningMeanSpectrum[channel];
   for (int i = 1; i <= state.fftHalf; ++i) history[i] = amplitude[i];
-  for (int i = 1; i <= state.fftHalf; ++i) mean[i] = runningMean(mean[i], amplitude[i], state.blockCount);
+  renewMeans(state.runningMeanSpectrum[channel].data(), amplitude.data(), state.blockCount);
 }
 
 void setBlockLength(MainState& state) {

@@ -7,6 +7,11 @@ namespace {
 
 constexpr Fixed amplitudeScale = Fixed::fromCount(200);  // 0.02
 
+inline float meanWith(float mean, float value, double count) {
+  const double before = mean;
+  return static_cast<float>((static_cast<double>(value) - before) / count + before);
+}
+
 }  // namespace
 
 Fixed meanDeviation(const Fixed* samples) {
@@ -26,8 +31,12 @@ void scaleAmplitudes(Fixed deviation, const Fixed* shape, const float* calibrati
 
 float runningMean(float mean, float value, int count) {
   if (count == 0) throw RuntimeError(Fault::divisionByZero, "Divisione per zero");
-  const double before = mean;
-  return static_cast<float>((static_cast<double>(value) - before) / count + before);
+  return meanWith(mean, value, count);
+}
+
+void renewMeans(float* mean, const float* values, int count) {
+  if (count == 0) throw RuntimeError(Fault::divisionByZero, "Divisione per zero");
+  for (int i = 1; i <= keptIndexes; ++i) mean[i] = meanWith(mean[i], values[i], count);
 }
 
 Fixed largestAmplitude(const float* spectrum, IndexRange range) {

@@ -26,6 +26,9 @@ void scaleAmplitudes(Fixed deviation, const Fixed* shape, const float* calibrati
 /// double and stored as a 32-bit float. A count of 0 is a RuntimeError (division by zero).
 [[nodiscard]] float runningMean(float mean, float value, int count);
 
+/// The same for indexes 1..128 of two arrays: each `mean[i]` takes in `values[i]`.
+void renewMeans(float* mean, const float* values, int count);
+
 /// The largest amplitude within the range, 0 when none lies above 0. `spectrum`: indexed by spectrum index.
 [[nodiscard]] Fixed largestAmplitude(const float* spectrum, IndexRange range);
 
