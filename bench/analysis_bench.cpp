@@ -4,6 +4,7 @@
 #include <array>
 #include <complex>
 
+#include "analysis/channel_pairs.h"
 #include "analysis/correlation.h"
 #include "analysis/lane_transform.h"
 #include "analysis/ocular_screen.h"
@@ -183,6 +184,24 @@ void coherenceOfOneIndex(benchmark::State& bench) {
   }
 }
 
+/// Pair by pair and index by index, as the coherence is defined: the reference.
+void coherencePlainly(benchmark::State& bench) {
+  Acquisition acquisition;
+  MainState& state = acquisition.state;
+  const auto phase = [&](int channel, int i) {
+    return Fixed::nearest(phaseAngle(state.spectrumIm[channel][i].toDouble(), state.spectrumRe[channel][i].toDouble()));
+  };
+  for (auto iteration : bench) {
+    for (int pair = 1; pair <= pairCount; ++pair) {
+      const auto [first, second] = channelsOfPair(pair);
+      float* mean = state.meanCoherence[pair].data();
+      for (int i = 1; i <= keptIndexes; ++i)
+        mean[i] = runningMean(mean[i], phaseCoherence(phase(first, i), phase(second, i)), 1);
+    }
+    benchmark::DoNotOptimize(state.meanCoherence);
+  }
+}
+
 void ocularScreenOfOnePair(benchmark::State& bench) {
   const Column samples = noisyColumn();
   for (auto iteration : bench) {
@@ -200,6 +219,7 @@ BENCHMARK(transformByFftw)->Unit(benchmark::kMicrosecond);
 BENCHMARK(magnitudeShapeOfOneChannel)->Unit(benchmark::kMicrosecond);
 BENCHMARK(correlationOfOnePair)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ocularScreenOfOnePair)->Unit(benchmark::kMicrosecond);
+BENCHMARK(coherencePlainly)->Unit(benchmark::kMicrosecond);
 BENCHMARK(phaseAngleOfOneIndex);
 BENCHMARK(coherenceOfOneIndex);
 
