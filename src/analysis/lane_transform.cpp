@@ -31,10 +31,10 @@ constexpr double countsPerUnit = 10'000;
 
 /// Adding it, and taking it off again, rounds a number below 2^51 to a whole one, ties to even.
 constexpr double rounder = 0x1.8p52;
-constexpr auto rounderBits = std::bit_cast<std::int64_t>(rounder);
+constexpr auto rounderBits = std::bit_cast<std::uint64_t>(rounder);
 
-constexpr std::int64_t complexRange = std::int64_t{1} << 29;  // grows to less than 2^39
-constexpr std::int64_t realRange = std::int64_t{1} << 22;
+constexpr std::uint64_t complexRange = std::uint64_t{1} << 29;  // grows to less than 2^39
+constexpr std::uint64_t realRange = std::uint64_t{1} << 22;
 constexpr int rowStages = 6;
 
 /// In the stages up to the sixth, the factor of a quarter turn just swaps the parts: what the short pi adds to a real
@@ -53,7 +53,7 @@ static_assert(quarterTurnsAreExact());
 template <int width>
 struct Vector {
   typedef double Doubles __attribute__((vector_size(8 * width)));
-  typedef std::int64_t Counts __attribute__((vector_size(8 * width)));
+  typedef std::uint64_t Counts __attribute__((vector_size(8 * width)));
 };
 
 using Two = Vector<narrowLanes>::Doubles;
@@ -90,20 +90,18 @@ class LaneTransform {
   /// See transformInLanes.
   static KORVINEL_INLINE bool run(Fixed* re, Fixed* im) {
     Parts a, b;
-    if (isZero(im) && startReal(re, a))
-      realRows(a, b);
-    else if (startComplex(re, im, b))
-      complexRows(b, a);
-    else
-      return false;
-    turnRows(a.re, b.re);
-    turnRows(a.im, b.im);
-    groupStage<7>(b, a);
-    groupStage<8>(a, b);
-    for (int i = 0; i < length; ++i) {
-      store(b.re[i], re, i);
-      store(b.im[i], im, i);
-    }
+    if (!startComplex(re, im, b)) return false;
+    complexRows(b, a);
+    finish(a, b, re, im);
+    return true;
+  }
+
+  /// See transformRealInLanes.
+  static KORVINEL_INLINE bool runReal(Fixed* re, Fixed* im) {
+    Parts a, b;
+    if (!startReal(re, a)) return false;
+    realRows(a, b);
+    finish(a, b, re, im);
     return true;
   }
 
@@ -118,26 +116,16 @@ class LaneTransform {
   };
 
   static KORVINEL_INLINE void load(const Fixed* values, int i, Counts& counts) {
-    static_assert(sizeof(Fixed) == sizeof(std::int64_t) && std::is_trivially_copyable_v<Fixed>);
+    static_assert(sizeof(Fixed) == sizeof(std::uint64_t) && std::is_trivially_copyable_v<Fixed>);
     std::memcpy(&counts, values + 1 + i * width, sizeof counts);
   }
 
   /// The values of +-range, a power of two, are those that leave no bit above 2 x range - 1 here.
-  static KORVINEL_INLINE void load(const Fixed* values, int i, std::int64_t range, Doubles& numbers, Counts& bits) {
+  static KORVINEL_INLINE void load(const Fixed* values, int i, std::uint64_t range, Doubles& numbers, Counts& bits) {
     Counts counts;
     load(values, i, counts);
     bits |= counts + range;
     numbers = reinterpret_cast<Doubles>(counts + rounderBits) - rounder;
-  }
-
-  static KORVINEL_INLINE bool isZero(const Fixed* values) {
-    Counts bits{};
-    for (int i = 0; i < length; ++i) {
-      Counts counts;
-      load(values, i, counts);
-      bits |= counts;
-    }
-    return fits(bits, 1);
   }
 
   static KORVINEL_INLINE void store(const Doubles& numbers, Fixed* values, int i) {
@@ -145,7 +133,7 @@ class LaneTransform {
     std::memcpy(static_cast<void*>(values + 1 + i * width), &counts, sizeof counts);
   }
 
-  static KORVINEL_INLINE bool fits(const Counts& bits, std::int64_t limit) {
+  static KORVINEL_INLINE bool fits(const Counts& bits, std::uint64_t limit) {
     for (int lane = 0; lane < width; ++lane)
       if ((bits[lane] & ~(limit - 1)) != 0) return false;
     return true;
@@ -259,25 +247,46 @@ class LaneTransform {
     for (int i = 0; i < 4 / width; ++i) a.im[i] = a.im[length / 2 + i] = Doubles{};
   }
 
-  template <int stage>
-  static KORVINEL_INLINE void groupStage(const Parts& in, Parts& out) {
-    constexpr int half = 1 << (stage - 1), groupLength = half / width, groups = transformLength / 2 / half;
-    const auto* fr = reinterpret_cast<const Doubles*>(twiddles.re.data() + half);
-    const auto* fi = reinterpret_cast<const Doubles*>(twiddles.im.data() + half);
-    for (int group = 0; group < groups; ++group)
-      for (int i = 0; i < groupLength; ++i) {
-        const int upper = group * groupLength + i, sum = upper + group * groupLength;
-        combine(in, upper, upper + length / 2, fr[i], fi[i], out, sum, sum + groupLength);
+  /// Stage 7: two groups.
+  static KORVINEL_INLINE void pairGroups(const Parts& in, Parts& out) {
+    const auto* fr = reinterpret_cast<const Doubles*>(twiddles.re.data() + 64);
+    const auto* fi = reinterpret_cast<const Doubles*>(twiddles.im.data() + 64);
+    for (int group = 0; group < 2; ++group)
+      for (int i = 0; i < quarter; ++i) {
+        const int upper = group * quarter + i, sum = upper + group * quarter;
+        combine(in, upper, upper + length / 2, fr[i], fi[i], out, sum, sum + quarter);
       }
+  }
+
+  /// Stage 8, and back to counts.
+  static KORVINEL_INLINE void joinHalves(const Parts& in, Parts& out, Fixed* re, Fixed* im) {
+    const auto* fr = reinterpret_cast<const Doubles*>(twiddles.re.data() + 128);
+    const auto* fi = reinterpret_cast<const Doubles*>(twiddles.im.data() + 128);
+    for (int i = 0; i < length / 2; ++i) {
+      combine(in, i, i + length / 2, fr[i], fi[i], out, i, i + length / 2);
+      for (const int place : {i, i + length / 2}) {
+        store(out.re[place], re, place);
+        store(out.im[place], im, place);
+      }
+    }
+  }
+
+  /// Takes the rows of four in `a`.
+  static KORVINEL_INLINE void finish(Parts& a, Parts& b, Fixed* re, Fixed* im) {
+    turnRows(a.re, b.re);
+    turnRows(a.im, b.im);
+    pairGroups(b, a);
+    joinHalves(a, b, re, im);
   }
 };
 
 bool transformNarrow(Fixed* re, Fixed* im) { return LaneTransform<narrowLanes>::run(re, im); }
+bool transformRealNarrow(Fixed* re, Fixed* im) { return LaneTransform<narrowLanes>::runReal(re, im); }
 
 #if defined(__x86_64__)
-__attribute__((target("avx2"))) bool transformWide(Fixed* re, Fixed* im) {
-  return LaneTransform<wideLanes>::run(re, im);
-}
+#define KORVINEL_WIDE __attribute__((target("avx2")))
+KORVINEL_WIDE bool transformWide(Fixed* re, Fixed* im) { return LaneTransform<wideLanes>::run(re, im); }
+KORVINEL_WIDE bool transformRealWide(Fixed* re, Fixed* im) { return LaneTransform<wideLanes>::runReal(re, im); }
 #endif
 
 }  // namespace
@@ -294,6 +303,13 @@ bool transformInLanes(Fixed* re, Fixed* im, int lanes) {
   if (lanes == wideLanes) return transformWide(re, im);
 #endif
   return transformNarrow(re, im);
+}
+
+bool transformRealInLanes(Fixed* re, Fixed* im, int lanes) {
+#if defined(__x86_64__)
+  if (lanes == wideLanes) return transformRealWide(re, im);
+#endif
+  return transformRealNarrow(re, im);
 }
 
 }  // namespace korvinel

@@ -16,4 +16,7 @@ constexpr int wideLanes = 4;    ///< AVX2
 /// +-53,000 (2^29 counts). `lanes`: `narrowLanes`, or `wideLanes` on a machine that has them.
 [[nodiscard]] bool transformInLanes(Fixed* re, Fixed* im, int lanes);
 
+/// The same for real values: what `im` holds before does not matter. The range is about +-419 (2^22 counts).
+[[nodiscard]] bool transformRealInLanes(Fixed* re, Fixed* im, int lanes);
+
 }  // namespace korvinel

@@ -53,8 +53,8 @@ void MainState::computeComplexSpectra() {
 
 void MainState::transformChannel() {
   auto& shape = shapeSpectrum[channelIndex];
-  for (int i = 0; i <= samplesPerBlock; ++i) fftIm[i] = 0;
-  transform(fftRe.data(), fftIm.data());
+  fftIm[0] = 0;
+  transformReal(fftRe.data(), fftIm.data());
   replaceZeroFrequency(fftRe.data(), fftIm.data());
   magnitudeShape(fftRe.data(), fftIm.data(), shape.data());
 }

@@ -12,11 +12,21 @@ namespace {
 constexpr Fixed peakFloor = Fixed::fromCount(1'000);  // 0.1
 constexpr int shapePeak = 150;
 
+int lanes() {
+  static const int widest = widestLanes();
+  return widest;
+}
+
 }  // namespace
 
 void transform(Fixed* re, Fixed* im) {
-  static const int lanes = widestLanes();
-  if (!transformInLanes(re, im, lanes)) transformPlainly(re, im);
+  if (!transformInLanes(re, im, lanes())) transformPlainly(re, im);
+}
+
+void transformReal(Fixed* re, Fixed* im) {
+  if (transformRealInLanes(re, im, lanes())) return;
+  std::fill_n(im + 1, transformLength, Fixed{});
+  transform(re, im);
 }
 
 void invertTransform(Fixed* re, Fixed* im) {

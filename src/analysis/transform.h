@@ -33,6 +33,9 @@ constexpr std::array<ComplexFactor, transformStages> stageFactors = {{{-0x1.0000
 /// `re`, `im`: indexes 1..256 are used.
 void transform(Fixed* re, Fixed* im);
 
+/// The same for 256 real values: `im` is a result only.
+void transformReal(Fixed* re, Fixed* im);
+
 /// The inverse, scaled by 1/256. `re`, `im`: indexes 1..256; index 0 takes no part in the transform, but is scaled
 /// with the rest.
 void invertTransform(Fixed* re, Fixed* im);

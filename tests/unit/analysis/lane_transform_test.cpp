@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <random>
@@ -28,12 +29,22 @@ std::vector<int> laneCounts() {
   return counts;
 }
 
+bool isReal(const Values& values) {
+  return std::all_of(values.im.begin() + 1, values.im.end(), [](Fixed part) { return part == 0; });
+}
+
 void expectSameBits(const Values& values) {
   const Values expected = plainly(values);
   for (const int lanes : laneCounts()) {
     Values found = values;
     ASSERT_TRUE(transformInLanes(found.re.data(), found.im.data(), lanes));
     ASSERT_TRUE(found == expected) << lanes << " lanes";
+    if (!isReal(values)) continue;
+    found = values;
+    for (std::size_t i = 1; i <= transformLength; ++i) found.im[i] = 77;
+    if (transformRealInLanes(found.re.data(), found.im.data(), lanes)) {
+      ASSERT_TRUE(found == expected) << lanes << " lanes, real";
+    }
   }
 }
 
@@ -123,6 +134,27 @@ TEST(LaneTransform, TouchesIndexes1To256Only) {
   Values values;
   values.re[0] = values.im[0] = 7;
   expectSameBits(values);
+}
+
+TEST(LaneTransform, TakesRealValuesWithinItsRange) {
+  for (const int lanes : laneCounts())
+    for (const std::int64_t count : {(std::int64_t{1} << 22) - 1, std::int64_t{1} << 22}) {
+      Values values;
+      values.re[100] = Fixed::fromCount(count);
+      EXPECT_EQ(transformRealInLanes(values.re.data(), values.im.data(), lanes), count < 1 << 22);
+      EXPECT_EQ(values.im[1], Fixed(0));
+    }
+}
+
+TEST(Transform, OfRealValuesOfAnySizeIsThePlainOne) {
+  Source source(6);
+  for (const int bits : {20, 22, 25, 29, 40}) {
+    const Values values = source.real(std::int64_t{1} << bits);
+    Values found = values;
+    for (std::size_t i = 1; i <= transformLength; ++i) found.im[i] = 77;
+    transformReal(found.re.data(), found.im.data());
+    EXPECT_TRUE(found == plainly(values)) << bits;
+  }
 }
 
 TEST(Transform, OfValuesBeyondTheLanesRangeIsThePlainOne) {
