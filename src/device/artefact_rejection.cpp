@@ -1,7 +1,7 @@
 #include <cmath>
 
-#include "frame/waiting.h"
 #include "frame/main_state.h"
+#include "frame/waiting.h"
 #include "platform/dialogs.h"
 #include "platform/serial_port.h"
 #include "values/number_text.h"

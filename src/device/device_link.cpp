@@ -1,6 +1,6 @@
 #include "device/command_bytes.h"
-#include "frame/waiting.h"
 #include "frame/main_state.h"
+#include "frame/waiting.h"
 #include "platform/dialogs.h"
 #include "platform/operation_edge.h"
 #include "platform/serial_port.h"
