@@ -13,16 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto defaultSettings = "\"Korvinel\",\"Ita\",1,0,0,0,0\r\n\"\",\"\"\r\n";
-
-std::string defaultFactors() {
-  constexpr int factors = 64;
-  constexpr int factorsPerLine = 8;
-  std::string text;
-  for (int i = 1; i <= factors; ++i) text += i % factorsPerLine == 0 ? "1\r\n" : "1,";
-  return text;
-}
-
 void writeDefaultFile(const std::string& path, const std::string& content) {
   DiskFiles files("");
   const auto file = files.create(path);
@@ -32,11 +22,21 @@ void writeDefaultFile(const std::string& path, const std::string& content) {
 
 void fillRoot(const fs::path& root) {
   fs::create_directories(root / "DATAFILE");
-  writeDefaultFile(root / "Instal8s.val", defaultSettings);
+  writeDefaultFile(root / "Instal8s.val", defaultSettings());
   writeDefaultFile(root / "Factors.val", defaultFactors());
 }
 
 }  // namespace
+
+std::string defaultSettings() { return "\"Korvinel\",\"Ita\",1,0,0,0,0\r\n\"\",\"\"\r\n"; }
+
+std::string defaultFactors() {
+  constexpr int factors = 64;
+  constexpr int factorsPerLine = 8;
+  std::string text;
+  for (int i = 1; i <= factors; ++i) text += i % factorsPerLine == 0 ? "1\r\n" : "1,";
+  return text;
+}
 
 void installRootWhenAbsent(const std::string& dataFolder) {
   const fs::path root = hostPath(dataFolder, "C:\\QUARVEL5");

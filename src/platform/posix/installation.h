@@ -9,4 +9,8 @@ namespace korvinel::platform {
 /// where something is missing in it. A RuntimeError (output) where it cannot be put there; then nothing is.
 void installRootWhenAbsent(const std::string& dataFolder);
 
+/// The content of the default files: the settings, and 64 calibration factors of 1.
+[[nodiscard]] std::string defaultSettings();
+[[nodiscard]] std::string defaultFactors();
+
 }  // namespace korvinel::platform

@@ -1,0 +1,103 @@
+#include "platform/qt/page_writer.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QImage>
+#include <QImageWriter>
+#include <QPageLayout>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <clocale>
+
+#include "platform/qt/qt_text.h"
+#include "platform/qt/surface_painter.h"
+#include "values/runtime_error.h"
+
+namespace korvinel::platform {
+namespace {
+
+constexpr double dotsPerUnit = 2;  // of pictures, as sharp as a dense screen
+
+[[noreturn]] void fail(const std::string& reason) { throw RuntimeError(Fault::output, reason); }
+
+void startToolkit() {
+  if (QGuiApplication::instance() == nullptr) {
+    static int count = 1;
+    static char name[] = "korvinel";
+    static char* arguments[] = {name, nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QGuiApplication toolkit(count, arguments);
+    std::setlocale(LC_NUMERIC, "C");
+  }
+  if (QFontDatabase::families().isEmpty()) fail("no font is installed");
+}
+
+/// `scale`: units of the painter in one unit of the page.
+void paintPage(QPainter& painter, const Page& page, double scale) {
+  const auto paint = [&](const Surface& surface, const Rect& place) {
+    painter.save();
+    painter.translate(std::round(place.x * scale), std::round(place.y * scale));
+    const QSizeF size(std::round(place.width * scale), std::round(place.height * scale));
+    painter.setClipRect(QRectF(QPointF(0, 0), size));
+    paintSurface(painter, surface, size, scale);
+    painter.restore();
+  };
+  paint(*page.ground, {0, 0, static_cast<int>(page.ground->width()), static_cast<int>(page.ground->height())});
+  for (const auto& [surface, place] : page.placed) paint(*surface, place);
+}
+
+void paintOn(QPaintDevice& device, const Page& page, double scale, const QPointF& corner) {
+  QPainter painter;
+  if (!painter.begin(&device)) fail("the page cannot be begun");
+  painter.translate(corner);
+  paintPage(painter, page, scale);
+  if (!painter.end()) fail("the page cannot be finished");
+}
+
+/// On A4 across, as large as the margins allow.
+void writePdf(const Page& page, const QString& path) {
+  constexpr int dotsPerInch = 300;
+  constexpr double margin = 10;  // millimetres
+  QPdfWriter writer(path);
+  writer.setTitle(toQt(page.title));
+  writer.setCreator("Korvinel");
+  writer.setResolution(dotsPerInch);
+  writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape,
+                                   QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter));
+  const double scale = std::min(writer.width() / page.ground->width(), writer.height() / page.ground->height());
+  paintOn(writer, page, scale, {(writer.width() - page.ground->width() * scale) / 2, 0});
+}
+
+void writeSvg(const Page& page, const QString& path) {
+  const QSize size(static_cast<int>(page.ground->width() * dotsPerUnit),
+                   static_cast<int>(page.ground->height() * dotsPerUnit));
+  QSvgGenerator generator;
+  generator.setFileName(path);
+  generator.setTitle(toQt(page.title));
+  generator.setSize(size);
+  generator.setViewBox(QRect(QPoint(0, 0), size));
+  paintOn(generator, page, dotsPerUnit, {0, 0});
+}
+
+void writePng(const Page& page, const QString& path) {
+  QImage picture(static_cast<int>(page.ground->width() * dotsPerUnit),
+                 static_cast<int>(page.ground->height() * dotsPerUnit), QImage::Format_RGB32);
+  paintOn(picture, page, dotsPerUnit, {0, 0});
+  QImageWriter writer(path, "png");
+  if (!writer.write(picture)) fail(writer.errorString().toStdString());
+}
+
+}  // namespace
+
+void writePage(const Page& page, PageFormat format, const std::string& path) {
+  startToolkit();
+  const QString file = QString::fromLocal8Bit(path.c_str());
+  switch (format) {
+    case PageFormat::pdf: return writePdf(page, file);
+    case PageFormat::svg: return writeSvg(page, file);
+    case PageFormat::png: return writePng(page, file);
+  }
+}
+
+}  // namespace korvinel::platform

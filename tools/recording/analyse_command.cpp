@@ -1,0 +1,62 @@
+#include "recording/analyse_command.h"
+
+#include <filesystem>
+#include <iostream>
+
+#include "recording/analysis_output.h"
+#include "recording/report_page.h"
+#include "recording/safe_output.h"
+#include "recording/tool_error.h"
+#include "values/code_page.h"
+
+namespace korvinel::tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::unique_ptr<Workbench> analysed(const std::string& recording, const AnalysisOptions& options) {
+  auto bench = std::make_unique<Workbench>(options);
+  bench->open(recording);
+  bench->makeReport();
+  return bench;
+}
+
+void writeTables(const Workbench& bench, const AnalyseTargets& targets) {
+  std::error_code error;
+  fs::create_directories(targets.csvFolder, error);
+  if (error) throw ToolError(targets.csvFolder, "cannot be created: " + error.message());
+  const auto tables = analysisTables(bench);
+  const auto pathOf = [&](const std::string& name) { return (fs::path(targets.csvFolder) / name).string(); };
+  for (const auto& [name, table] : tables) requireWritable(pathOf(name), "", targets.force);
+  for (const auto& [name, table] : tables) writeWhole(pathOf(name), table, targets.force);
+}
+
+}  // namespace
+
+void analyse(const std::string& recording, const AnalysisOptions& options, const AnalyseTargets& targets) {
+  if (targets.json.empty() && targets.csvFolder.empty()) throw UsageError("analyse needs --json OUT or --csv DIR");
+  const bool toOutput = targets.json == "-";
+  if (!targets.json.empty() && !toOutput) requireWritable(targets.json, recording, targets.force);
+  const auto bench = analysed(recording, options);
+  if (!targets.csvFolder.empty()) writeTables(*bench, targets);
+  if (toOutput)
+    std::cout << textOf(analysisJson(*bench));
+  else if (!targets.json.empty())
+    writeWhole(targets.json, textOf(analysisJson(*bench)), targets.force);
+  if (bench->reportFault) tell(recording, "the report ends early: " + reportError(*bench));
+}
+
+void report(const std::string& recording, const AnalysisOptions& options, const std::string& output, bool force) {
+  requirePageEnding(output);
+  requireWritable(output, recording, force);
+  writeReport(*analysed(recording, options), recording, output, force);
+}
+
+void exportRecording(const std::string& recording, const std::string& output, const ExportOptions& options) {
+  const std::string ending = upperCase(fs::path(output).extension().string());
+  if (ending == ".EDF") return exportEdf(recording, output, options);
+  if (ending == ".CSV") return exportCsv(recording, output, options);
+  throw UsageError(output + ": an export is an .edf or .csv file");
+}
+
+}  // namespace korvinel::tool

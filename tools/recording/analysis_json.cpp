@@ -1,0 +1,103 @@
+#include "recording/analysis_output.h"
+#include "report/noise_curve.h"
+
+namespace korvinel::tool {
+namespace {
+
+constexpr int keptIndexes = 128;
+
+template <typename History>
+Json perBlock(const History& history, int blocks) {
+  Json all = Json::array();
+  for (int block = 1; block <= blocks; ++block) all.push_back(rowsJson(history[block], keptIndexes));
+  return all;
+}
+
+Json exponentsOf(const ReportState& report) {
+  Json exponents = Json::array();
+  for (int channel = 1; channel <= 4; ++channel) exponents.push_back(fitNoise(report.meanSpectrum[channel]).exponent);
+  return exponents;
+}
+
+Json linesOf(const ReportState& report) {
+  Json lines = Json::object();
+  for (const int line : {6, 7, 9, 10, 12, 13}) lines[std::to_string(line)] = report.reportLines[line];
+  return lines;
+}
+
+Json commentsOf(const ProgramValues& shared) {
+  Json texts = Json::array();
+  for (int i = 1; i <= 5; ++i) texts.push_back(shared.commentTexts[i]);
+  return texts;
+}
+
+Json reportJson(const Workbench& bench) {
+  const ReportState& report = bench.report;
+  const ReportProgress came = progressOf(bench);
+  Json json = {{"first", static_cast<int>(bench.shared.analysisFirstBlock)},
+               {"last", static_cast<int>(bench.shared.analysisLastBlock)}};
+  if (came.spectra) {
+    json["meanSpectrum"] = rowsJson(report.meanSpectrum, reportBins);
+    json["coherenceSpectrum"] = rowsJson(report.coherenceSpectrum, reportBins);
+    json["pairCoherence"] = rowJson(report.pairCoherence, 4);
+  }
+  if (came.bands)
+    for (const auto& [name, values] : bandsOf(report)) json[name] = rowJson(*values, 4);
+  if (came.noise) {
+    json["noiseCurve"] = rowsJson(report.noiseCurve, reportBins);
+    json["noiseExponent"] = exponentsOf(report);
+  }
+  if (came.verdicts) {
+    json["reportLines"] = linesOf(report);
+    json["commentScores"] = rowJson(report.commentScores, 6);
+    json["commentTexts"] = commentsOf(bench.shared);
+  }
+  if (bench.reportFault) json["error"] = reportError(bench);
+  return json;
+}
+
+}  // namespace
+
+/// Read off what the report shows: each step leaves its mark on the window's models.
+ReportProgress progressOf(const Workbench& bench) {
+  const platform::Surface& panel = bench.reportWindow.spectrum1;
+  const bool drawn = !panel.marks().empty();
+  const bool spectra = !bench.report.reportLines[1].empty();
+  return {spectra, spectra && drawn, spectra && drawn && panel.texts().size() > 1, !bench.reportFault.has_value()};
+}
+
+std::string reportError(const Workbench& bench) {
+  if (!bench.reportFault) return "";
+  switch (bench.reportFault->fault) {
+    case Fault::divisionByZero: return "division by zero";
+    case Fault::overflow: return "overflow";
+    case Fault::subscript: return "subscript out of range";
+    default: return bench.reportFault->what();
+  }
+}
+
+std::vector<std::pair<const char*, const Bounded<Fixed, 4>*>> bandsOf(const ReportState& report) {
+  return {{"maxDelta", &report.maxDelta},   {"maxTheta", &report.maxTheta},   {"maxAlpha", &report.maxAlpha},
+          {"maxBeta", &report.maxBeta},     {"meanDelta", &report.meanDelta}, {"meanTheta", &report.meanTheta},
+          {"meanAlpha", &report.meanAlpha}, {"meanBeta", &report.meanBeta}};
+}
+
+Json analysisJson(const Workbench& bench) {
+  const MainState& state = bench.state;
+  const ProgramValues& shared = bench.shared;
+  const int blocks = bench.scannedBlocks();
+  Json json = {{"subject", shared.subjectName},
+               {"recordingDate", state.recordingDate},
+               {"fileVersionTag", state.fileVersionTag},
+               {"notes", notesJson(state.noteCount, state.noteTimes, state.noteTexts)},
+               {"fileBlockCount", static_cast<int>(shared.fileBlockCount)}};
+  json["spectrumHistory"] = perBlock(shared.spectrumHistory, blocks);
+  json["coherenceSpectrumHistory"] = perBlock(shared.coherenceSpectrumHistory, blocks);
+  json["coherenceHistory"] = rowsJson(shared.coherenceHistory, blocks);
+  json["meanCoherence"] = rowsJson(state.meanCoherence, keptIndexes);
+  json["syncAverage"] = rowJson(state.syncAverage, 4);
+  json["report"] = reportJson(bench);
+  return json;
+}
+
+}  // namespace korvinel::tool

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "recording/json_text.h"
+#include "recording/workbench.h"
+
+namespace korvinel::tool {
+
+/// Everything that was calculated for an opened recording and its report, in the layout that the manual page describes.
+/// Arrays hold the used indexes in ascending order.
+[[nodiscard]] Json analysisJson(const Workbench& bench);
+
+/// The same as tables: file name and content (CSV, a header line each).
+[[nodiscard]] std::vector<std::pair<std::string, std::string>> analysisTables(const Workbench& bench);
+
+/// How far a report came before a fault ended it.
+struct ReportProgress {
+  bool spectra, noise, bands, verdicts;
+};
+[[nodiscard]] ReportProgress progressOf(const Workbench& bench);
+
+/// The fault in a word or two, "" without one.
+[[nodiscard]] std::string reportError(const Workbench& bench);
+
+/// The eight band arrays of a report with their names.
+[[nodiscard]] std::vector<std::pair<const char*, const Bounded<Fixed, 4>*>> bandsOf(const ReportState& report);
+
+}  // namespace korvinel::tool

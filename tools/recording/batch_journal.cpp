@@ -1,0 +1,84 @@
+#include "recording/batch_journal.h"
+
+#include <filesystem>
+#include <functional>
+#include <sstream>
+
+#include "platform/posix/disk_files.h"
+#include "recording/host_files.h"
+#include "recording/json_text.h"
+#include "recording/tool_error.h"
+
+namespace korvinel::tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string lineOf(const Json& json) {
+  return json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+}
+
+/// What a row depends on beside its recording.
+std::string signatureOf(const AnalysisOptions& options) {
+  const auto block = [](const std::optional<int>& number) { return number ? Json(*number) : Json(nullptr); };
+  return lineOf({{"korvinel", 1},
+                 {"ocular", options.ocular},
+                 {"first", block(options.first)},
+                 {"last", block(options.last)},
+                 {"factors", std::hash<std::string>{}(options.factors)}});
+}
+
+/// A recording that was changed meanwhile has another key.
+std::string keyOf(const std::string& recording) {
+  std::error_code error;
+  const auto size = fs::file_size(recording, error);
+  const auto time = fs::last_write_time(recording, error);
+  return lineOf({recording, error ? 0 : size, error ? 0 : time.time_since_epoch().count()});
+}
+
+}  // namespace
+
+BatchJournal::BatchJournal(const BatchOptions& options) : path_(absolutePath(options.output + ".part")) {
+  const std::string signature = signatureOf(options.analysis);
+  const bool exists = fs::exists(path_);
+  if (exists && !options.resume && !options.force)
+    throw ToolError(options.output + ".part",
+                    "is left of an interrupted run; --resume continues it, --force begins anew");
+  platform::DiskFiles disk("");
+  if (exists && options.resume)
+    readRows(signature);
+  else
+    disk.create(path_)->write(signature);
+  file_ = disk.openForAppending(path_);
+}
+
+/// A last line that was cut off by the interruption does not count.
+void BatchJournal::readRows(const std::string& signature) {
+  const std::string bytes = readAll(path_);
+  if (!bytes.starts_with(signature)) throw UsageError(path_ + ": was begun with other options; --force begins anew");
+  std::size_t begin = signature.size();
+  for (std::size_t end = 0; (end = bytes.find('\n', begin)) != std::string::npos; begin = end + 1) {
+    const Json row = Json::parse(bytes.substr(begin, end - begin), nullptr, false);
+    if (row.is_array() && row.size() == 3 && row[0].is_string() && row[1].is_string() && row[2].is_boolean())
+      rows_[row[0]] = {row[1], row[2]};
+  }
+  fs::resize_file(path_, begin);
+}
+
+const BatchRow* BatchJournal::rowOf(const std::string& recording) const {
+  const auto found = rows_.find(keyOf(recording));
+  return found == rows_.end() ? nullptr : &found->second;
+}
+
+void BatchJournal::add(const std::string& recording, const BatchRow& row) {
+  const std::string line = lineOf(Json::array({keyOf(recording), row.line, row.hasError}));
+  const std::lock_guard lock(mutex_);
+  file_->write(line);
+}
+
+void BatchJournal::remove() {
+  file_.reset();
+  fs::remove(path_);
+}
+
+}  // namespace korvinel::tool

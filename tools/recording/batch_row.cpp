@@ -1,0 +1,97 @@
+#include <algorithm>
+
+#include "recording/analysis_output.h"
+#include "recording/batch.h"
+#include "recording/csv_text.h"
+#include "recording/host_files.h"
+#include "recording/inspection.h"
+#include "recording/tool_error.h"
+#include "report/noise_curve.h"
+
+namespace korvinel::tool {
+namespace {
+
+void addReport(CsvLine& line, const Workbench& bench) {
+  const ReportState& report = bench.report;
+  for (const auto& [name, values] : bandsOf(report))
+    for (int channel = 1; channel <= 4; ++channel) line.add((*values)[channel]);
+  for (int pair = 1; pair <= 4; ++pair) line.add(report.pairCoherence[pair]);
+  for (int channel = 1; channel <= 4; ++channel) line.add(fitNoise(report.meanSpectrum[channel]).exponent);
+}
+
+int reportColumns() { return 8 * 4 + 4 + 4; }
+
+void addBlanks(CsvLine& line, int count) {
+  for (int i = 0; i < count; ++i) line.add("");
+}
+
+std::string fields(const std::string& recording, const Workbench& bench, const std::string& damage) {
+  CsvLine line;
+  line.add(recording)
+      .add(bench.shared.subjectName)
+      .add(bench.state.recordingDate.substr(0, 10))
+      .add(bench.state.fileVersionTag);
+  line.add(static_cast<int>(bench.state.noteCount)).add(static_cast<int>(bench.shared.fileBlockCount));
+  line.add(static_cast<int>(bench.shared.analysisFirstBlock)).add(static_cast<int>(bench.shared.analysisLastBlock));
+  for (int pair = 1; pair <= 4; ++pair) line.add(bench.state.syncAverage[pair]);
+  const ReportProgress came = progressOf(bench);
+  if (came.bands)
+    addReport(line, bench);
+  else
+    addBlanks(line, reportColumns());
+  for (int i = 1; i <= 6; ++i)
+    if (came.verdicts)
+      line.add(bench.report.commentScores[i]);
+    else
+      line.add("");
+  return line.add(damage).add(reportError(bench)).ended();
+}
+
+/// The first defect and how many there are.
+std::string damageOf(const std::string& recording) {
+  const Inspection found = inspect(*openInput(recording));
+  if (found.defects.empty()) return "";
+  const std::string more =
+      found.defects.size() > 1 ? " (and " + std::to_string(found.defects.size() - 1) + " more)" : "";
+  return found.defects.front().what + ", at byte " + std::to_string(found.defects.front().offset) + more;
+}
+
+BatchRow errorRow(const std::string& recording, const std::string& reason) {
+  CsvLine line;
+  line.add(recording);
+  const std::string title = batchTitle();
+  addBlanks(line, static_cast<int>(std::count(title.begin(), title.end(), ',')) - 1);
+  const std::string prefix = recording + ": ";
+  return {line.add(reason.starts_with(prefix) ? reason.substr(prefix.size()) : reason).ended(), true};
+}
+
+}  // namespace
+
+std::string batchTitle() {
+  CsvLine title;
+  for (const char* name : {"file", "subject", "date", "version", "notes", "blocks", "first", "last"}) title.add(name);
+  for (int pair = 1; pair <= 4; ++pair) title.add(std::string("synchrony ") + pairNames[pair]);
+  for (const char* band :
+       {"maxDelta", "maxTheta", "maxAlpha", "maxBeta", "meanDelta", "meanTheta", "meanAlpha", "meanBeta"})
+    for (int channel = 1; channel <= 4; ++channel) title.add(std::string(band) + " " + channelNames[channel]);
+  for (int pair = 1; pair <= 4; ++pair) title.add(std::string("coherence ") + pairNames[pair]);
+  for (int channel = 1; channel <= 4; ++channel) title.add(std::string("noiseExponent ") + channelNames[channel]);
+  for (const char* score : {"frontal alpha", "temporal alpha", "frontal symmetry", "temporal symmetry",
+                            "F1-F2 coherence", "T5-T6 coherence"})
+    title.add(std::string("score ") + score);
+  return title.add("damage").add("error").ended();
+}
+
+BatchRow batchRow(const std::string& recording, const AnalysisOptions& options) {
+  try {
+    const std::string damage = damageOf(recording);
+    const auto bench = std::make_unique<Workbench>(options);
+    bench->open(recording);
+    bench->makeReport();
+    return {fields(recording, *bench, damage), bench->reportFault.has_value()};
+  } catch (const std::exception& error) {
+    return errorRow(recording, error.what());
+  }
+}
+
+}  // namespace korvinel::tool

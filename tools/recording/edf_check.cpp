@@ -1,0 +1,95 @@
+#include "recording/edf_check.h"
+
+#include <edflib.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+#include "recording/recording_reader.h"
+#include "recording/tool_error.h"
+
+namespace korvinel::tool {
+namespace {
+
+class Checking {
+ public:
+  Checking(const SafeOutput& output, const EdfPlan& plan) : output_(output), plan_(plan) {}
+
+  void require(bool holds, const char* what) const {
+    if (!holds)
+      throw ToolError(output_.path(), std::string("was not written as it should: ") + what + " (is the disk full?)");
+  }
+
+  void checkSize() const {
+    constexpr int headerBytesPerSignal = 256;
+    constexpr int annotationBytes = 120;  // of a signal in a record
+    const int signals = 4 + plan_.annotationSignals();
+    const std::uintmax_t header =
+        static_cast<std::uintmax_t>(headerBytesPerSignal) * static_cast<unsigned>(signals + 1);
+    const std::uintmax_t record =
+        4 * samplesPerRecord * 2 + static_cast<unsigned>(plan_.annotationSignals() * annotationBytes);
+    std::error_code error;
+    const auto size = std::filesystem::file_size(output_.temporaryPath(), error);
+    require(!error && size == header + record * static_cast<unsigned>(plan_.blocks), "its size is wrong");
+  }
+
+  void checkHeader(const edf_hdr_struct& header) const {
+    require(header.filetype == EDFLIB_FILETYPE_EDFPLUS && header.edfsignals == 4, "its header is wrong");
+    require(header.datarecords_in_file == plan_.blocks, "its number of records is wrong");
+    require(EdfDate{header.startdate_year, header.startdate_month, header.startdate_day} == plan_.date,
+            "its date is wrong");
+    std::string person = plan_.person;
+    std::replace(person.begin(), person.end(), '_', ' ');  // blanks are underscores in the file
+    require(trimmed(header.patient_name) == (person.empty() ? "" : person), "the person's name is wrong");
+    for (int signal = 0; signal < 4; ++signal) {
+      const edf_param_struct& parameters = header.signalparam[signal];
+      require(parameters.dig_min == leastDigital && parameters.dig_max == greatestDigital &&
+                  parameters.phys_min == leastDigital && parameters.phys_max == greatestDigital &&
+                  parameters.smp_in_datarecord == samplesPerRecord,
+              "the description of a signal is wrong");
+    }
+  }
+
+  void checkSamples(const std::string& recording, const EdfFile& file) const {
+    RecordingReader reader(recording);
+    Block block;
+    int limited = 0;
+    while (reader.next(block))
+      for (int channel = 1; channel <= 4; ++channel) {
+        const auto expected = digitalSamples(block[channel], limited);
+        const std::vector<int> written = file.readDigital(channel - 1, samplesPerRecord);
+        require(std::equal(expected.begin(), expected.end(), written.begin(), written.end()), "a sample is wrong");
+      }
+  }
+
+ private:
+  const SafeOutput& output_;
+  const EdfPlan& plan_;
+};
+
+}  // namespace
+
+std::array<short, samplesPerRecord> digitalSamples(const Bounded<float, 258>& samples, int& limited) {
+  constexpr double middle = 128;
+  std::array<short, samplesPerRecord> digital{};
+  for (int s = 1; s <= samplesPerRecord; ++s) {
+    const double microvolts = std::nearbyint(static_cast<double>(samples[s]) - middle);
+    const double within =
+        std::clamp(microvolts, static_cast<double>(leastDigital), static_cast<double>(greatestDigital));
+    if (within != microvolts) ++limited;
+    digital[static_cast<std::size_t>(s) - 1] = static_cast<short>(within);
+  }
+  return digital;
+}
+
+void checkEdf(const std::string& recording, const SafeOutput& output, const EdfPlan& plan) {
+  const Checking checking(output, plan);
+  checking.checkSize();
+  const EdfFile file(output.temporaryPath(), output.path());
+  checking.checkHeader(file.header());
+  checking.require(file.annotations() == plan.annotations, "an annotation is wrong");
+  checking.checkSamples(recording, file);
+}
+
+}  // namespace korvinel::tool

@@ -1,0 +1,87 @@
+#include "recording/report_page.h"
+
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <optional>
+
+#include "platform/qt/page_writer.h"
+#include "recording/analysis_output.h"
+#include "recording/safe_output.h"
+#include "recording/tool_error.h"
+#include "report/report_geometry.h"
+#include "values/code_page.h"
+
+namespace korvinel::tool {
+namespace {
+
+using platform::PageFormat;
+
+std::optional<PageFormat> formatOf(const std::string& output) {
+  const std::string ending = upperCase(std::filesystem::path(output).extension().string());
+  if (ending == ".PDF") return PageFormat::pdf;
+  if (ending == ".PNG") return PageFormat::png;
+  if (ending == ".SVG") return PageFormat::svg;
+  return {};
+}
+
+/// What the window's labels and check boxes say, as surfaces beside the panels.
+struct Labels {
+  explicit Labels(const ReportWindow& window) {
+    interval.printAt(0, 2, platform::Colour::black, window.intervalLabel.text());
+    if (window.maximumCheck.checked()) choice.printAt(0, 2, platform::Colour::black, window.maximumCheck.caption());
+    if (window.meanCheck.checked()) choice.printAt(0, 2, platform::Colour::black, window.meanCheck.caption());
+  }
+  platform::Surface interval{"Intervallo", 303, 26, 20, platform::Colour::windowBackground};
+  platform::Surface choice{"Valori", 303, 26, 20, platform::Colour::windowBackground};
+};
+
+platform::Page pageOf(const Workbench& bench, const Labels& labels) {
+  const ReportWindow& window = bench.reportWindow;
+  const auto& places = report_geometry::panels;
+  const auto& last = report_geometry::intervalLabel;
+  platform::Page page{"Korvinel - " + bench.shared.dataFileName, &window.ground, {}};
+  const platform::Surface* panels[] = {&window.spectrum1,  &window.spectrum2,  &window.spectrum3,  &window.spectrum4,
+                                       &window.coherence1, &window.coherence2, &window.coherence3, &window.coherence4};
+  for (std::size_t i = 0; i < places.size(); ++i) page.placed.push_back({panels[i], places[i]});
+  page.placed.push_back({&labels.interval, last});
+  page.placed.push_back({&labels.choice, {last.x, last.y - last.height, last.width, last.height}});
+  return page;
+}
+
+/// The toolkit makes files that only their owner can read; a report is as readable as any new file.
+void makeReadable(const std::string& path) {
+  const mode_t mask = umask(0);
+  umask(mask);
+  chmod(path.c_str(), 0666 & ~mask);
+}
+
+void requireWritten(const SafeOutput& file) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(file.temporaryPath(), error);
+  if (error || size == 0) throw ToolError(file.path(), "cannot be written (is the disk full?)");
+}
+
+}  // namespace
+
+void requirePageEnding(const std::string& output) {
+  if (!formatOf(output)) throw UsageError(output + ": a report is a .pdf, .png or .svg file");
+}
+
+void writeReport(const Workbench& bench, const std::string& recording, const std::string& output, bool force) {
+  requirePageEnding(output);
+  requireWritable(output, recording, force);
+  const Labels labels(bench.reportWindow);
+  SafeOutput file(output, force);
+  try {
+    platform::writePage(pageOf(bench, labels), *formatOf(output), file.temporaryPath());
+  } catch (const RuntimeError& fault) {
+    throw ToolError(output, std::string("cannot be written: ") + fault.what());
+  }
+  requireWritten(file);
+  makeReadable(file.temporaryPath());
+  file.commit();
+  if (bench.reportFault) tell(recording, "the report ends early: " + reportError(bench));
+}
+
+}  // namespace korvinel::tool

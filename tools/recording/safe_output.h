@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+
+namespace korvinel::tool {
+
+/// A file that appears under its name only when it is whole: it is written beside it, put on the disk, and renamed.
+/// Without commit() nothing is left of it.
+class SafeOutput {
+ public:
+  /// ToolError where a file of this name exists, unless `force` lets it be replaced.
+  SafeOutput(std::string path, bool force);
+  ~SafeOutput();
+  SafeOutput(const SafeOutput&) = delete;
+  SafeOutput& operator=(const SafeOutput&) = delete;
+
+  [[nodiscard]] const std::string& path() const { return path_; }
+  /// Where the file is written meanwhile, for libraries that open it themselves.
+  [[nodiscard]] const std::string& temporaryPath() const { return temporaryPath_; }
+
+  void write(std::string_view bytes);  ///< ToolError where not all bytes could be written
+  void commit();                       ///< ToolError where the file cannot be put on the disk or renamed
+
+ private:
+  std::string path_, temporaryPath_;
+  bool force_;
+  std::unique_ptr<platform::OutputFile> file_;
+};
+
+/// Writes a whole file that way.
+void writeWhole(const std::string& path, std::string_view bytes, bool force);
+
+/// ToolError where `path` exists and may not be replaced, UsageError where it is the file that is being read.
+void requireWritable(const std::string& path, const std::string& input, bool force);
+
+}  // namespace korvinel::tool

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace korvinel::tool {
+
+/// Exit codes of the program.
+enum ExitCode : int {
+  done = 0,
+  failed = 1,         ///< a file is damaged, or something could not be read or written
+  notUnderstood = 2,  ///< the command line
+};
+
+/// Something that cannot be done with a file. what() is the line for the user: "FILE: what is wrong, where".
+struct ToolError : std::runtime_error {
+  ToolError(const std::string& file, const std::string& what) : std::runtime_error(file + ": " + what) {}
+};
+
+/// A command line whose parts do not fit together.
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// Prints a line on standard error that is no error: "FILE: note".
+void tell(const std::string& file, const std::string& note);
+void tellError(const std::exception& error);
+
+}  // namespace korvinel::tool

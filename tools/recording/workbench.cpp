@@ -1,0 +1,123 @@
+#include "recording/workbench.h"
+
+#include <algorithm>
+#include <ctime>
+#include <filesystem>
+
+#include "app/wiring.h"
+#include "app/wiring_report.h"
+#include "frame/configuration.h"
+#include "platform/posix/host_paths.h"
+#include "platform/posix/installation.h"
+#include "recording/host_files.h"
+#include "recording/tool_error.h"
+
+namespace korvinel::tool {
+namespace {
+
+constexpr auto programRoot = "C:\\QUARVEL5";
+constexpr auto settingsPath = "C:\\QUARVEL5\\Instal8s.val";
+constexpr auto calibrationPath = "C:\\QUARVEL5\\Factors.val";
+
+platform::CalendarTime today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, 0, 0, 0};
+}
+
+std::string oneLine(std::string text) {
+  std::replace(text.begin(), text.end(), '\r', ' ');
+  return text;
+}
+
+void requireFactors(const std::string& path, const std::string& bytes) {
+  TextSource source(bytes);
+  Bounded<float, 130> factors;
+  try {
+    readCalibration(source, factors);
+  } catch (const RuntimeError& fault) {
+    throw ToolError(path, "is no calibration file: " + oneLine(fault.what()));
+  }
+}
+
+}  // namespace
+
+platform::Files& ToolFiles::at(const std::string& path) {
+  if (path.starts_with(programRoot)) return root;
+  return disk_;
+}
+
+std::string calibrationBytes(const std::string& path) {
+  const std::string dataFolder = platform::userDataFolder();
+  const bool installed = std::filesystem::exists(platform::hostPath(dataFolder, programRoot));
+  if (path.empty() && !installed) return platform::defaultFactors();
+  const std::string file = path.empty() ? platform::hostPath(dataFolder, calibrationPath) : path;
+  constexpr int most = 1'000'000;
+  std::string bytes = readAll(file, most);
+  requireFactors(file, bytes);
+  return bytes;
+}
+
+Workbench::Workbench(const AnalysisOptions& options)
+    : options_(options), platform{host_.time, host_.time,       host_.tickTimer, host_.pauseTimer, host_.dialogs,
+                                  files,      host_.serialPort, host_.machine,   host_.printer,    host_.windows} {
+  files.root.content[settingsPath] = platform::defaultSettings();
+  files.root.content[calibrationPath] = options.factors.empty() ? platform::defaultFactors() : options.factors;
+  host_.time.setDate(today());
+  tieControls(state, host_.edge);
+  tieReport(report, host_.edge);
+  host_.windows.onReport = [this] { loadReport(); };
+  window.blockLabel.onChanged = [this] {
+    if (state.fileLoopRunning == 1) scannedBlocks_ = state.blockCount;
+  };
+  state.startUp();
+  window.ocularCheck.setChecked(options.ocular);
+}
+
+void Workbench::open(const std::string& path) {
+  (void)openInput(path);
+  host_.dialogs.files.push_back(absolutePath(path));
+  window.Openx.press();
+  if (state.intervalSelectable != 1) throw ToolError(path, "cannot be opened: " + oneLine(reasonOf(lastMessage())));
+  if (state.fileVersionTag != "V3" && state.fileVersionTag != "V4")
+    throw ToolError(path, "holds no samples that can be read: its version is '" + state.fileVersionTag + "'");
+}
+
+/// What the program said last: a fault, or a box that it showed.
+std::string Workbench::lastMessage() const {
+  if (!host_.faults.empty()) return host_.faults.back();
+  return host_.dialogs.shown.empty() ? "unknown reason" : host_.dialogs.shown.back().text;
+}
+
+void Workbench::chooseInterval() {
+  const int blocks = shared.fileBlockCount;
+  const auto choose = [&](const char* option, const std::optional<int>& block, Int16& field) {
+    if (!block) return;
+    if (*block < 1 || *block > blocks)
+      throw UsageError(std::string(option) + " " + std::to_string(*block) + " is outside the recording, which counts " +
+                       std::to_string(blocks) + " blocks");
+    field = *block;
+  };
+  choose("--first", options_.first, shared.analysisFirstBlock);
+  choose("--last", options_.last, shared.analysisLastBlock);
+}
+
+void Workbench::makeReport() {
+  chooseInterval();
+  window.Analisi.press();
+  if (options_.maxima) reportWindow.maximumCheck.click();
+  if (options_.means) reportWindow.meanCheck.click();
+  if (options_.microvolts) reportWindow.scaleSlider.moveTo(*options_.microvolts);
+  if (!reportFault) reportWindow.commentButton.press();
+}
+
+void Workbench::loadReport() {
+  try {
+    report.loadReport();
+  } catch (const RuntimeError& fault) {
+    reportFault = fault;
+  }
+}
+
+}  // namespace korvinel::tool

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "frame/main_state.h"
+#include "platform/headless/headless_platform.h"
+#include "platform/posix/disk_files.h"
+#include "report/report_state.h"
+
+namespace korvinel::tool {
+
+/// Files of the disk, but the program's own root lies in memory: nothing of an installation is touched, and what the
+/// program would write there can be taken from `root`.
+class ToolFiles : public platform::Files {
+ public:
+  platform::MemoryFiles root;  ///< by full path
+
+  [[nodiscard]] std::unique_ptr<platform::InputFile> openForReading(const std::string& path) override {
+    return at(path).openForReading(path);
+  }
+  [[nodiscard]] std::unique_ptr<platform::OutputFile> create(const std::string& path) override {
+    return at(path).create(path);
+  }
+  [[nodiscard]] std::unique_ptr<platform::OutputFile> openForAppending(const std::string& path) override {
+    return at(path).openForAppending(path);
+  }
+  [[nodiscard]] bool exists(const std::string& path) override { return at(path).exists(path); }
+  void remove(const std::string& path) override { at(path).remove(path); }
+  void rename(const std::string& from, const std::string& to) override { at(from).rename(from, to); }
+  [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override {
+    return at(folder).list(folder, ending);
+  }
+
+ private:
+  platform::Files& at(const std::string& path);
+  platform::DiskFiles disk_{""};
+};
+
+/// What the user may choose before a recording is analysed.
+struct AnalysisOptions {
+  std::string factors;                 ///< bytes of the calibration file
+  bool ocular = false;                 ///< ocular artefacts are removed
+  std::optional<int> first, last;      ///< the report's interval; the whole recording if not given
+  bool maxima = false, means = false;  ///< the band values written in the report's panels
+  std::optional<int> microvolts;       ///< full scale of the report's spectra, 1..200
+};
+
+/// The bytes of the calibration file: of `path`, or of the installation if it is empty (64 factors of 1 where nothing
+/// is installed). ToolError where the file cannot be used.
+[[nodiscard]] std::string calibrationBytes(const std::string& path);
+
+/// The whole program without a screen, for one recording. It is worked as a user would: through its controls.
+class Workbench {
+ public:
+  explicit Workbench(const AnalysisOptions& options = {});
+
+  /// "Apri File" with this file. ToolError where it is not opened.
+  void open(const std::string& path);
+  /// "Analisi", with the interval, the band values and the scale of the options, and the comments. UsageError where the
+  /// interval is outside the recording. A fault ends the report early and stays in `reportFault`.
+  void makeReport();
+
+  [[nodiscard]] int scannedBlocks() const { return scannedBlocks_; }  ///< read and analysed, one more than is counted
+
+ private:
+  AnalysisOptions options_;
+  platform::HeadlessPlatform host_;
+  int scannedBlocks_ = 0;
+
+ public:
+  ToolFiles files;
+  platform::Platform platform;
+  MainWindow window;
+  ProgramValues shared;
+  MainState state{window, shared, platform};
+  ReportWindow reportWindow;
+  CommentWindow comments;
+  ReportState report{reportWindow, comments, shared, platform};
+  std::optional<RuntimeError> reportFault;
+
+ private:
+  [[nodiscard]] std::string lastMessage() const;
+  void chooseInterval();
+  void loadReport();
+};
+
+}  // namespace korvinel::tool
