@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
 
+#include "recording/host_files.h"
 #include "recording/recording_reader.h"
 #include "recording/tool_error.h"
 
@@ -21,17 +23,19 @@ class Checking {
       throw ToolError(output_.path(), std::string("was not written as it should: ") + what + " (is the disk full?)");
   }
 
+  /// The size that the file's own header tells: header, and all signals of all records, two bytes a sample.
   void checkSize() const {
-    constexpr int headerBytesPerSignal = 256;
-    constexpr int annotationBytes = 120;  // of a signal in a record
-    const int signals = 4 + plan_.annotationSignals();
-    const std::uintmax_t header =
-        static_cast<std::uintmax_t>(headerBytesPerSignal) * static_cast<unsigned>(signals + 1);
-    const std::uintmax_t record =
-        4 * samplesPerRecord * 2 + static_cast<unsigned>(plan_.annotationSignals() * annotationBytes);
+    constexpr std::size_t fixedPart = 256;
+    constexpr std::size_t bytesBeforeSampleCounts = 216;  // for each signal
+    const std::size_t signals = 4 + static_cast<std::size_t>(plan_.annotationSignals());
+    const std::string header = beginning(fixedPart * (signals + 1));
+    require(header.size() == fixedPart * (signals + 1) && number(header, 252, 4) == signals, "its header is cut off");
+    std::size_t samples = 0;
+    for (std::size_t i = 0; i < signals; ++i)
+      samples += number(header, fixedPart + signals * bytesBeforeSampleCounts + 8 * i, 8);
     std::error_code error;
     const auto size = std::filesystem::file_size(output_.temporaryPath(), error);
-    require(!error && size == header + record * static_cast<unsigned>(plan_.blocks), "its size is wrong");
+    require(!error && size == header.size() + 2 * samples * static_cast<unsigned>(plan_.blocks), "its size is wrong");
   }
 
   void checkHeader(const edf_hdr_struct& header) const {
@@ -64,6 +68,18 @@ class Checking {
   }
 
  private:
+  [[nodiscard]] std::string beginning(std::size_t bytes) const {
+    const auto file = openInput(output_.temporaryPath());
+    std::string text;
+    while (text.size() < bytes && !file->atEnd()) text += static_cast<char>(file->take());
+    return text;
+  }
+
+  /// A number in a field of the header; 0 where there is none.
+  static std::size_t number(const std::string& header, std::size_t offset, std::size_t length) {
+    return static_cast<std::size_t>(std::strtoul(header.substr(offset, length).c_str(), nullptr, 10));
+  }
+
   const SafeOutput& output_;
   const EdfPlan& plan_;
 };

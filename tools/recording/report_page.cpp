@@ -1,7 +1,5 @@
 #include "recording/report_page.h"
 
-#include <sys/stat.h>
-
 #include <filesystem>
 #include <optional>
 
@@ -32,34 +30,21 @@ struct Labels {
     if (window.maximumCheck.checked()) choice.printAt(0, 2, platform::Colour::black, window.maximumCheck.caption());
     if (window.meanCheck.checked()) choice.printAt(0, 2, platform::Colour::black, window.meanCheck.caption());
   }
-  platform::Surface interval{"Intervallo", 303, 26, 20, platform::Colour::windowBackground};
-  platform::Surface choice{"Valori", 303, 26, 20, platform::Colour::windowBackground};
+  platform::Surface interval{"Intervallo", 303, 26, 18, platform::Colour::windowBackground};
+  platform::Surface choice{"Valori", 303, 26, 18, platform::Colour::windowBackground};
 };
 
 platform::Page pageOf(const Workbench& bench, const Labels& labels) {
   const ReportWindow& window = bench.reportWindow;
   const auto& places = report_geometry::panels;
   const auto& last = report_geometry::intervalLabel;
-  platform::Page page{"Korvinel - " + bench.shared.dataFileName, &window.ground, {}};
+  platform::Page page{"Korvinel - " + bench.shared.dataFileName, &window.ground, last.bottom() + 6, {}};
   const platform::Surface* panels[] = {&window.spectrum1,  &window.spectrum2,  &window.spectrum3,  &window.spectrum4,
                                        &window.coherence1, &window.coherence2, &window.coherence3, &window.coherence4};
   for (std::size_t i = 0; i < places.size(); ++i) page.placed.push_back({panels[i], places[i]});
   page.placed.push_back({&labels.interval, last});
   page.placed.push_back({&labels.choice, {last.x, last.y - last.height, last.width, last.height}});
   return page;
-}
-
-/// The toolkit makes files that only their owner can read; a report is as readable as any new file.
-void makeReadable(const std::string& path) {
-  const mode_t mask = umask(0);
-  umask(mask);
-  chmod(path.c_str(), 0666 & ~mask);
-}
-
-void requireWritten(const SafeOutput& file) {
-  std::error_code error;
-  const auto size = std::filesystem::file_size(file.temporaryPath(), error);
-  if (error || size == 0) throw ToolError(file.path(), "cannot be written (is the disk full?)");
 }
 
 }  // namespace
@@ -72,15 +57,11 @@ void writeReport(const Workbench& bench, const std::string& recording, const std
   requirePageEnding(output);
   requireWritable(output, recording, force);
   const Labels labels(bench.reportWindow);
-  SafeOutput file(output, force);
   try {
-    platform::writePage(pageOf(bench, labels), *formatOf(output), file.temporaryPath());
+    writeWhole(output, platform::pageBytes(pageOf(bench, labels), *formatOf(output)), force);
   } catch (const RuntimeError& fault) {
-    throw ToolError(output, std::string("cannot be written: ") + fault.what());
+    throw ToolError(output, std::string("cannot be drawn: ") + fault.what());
   }
-  requireWritten(file);
-  makeReadable(file.temporaryPath());
-  file.commit();
   if (bench.reportFault) tell(recording, "the report ends early: " + reportError(bench));
 }
 

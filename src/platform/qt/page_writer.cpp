@@ -1,5 +1,6 @@
 #include "platform/qt/page_writer.h"
 
+#include <QBuffer>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QImage>
@@ -27,6 +28,7 @@ void startToolkit() {
     static char name[] = "korvinel";
     static char* arguments[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});  // remarks for programmers
     static QGuiApplication toolkit(count, arguments);
     std::setlocale(LC_NUMERIC, "C");
   }
@@ -56,48 +58,50 @@ void paintOn(QPaintDevice& device, const Page& page, double scale, const QPointF
 }
 
 /// On A4 across, as large as the margins allow.
-void writePdf(const Page& page, const QString& path) {
+void writePdf(const Page& page, QIODevice& file) {
   constexpr int dotsPerInch = 300;
   constexpr double margin = 10;  // millimetres
-  QPdfWriter writer(path);
+  QPdfWriter writer(&file);
   writer.setTitle(toQt(page.title));
   writer.setCreator("Korvinel");
   writer.setResolution(dotsPerInch);
   writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape,
                                    QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter));
-  const double scale = std::min(writer.width() / page.ground->width(), writer.height() / page.ground->height());
+  const double scale =
+      std::min(writer.width() / page.ground->width(), static_cast<double>(writer.height()) / page.height);
   paintOn(writer, page, scale, {(writer.width() - page.ground->width() * scale) / 2, 0});
 }
 
-void writeSvg(const Page& page, const QString& path) {
-  const QSize size(static_cast<int>(page.ground->width() * dotsPerUnit),
-                   static_cast<int>(page.ground->height() * dotsPerUnit));
+void writeSvg(const Page& page, QIODevice& file) {
+  const QSize size(static_cast<int>(page.ground->width() * dotsPerUnit), static_cast<int>(page.height * dotsPerUnit));
   QSvgGenerator generator;
-  generator.setFileName(path);
+  generator.setOutputDevice(&file);
   generator.setTitle(toQt(page.title));
   generator.setSize(size);
   generator.setViewBox(QRect(QPoint(0, 0), size));
   paintOn(generator, page, dotsPerUnit, {0, 0});
 }
 
-void writePng(const Page& page, const QString& path) {
-  QImage picture(static_cast<int>(page.ground->width() * dotsPerUnit),
-                 static_cast<int>(page.ground->height() * dotsPerUnit), QImage::Format_RGB32);
+void writePng(const Page& page, QIODevice& file) {
+  QImage picture(static_cast<int>(page.ground->width() * dotsPerUnit), static_cast<int>(page.height * dotsPerUnit),
+                 QImage::Format_RGB32);
   paintOn(picture, page, dotsPerUnit, {0, 0});
-  QImageWriter writer(path, "png");
+  QImageWriter writer(&file, "png");
   if (!writer.write(picture)) fail(writer.errorString().toStdString());
 }
 
 }  // namespace
 
-void writePage(const Page& page, PageFormat format, const std::string& path) {
+std::string pageBytes(const Page& page, PageFormat format) {
   startToolkit();
-  const QString file = QString::fromLocal8Bit(path.c_str());
+  QBuffer file;
+  file.open(QIODevice::WriteOnly);
   switch (format) {
-    case PageFormat::pdf: return writePdf(page, file);
-    case PageFormat::svg: return writeSvg(page, file);
-    case PageFormat::png: return writePng(page, file);
+    case PageFormat::pdf: writePdf(page, file); break;
+    case PageFormat::svg: writeSvg(page, file); break;
+    case PageFormat::png: writePng(page, file); break;
   }
+  return file.data().toStdString();
 }
 
 }  // namespace korvinel::platform

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,6 +12,7 @@ namespace korvinel::platform {
 struct Page {
   std::string title;
   const Surface* ground = nullptr;
+  int height = 0;  ///< of the page, from the ground's top; the rest of the ground is cut off
   struct Placed {
     const Surface* surface;
     Rect place;
@@ -22,9 +22,8 @@ struct Page {
 
 enum class PageFormat { pdf, png, svg };
 
-/// Writes a page as a file, painted by the very code that paints the windows, without a screen. The first call starts
-/// the toolkit; the thread must stay the same. A RuntimeError (output) where the file cannot be written or no font is
-/// installed.
-void writePage(const Page& page, PageFormat format, const std::string& path);
+/// The bytes of a file that holds the page, painted by the very code that paints the windows, without a screen. The first
+/// call starts the toolkit; all calls come from one thread. A RuntimeError (output) where no font is installed.
+[[nodiscard]] std::string pageBytes(const Page& page, PageFormat format);
 
 }  // namespace korvinel::platform

@@ -1,0 +1,257 @@
+"""The real korvinel-recording from its command line, as a terminal, a script and GNU parallel run it.
+
+    /usr/bin/python3 recording_tool_test.py BUILD_FOLDER
+
+Debian packages: parallel poppler-utils
+"""
+import csv
+import json
+import os
+import pty
+import re
+import resource
+import shutil
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+GOLDEN = os.path.join(HERE, '../data/golden')
+MANUAL = os.path.join(HERE, '../../tools/recording/man/korvinel-recording.1')
+COMMANDS = ('info', 'check', 'recover', 'analyse', 'report', 'export', 'import', 'batch')
+TOOL = ''
+
+
+def golden(name):
+    return os.path.join(GOLDEN, name)
+
+
+class ToolTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix='korvinel-tool-')
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.environment = dict(os.environ, XDG_DATA_HOME=self.folder + '/data', PATH=os.path.dirname(TOOL) + ':' + os.environ['PATH'])
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def run_tool(self, *arguments, expect=0, **options):
+        done = subprocess.run([TOOL, *arguments], capture_output=True, text=True, env=self.environment,
+                              cwd=self.folder, timeout=120, check=False, **options)
+        self.assertEqual(done.returncode, expect, done.stderr)
+        return done
+
+    def shelf(self, count):
+        os.makedirs(self.path('shelf'))
+        for i in range(count):
+            shutil.copy(golden(('eeg.QVD', 'examination.QVD')[i % 2]), self.path('shelf/r%04d.QVD' % i))
+        return self.path('shelf')
+
+
+class CommandLine(ToolTest):
+    def test_every_command_has_help_with_an_example(self):
+        self.assertIn('Exit code', self.run_tool('--help').stdout)
+        for command in COMMANDS:
+            text = self.run_tool(command, '--help').stdout
+            self.assertIn('Example:\n  korvinel-recording %s ' % command, text)
+
+    def test_the_manual_has_every_command_and_every_option(self):
+        with open(MANUAL, encoding='utf-8') as file:
+            manual = file.read().replace('\\-', '-')
+        for command in COMMANDS:
+            self.assertRegex(manual, r'\.SS %s ' % command)
+            self.assertIn('.B korvinel-recording %s ' % command, manual)
+            for option in re.findall(r'--[a-z]+', self.run_tool(command, '--help').stdout):
+                self.assertTrue(option in manual or option in ('--output',), option)
+
+    def test_a_command_line_that_is_not_understood_ends_with_2(self):
+        for arguments in ([], ['explode'], ['info'], ['report', golden('eeg.QVD'), '-o', 'a.txt'],
+                          ['analyse', golden('eeg.QVD')], ['report', golden('eeg.QVD'), '-o', 'a.pdf', '--scale', '0'],
+                          ['report', golden('eeg.QVD'), '-o', 'a.pdf', '--max', '--mean'],
+                          ['report', golden('eeg.QVD'), '-o', 'a.pdf', '--last', '5'],
+                          ['import', golden('eeg.QVD'), '-o', 'a.QVD', '--channels', 'F3']):
+            self.assertIn("Try 'korvinel-recording --help'.", self.run_tool(*arguments, expect=2).stderr, arguments)
+        self.assertEqual(os.listdir(self.folder), [])
+
+    def test_messages_name_the_file_and_what_is_wrong(self):
+        for arguments in (['info', 'nowhere.QVD'], ['export', 'nowhere.QVD', '-o', 'a.edf'], ['import', 'nowhere.edf', '-o', 'a.QVD'],
+                          ['analyse', 'nowhere.QVD', '--json', '-'], ['recover', 'nowhere.XXX', '-o', 'a.QVD']):
+            self.assertRegex(self.run_tool(*arguments, expect=1).stderr, r'^nowhere\.\w+: cannot be read: .+\n$')
+
+    def test_check_names_the_byte_and_ends_with_1(self):
+        self.run_tool('check', golden('eeg.QVD'), golden('examination.QVD'))
+        with open(golden('eeg.QVD'), 'rb') as file:
+            content = file.read()
+        with open(self.path('cut.QVD'), 'wb') as file:
+            file.write(content[:-100])
+        done = self.run_tool('check', 'cut.QVD', expect=1)
+        self.assertEqual(done.stdout, 'cut.QVD: block 5 is cut off: it has 936 of 1036 bytes, at byte %d\n' % (len(content) - 1036))
+
+    def test_info_as_json(self):
+        found = json.loads(self.run_tool('info', '--json', golden('examination.QVD')).stdout)
+        self.assertEqual(found[0]['subject'], 'Bianchi Anna')
+        self.assertEqual(found[0]['blocks'], 40)
+        self.assertEqual(found[0]['notes'][0], [3, 'inizio'])
+
+    def test_the_input_is_never_replaced(self):
+        shutil.copy(golden('eeg.QVD'), self.path('a.QVD'))
+        os.link(self.path('a.QVD'), self.path('b.csv'))
+        self.run_tool('export', 'a.QVD', '-o', 'b.csv', '--force', expect=2)
+        self.assertEqual(os.path.getsize(self.path('b.csv')), os.path.getsize(golden('eeg.QVD')))
+
+
+class Outputs(ToolTest):
+    OUTPUTS = (('export', 'a.edf'), ('export', 'a.csv'), ('report', 'a.pdf'), ('report', 'a.png'), ('report', 'a.svg'))
+
+    def test_nothing_is_written_half_on_a_full_disk(self):
+        def little_room():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (3000, 3000))
+        for command, output in self.OUTPUTS:
+            done = self.run_tool(command, golden('examination.QVD'), '-o', output, expect=1, preexec_fn=little_room)
+            self.assertTrue(done.stderr.startswith(output + ': '), done.stderr)
+            self.assertEqual(os.listdir(self.folder), [], output)
+        self.run_tool('analyse', golden('examination.QVD'), '--json', 'a.json', expect=1, preexec_fn=little_room)
+        self.assertEqual(os.listdir(self.folder), [])
+
+    def test_an_existing_output_is_replaced_only_with_force(self):
+        for command, output in self.OUTPUTS:
+            with open(self.path(output), 'w', encoding='ascii') as file:
+                file.write('old')
+            self.assertIn('exists already', self.run_tool(command, golden('eeg.QVD'), '-o', output, expect=1).stderr)
+            self.assertEqual(os.path.getsize(self.path(output)), 3)
+            self.run_tool(command, golden('eeg.QVD'), '-o', output, '--force')
+            self.assertGreater(os.path.getsize(self.path(output)), 1000)
+        self.assertEqual(len(os.listdir(self.folder)), len(self.OUTPUTS))
+
+    def test_the_page_shows_the_report(self):
+        self.run_tool('report', golden('examination.QVD'), '-o', 'a.pdf', '--max', '--factors', golden('examination.factors.val'))
+        text = subprocess.run(['pdftotext', '-layout', 'a.pdf', '-'], capture_output=True, text=True, cwd=self.folder, check=True).stdout
+        with open(golden('examination.opened.json'), encoding='utf-8') as file:
+            expected = json.load(file)['reports'][0]
+        for line in expected['reportLines'].values():
+            self.assertIn(line.strip(), text)
+        for row in ('maxDelta', 'maxTheta', 'maxAlpha', 'maxBeta'):
+            for value in expected[row]:
+                self.assertIn('=%g' % (value / 10000), text)
+        self.assertIn('Nome: Bianchi Anna', text)
+        self.assertIn('117s', text)
+
+    def test_analyse_writes_to_standard_output_and_into_tables(self):
+        numbers = json.loads(self.run_tool('analyse', golden('eeg.QVD'), '--json', '-', '--csv', 'tables').stdout)
+        self.assertEqual(numbers['fileBlockCount'], 4)
+        with open(self.path('tables/spectra.csv'), encoding='utf-8', newline='') as file:
+            rows = list(csv.reader(file))
+        self.assertEqual(len(rows), 1 + 5 * 4)
+        for row in rows[1:]:
+            block, channel = int(row[0]), ('F1', 'F2', 'T5', 'T6').index(row[1])
+            for text, value in zip(row[2:], numbers['spectrumHistory'][block - 1][channel]):
+                self.assertEqual(struct.pack('f', float(text)), struct.pack('f', value))
+
+    def test_an_exported_table_holds_every_sample(self):
+        self.run_tool('export', golden('examination.QVD'), '-o', 'a.csv')
+        with open(self.path('a.csv'), encoding='utf-8', newline='') as file:
+            rows = list(csv.DictReader(file))
+        with open(golden('examination.QVD'), 'rb') as file:
+            samples = file.read()[-40 * 1036:]
+        self.assertEqual(len(rows), 40 * 256)
+        for i, row in enumerate(rows):
+            block, s = divmod(i, 256)
+            for channel, name in enumerate(('F1', 'F2', 'T5', 'T6')):
+                self.assertEqual(float(row[name]), samples[block * 1036 + channel * 259 + s] - 128)
+            self.assertEqual(float(row['seconds']), 3 * block + s / 128)
+        self.assertEqual(rows[10 * 256]['note'], 'occhi aperti; seconda nota')
+
+
+class Batch(ToolTest):
+    def test_the_table_is_in_name_order_with_errors_in_their_rows(self):
+        shelf = self.shelf(20)
+        with open(shelf + '/r0007.QVD', 'w', encoding='ascii') as file:
+            file.write('damaged')
+        done = self.run_tool('batch', shelf, '-o', 'table.csv', '--jobs', '3', expect=1)
+        self.assertEqual(done.stderr, 'table.csv: 1 of 20 rows have an error\n')
+        with open(self.path('table.csv'), encoding='utf-8', newline='') as file:
+            rows = list(csv.DictReader(file))
+        self.assertEqual([os.path.basename(row['file']) for row in rows], ['r%04d.QVD' % i for i in range(20)])
+        self.assertEqual([i for i, row in enumerate(rows) if row['error']], [7])
+        self.assertEqual(rows[1]['maxAlpha T5'], self.value_of('maxAlpha', 2))
+
+    def value_of(self, name, channel):
+        numbers = json.loads(self.run_tool('analyse', golden('examination.QVD'), '--json', '-').stdout)
+        return '%g' % (numbers['report'][name][channel] / 10000)
+
+    def test_a_killed_batch_is_resumed(self):
+        shelf = self.shelf(300)
+        self.run_tool('batch', shelf, '-o', 'whole.csv')
+        batch = subprocess.Popen([TOOL, 'batch', shelf, '-o', 'table.csv'], cwd=self.folder, env=self.environment)
+        journal = self.path('table.csv.part')
+        end = time.monotonic() + 60
+        while not (os.path.exists(journal) and os.path.getsize(journal) > 5000):
+            self.assertLess(time.monotonic(), end)
+        batch.kill()
+        batch.wait()
+        self.assertFalse(os.path.exists(self.path('table.csv')))
+        with open(journal, 'rb') as file:
+            finished = file.read().count(b'\n') - 1
+        self.assertTrue(0 < finished < 300)
+        self.run_tool('batch', shelf, '-o', 'table.csv', expect=1)
+        self.run_tool('batch', shelf, '-o', 'table.csv', '--resume')
+        with open(self.path('table.csv'), 'rb') as table, open(self.path('whole.csv'), 'rb') as whole:
+            self.assertEqual(table.read(), whole.read())
+        self.assertFalse(os.path.exists(journal))
+
+    def test_a_bar_shows_on_a_terminal_only(self):
+        shelf = self.shelf(10)
+        self.assertEqual(self.run_tool('batch', shelf, '-o', 'a.csv').stderr, '')
+        reading, writing = pty.openpty()
+        subprocess.run([TOOL, 'batch', shelf, '-o', 'b.csv'], cwd=self.folder, env=self.environment, stderr=writing, check=True)
+        os.close(writing)
+        shown = b''
+        try:
+            while True:
+                shown += os.read(reading, 4096)
+        except OSError:
+            pass
+        os.close(reading)
+        self.assertIn(b'10/10', shown)
+        self.assertIn(b'left', shown)
+
+    def run_line(self, line, environment):
+        subprocess.run(['bash', '-c', 'set -o pipefail; ' + line], cwd=self.folder, env=environment, check=True, timeout=120,
+                       capture_output=True)
+
+    def test_gnu_parallel_spreads_the_work_as_the_manual_says(self):
+        shelf = self.shelf(8)
+        with open(MANUAL, encoding='utf-8') as file:
+            manual = file.read().replace('\\-', '-').replace('\\e', '\\')
+        lines = re.findall(r'\.nf\n(find .*?)\n\.fi', manual, re.S)
+        self.assertEqual(len(lines), 2)
+        environment = dict(self.environment, HOME=self.folder)
+        self.run_line(lines[0], environment)
+        for i in range(8):
+            with open(shelf + '/r%04d.json' % i, encoding='utf-8') as file:
+                self.assertEqual(json.load(file)['fileBlockCount'], (4, 39)[i % 2])
+        os.makedirs(shelf + '/one')
+        shutil.move(shelf + '/r0000.QVD', shelf + '/one')
+        self.run_line(lines[1], environment)
+        with open(self.path('one.csv'), encoding='utf-8', newline='') as file:
+            self.assertEqual(len(list(csv.DictReader(file))), 1)
+
+
+def main():
+    global TOOL
+    if len(sys.argv) < 2:
+        sys.exit('%s needs the build folder' % sys.argv[0])
+    TOOL = os.path.abspath(os.path.join(sys.argv.pop(1), 'tools/recording/korvinel-recording'))
+    result = unittest.main(verbosity=2, exit=False, warnings='ignore').result
+    failed = len(result.failures) + len(result.errors)
+    print('%d passed, %d failed' % (result.testsRun - failed, failed))
+    sys.exit(failed > 0)
+
+
+if __name__ == '__main__':
+    main()

@@ -1,0 +1,104 @@
+#include "recording/analysis_output.h"
+#include "recording/inspection.h"
+#include "recordings.h"
+#include "tool_files.h"
+
+/// The numbers that the tool hands out against the reference numbers, to the last bit.
+namespace korvinel::tool {
+namespace {
+
+using Reference = nlohmann::json;
+
+Reference numbersOf(const std::string& name, int first, int last) {
+  AnalysisOptions options;
+  options.factors = bytesOf(goldenPath(name + ".factors.val"));
+  options.first = first;
+  options.last = last;
+  Workbench bench(options);
+  bench.open(goldenPath(name + ".QVD"));
+  bench.makeReport();
+  return Reference::parse(textOf(analysisJson(bench)));
+}
+
+class AnalysedRecording : public testing::TestWithParam<const char*> {
+ protected:
+  std::string name_ = GetParam();
+  Reference expected_ = Reference::parse(bytesOf(goldenPath(name_ + ".opened.json")));
+};
+
+TEST_P(AnalysedRecording, HistoriesAgreeWithTheReference) {
+  const Reference actual = numbersOf(name_, 1, 1);
+  int compared = 0;
+  for (const auto& [key, value] : expected_.items()) {
+    if (key == "reports") continue;
+    ASSERT_TRUE(actual.contains(key)) << key;
+    EXPECT_TRUE(actual[key] == value) << key;
+    ++compared;
+  }
+  EXPECT_GE(compared, 6);
+}
+
+TEST_P(AnalysedRecording, EveryReportAgreesWithTheReference) {
+  for (const Reference& expected : expected_["reports"]) {
+    const Reference actual = numbersOf(name_, expected["first"], expected["last"])["report"];
+    for (const auto& [key, value] : expected.items())
+      EXPECT_TRUE(actual.contains(key) && actual[key] == value) << key << " of blocks " << expected["first"];
+    EXPECT_EQ(actual.size(), expected.size());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Recordings, AnalysedRecording, testing::Values("eeg", "examination"),
+                         [](const auto& run) { return std::string(run.param); });
+
+struct Scan {
+  int inFile, counted, scanned;
+};
+
+TEST(Workbench, CountsOneBlockLessThanItScansUpToTheLimit) {
+  const TemporaryFolder folder;
+  for (const auto& [inFile, counted, scanned] :
+       {Scan{1, 0, 1}, Scan{10, 9, 10}, Scan{199, 198, 199}, Scan{200, 199, 199}, Scan{250, 199, 199}}) {
+    Workbench bench;
+    bench.open(writeFile((folder / "a.QVD"), recordings::file(inFile)));
+    EXPECT_EQ(bench.shared.fileBlockCount, counted) << inFile;
+    EXPECT_EQ(bench.scannedBlocks(), scanned) << inFile;
+  }
+}
+
+TEST(Workbench, RefusesAnIntervalOutsideTheRecording) {
+  for (const auto& [first, last] : {std::pair{0, 5}, std::pair{1, 40}, std::pair{40, 39}}) {
+    AnalysisOptions options;
+    options.first = first;
+    options.last = last;
+    Workbench bench(options);
+    bench.open(goldenPath("examination.QVD"));
+    EXPECT_NE(errorOf([&] { bench.makeReport(); }), "") << first << " " << last;
+  }
+}
+
+TEST(Workbench, RemovesOcularArtefactsOnRequest) {
+  AnalysisOptions ocular;
+  ocular.ocular = true;
+  Workbench plain;
+  Workbench screened(ocular);
+  // Samples far outside the accepted range, but not all of them.
+  std::string block = recordings::block(128);
+  for (std::size_t s = 0; s < 128; ++s) block[s] = static_cast<char>(s % 2 == 0 ? 250 : 5);
+  const TemporaryFolder folder;
+  const std::string path = writeFile((folder / "a.QVD"), recordings::header() + block + block);
+  plain.open(path);
+  screened.open(path);
+  EXPECT_NE(plain.shared.spectrumHistory[1][1], screened.shared.spectrumHistory[1][1]);
+}
+
+TEST(Workbench, LeavesTheUsersInstallationAlone) {
+  const TemporaryFolder folder;
+  setenv("XDG_DATA_HOME", folder.path().c_str(), 1);
+  Workbench bench;
+  bench.open(goldenPath("eeg.QVD"));
+  EXPECT_EQ(entriesIn(folder.path()), 0);
+  unsetenv("XDG_DATA_HOME");
+}
+
+}  // namespace
+}  // namespace korvinel::tool

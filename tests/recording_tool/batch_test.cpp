@@ -1,0 +1,107 @@
+#include "recording/batch.h"
+
+#include <algorithm>
+
+#include "recording/batch_journal.h"
+#include "recording/progress_bar.h"
+#include "recordings.h"
+#include "tool_files.h"
+
+namespace korvinel::tool {
+namespace {
+
+class Batch : public testing::Test {
+ protected:
+  Batch() {
+    std::filesystem::create_directory((folder_ / "shelf"));
+    for (int i = 0; i < 12; ++i)
+      writeFile((folder_ / "shelf/r" + std::to_string(10 + i) + ".QVD"),
+                bytesOf(goldenPath(i % 2 == 0 ? "eeg.QVD" : "examination.QVD")));
+  }
+
+  int run(int jobs, bool resume = false, bool force = false) {
+    BatchOptions options;
+    options.output = table_;
+    options.jobs = jobs;
+    options.resume = resume;
+    options.force = force;
+    return runBatch(recordingsIn({folder_ / "shelf"}), options);
+  }
+
+  TemporaryFolder folder_;
+  std::string table_ = (folder_ / "table.csv");
+};
+
+TEST_F(Batch, GivesTheSameTableWhateverTheNumberOfJobs) {
+  EXPECT_EQ(run(1), 0);
+  const std::string alone = bytesOf(table_);
+  EXPECT_EQ(std::count(alone.begin(), alone.end(), '\n'), 13);
+  EXPECT_EQ(run(4, false, true), 0);
+  EXPECT_TRUE(bytesOf(table_) == alone);
+}
+
+TEST_F(Batch, ADamagedFileHasItsErrorInItsRowAndDoesNotStopTheRest) {
+  writeFile((folder_ / "shelf/r115.QVD"), "no recording");
+  EXPECT_EQ(run(2), 1);
+  const std::string table = bytesOf(table_);
+  EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 14);
+  const std::size_t row = table.find("r115.QVD");
+  const std::string line = table.substr(row, table.find('\n', row) - row);
+  EXPECT_NE(line.find("cannot be opened"), std::string::npos) << line;
+  const std::string title = batchTitle();
+  EXPECT_EQ(std::count(line.begin(), line.end(), ','), std::count(title.begin(), title.end(), ','));
+}
+
+/// An interrupted run that had finished one row and was cut off in the next.
+void leaveUnfinished(const BatchOptions& options, const std::string& recording) {
+  BatchJournal(options).add(recording, {"a finished row\n", false});
+  std::ofstream(options.output + ".part", std::ios::app) << "[\"cut off";
+}
+
+TEST_F(Batch, ResumesWithTheRowsThatWereFinished) {
+  BatchOptions options;
+  options.output = table_;
+  leaveUnfinished(options, folder_ / "shelf/r12.QVD");
+  EXPECT_NE(errorOf([&] { run(2); }), "") << "neither --resume nor --force";
+  EXPECT_EQ(run(2, true), 0);
+  const std::string table = bytesOf(table_);
+  EXPECT_NE(table.find("\na finished row\n"), std::string::npos);
+  EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 13);
+  EXPECT_FALSE(std::filesystem::exists(table_ + ".part"));
+}
+
+TEST_F(Batch, ARecordingThatWasChangedMeanwhileIsAnalysedAgain) {
+  BatchOptions options;
+  options.output = table_;
+  leaveUnfinished(options, folder_ / "shelf/r12.QVD");
+  writeFile(folder_ / "shelf/r12.QVD", recordings::file(7));
+  EXPECT_EQ(run(2, true), 1) << "flat channels end the report";
+  EXPECT_EQ(bytesOf(table_).find("a finished row"), std::string::npos);
+}
+
+TEST_F(Batch, IsNotResumedWithOtherOptions) {
+  BatchOptions options;
+  options.output = table_;
+  options.analysis.ocular = true;
+  leaveUnfinished(options, folder_ / "shelf/r12.QVD");
+  EXPECT_NE(errorOf([&] { run(2, true); }).find("other options"), std::string::npos);
+}
+
+TEST_F(Batch, FindsRecordingsInNestedFoldersInNameOrderOnce) {
+  std::filesystem::create_directories((folder_ / "shelf/a/b"));
+  writeFile((folder_ / "shelf/a/b/x.qvd"), "");
+  writeFile((folder_ / "shelf/a/notes.txt"), "");
+  const auto found = recordingsIn({(folder_ / "shelf"), (folder_ / "shelf/r10.QVD")});
+  EXPECT_EQ(found.size(), 13U);
+  EXPECT_TRUE(std::is_sorted(found.begin(), found.end()));
+  EXPECT_NE(errorOf([&] { (void)recordingsIn({(folder_ / "nowhere")}); }), "");
+}
+
+TEST(Progress, TellsTheTimeThatIsLeft) {
+  EXPECT_EQ(progressText(0, 4, 0), "[" + std::string(40, '.') + "] 0/4");
+  EXPECT_EQ(progressText(1, 4, 30), "[" + std::string(10, '#') + std::string(30, '.') + "] 1/4  1:30 left");
+  EXPECT_EQ(progressText(4, 4, 120), "[" + std::string(40, '#') + "] 4/4");
+}
+
+}  // namespace
+}  // namespace korvinel::tool
