@@ -42,3 +42,28 @@ write("configuration", {
     "factors": b"1" + b"\r\n".join([b"1,.5,2.25,1e2,-3,+4,0.001,7"] * 8) + b"\r\n",
     "factors-short": b"11,2,3",
 })
+
+
+def edf(labels, unit=b"uV", rate=128, records=3, magic=b"0       ", width=2, reserved=b""):
+    """An EDF file (BDF with magic 255 BIOSEMI and a width of 3) with a ramp in every signal."""
+    count = len(labels)
+    def column(values, width):
+        return b"".join(value.ljust(width) for value in values)
+    top = b"32767" if width == 2 else b"8388607"
+    low = b"-32768" if width == 2 else b"-8388608"
+    header = (magic + b"X X X Rossi".ljust(80) + b"Startdate 21-NOV-2026 X X X".ljust(80) + b"21.11.2610.00.00" +
+              b"%-8d" % (256 * (count + 1)) + reserved.ljust(44) + b"%-8d" % records + b"1".ljust(8) + b"%-4d" % count +
+              column(labels, 16) + b" " * 80 * count + column([unit] * count, 8) + column([b"-100"] * count, 8) +
+              column([b"100"] * count, 8) + column([low] * count, 8) + column([top] * count, 8) + b" " * 80 * count +
+              column([b"%d" % rate] * count, 8) + b" " * 32 * count)
+    ramp = b"".join((i * 50).to_bytes(width, "little") for i in range(rate))
+    return header + ramp * count * records
+
+
+four = [b"EEG F3", b"EEG F4", b"EEG T5", b"EEG T6"]
+plus = edf(four, rate=64, reserved=b"EDF+C")
+write("import", {
+    "edf": edf(four), "fast": edf(four, rate=500, records=2), "millivolts": edf(four + [b"ECG"], unit=b"mV", rate=64),
+    "bdf": edf(four, magic=b"\xffBIOSEMI", width=3, reserved=b"24BIT"), "plus-without-annotations": plus,
+    "cut": edf(four)[:1500], "no-unit": edf(four, unit=b""), "three": edf(four[:3]), "discontinuous": edf(four, reserved=b"EDF+D"),
+})

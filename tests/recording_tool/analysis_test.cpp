@@ -81,9 +81,9 @@ TEST(Workbench, RemovesOcularArtefactsOnRequest) {
   ocular.ocular = true;
   Workbench plain;
   Workbench screened(ocular);
-  // Samples far outside the accepted range, but not all of them.
+  // A slow wave far outside the accepted range in its first half.
   std::string block = recordings::block(128);
-  for (std::size_t s = 0; s < 128; ++s) block[s] = static_cast<char>(s % 2 == 0 ? 250 : 5);
+  for (std::size_t s = 0; s < 128; ++s) block[s] = static_cast<char>(s / 16 % 2 == 0 ? 250 : 5);
   const TemporaryFolder folder;
   const std::string path = writeFile((folder / "a.QVD"), recordings::header() + block + block);
   plain.open(path);

@@ -108,6 +108,8 @@ TEST(EdfExport, AnonymousLeavesThePersonOut) {
   const std::string header = bytesOf((folder / "a.edf"));
   EXPECT_EQ(field(header, 8, 80), "X X X X");
   EXPECT_EQ(header.find("Rossi"), std::string::npos);
+  importEdf(folder / "a.edf", folder / "b.QVD", {});
+  EXPECT_EQ(RecordingReader(folder / "b.QVD").header().subject, "");
 }
 
 TEST(EdfExport, AnExistingFileStaysWithoutForce) {

@@ -45,7 +45,7 @@ class Checking {
             "its date is wrong");
     std::string person = plan_.person;
     std::replace(person.begin(), person.end(), '_', ' ');  // blanks are underscores in the file
-    require(trimmed(header.patient_name) == (person.empty() ? "" : person), "the person's name is wrong");
+    require(personOf(header) == person, "the person's name is wrong");
     for (int signal = 0; signal < 4; ++signal) {
       const edf_param_struct& parameters = header.signalparam[signal];
       require(parameters.dig_min == leastDigital && parameters.dig_max == greatestDigital &&

@@ -38,6 +38,12 @@ std::string trimmed(const std::string& text) {
   return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
 }
 
+std::string personOf(const edf_hdr_struct& header) {
+  const bool plus = header.filetype == EDFLIB_FILETYPE_EDFPLUS || header.filetype == EDFLIB_FILETYPE_BDFPLUS;
+  const std::string name = trimmed(plus ? header.patient_name : header.patient);
+  return name == "X" ? "" : name;
+}
+
 EdfFile::EdfFile(const std::string& path, const std::string& shownAs)
     : shownAs_(shownAs), header_(std::make_unique<edf_hdr_struct>()) {
   if (edfopen_file_readonly(path.c_str(), header_.get(), EDFLIB_READ_ALL_ANNOTATIONS) == 0) return;

@@ -33,6 +33,9 @@ class EdfFile {
   std::unique_ptr<edf_hdr_struct> header_;
 };
 
+/// The name of the person that a header tells of; "" where it is left out.
+[[nodiscard]] std::string personOf(const edf_hdr_struct& header);
+
 /// A text from a fixed field of a header, without the blanks around it.
 [[nodiscard]] std::string trimmed(const std::string& text);
 

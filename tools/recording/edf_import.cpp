@@ -31,17 +31,12 @@ std::string dateOf(const edf_hdr_struct& header) {
   return text.data();
 }
 
-std::string subjectOf(const edf_hdr_struct& header) {
-  const bool plus = header.filetype == EDFLIB_FILETYPE_EDFPLUS || header.filetype == EDFLIB_FILETYPE_BDFPLUS;
-  return trimmed(plus ? header.patient_name : header.patient);
-}
-
 /// A recording that is being made, by the program's own recording and assembling.
 class Importing {
  public:
   Importing(const EdfFile& file, const ImportOptions& options)
       : file_(file), bench_(std::make_unique<Workbench>()), state_(bench_->state) {
-    bench_->shared.subjectName = options.subject.value_or(subjectOf(file.header()));
+    bench_->shared.subjectName = options.subject.value_or(personOf(file.header()));
     bench_->shared.dataFileName = dataFileName;
     state_.recordingDate = dateOf(file.header());
     for (const int signal : chooseSignals(file.shownAs(), file.labels(), options.channels))
