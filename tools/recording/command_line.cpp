@@ -176,7 +176,7 @@ void build(CLI::App& program, Written& written) {
   addImport(program, written);
   addBatch(program, written);
   program.footer(
-      "Exit code: 0 done, 1 a file is damaged or cannot be read or written, 2 the command line is not understood.\n"
+      "Exit code: 0 done, 1 a file cannot be read or written or is damaged, 2 the command line is not understood.\n"
       "'korvinel-recording COMMAND --help' shows a command's options.");
 }
 
