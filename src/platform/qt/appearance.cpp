@@ -29,14 +29,6 @@ class CalmStyle : public QProxyStyle {
   }
 };
 
-/// Latin letters one by one: joined, this font sets "1024x768" with a multiplication sign.
-QFont calmLetters() {
-  constexpr int pointSize = 10;
-  QFont letters(QStringList{"Inter", "DejaVu Sans"}, pointSize);
-  letters.setStyleStrategy(QFont::PreferNoShaping);
-  return letters;
-}
-
 /// The toolkit's own words, such as the headings of the file dialog and the context menus.
 void speakItalian() {
   auto* translator = new QTranslator(qApp);
@@ -45,6 +37,14 @@ void speakItalian() {
 }
 
 }  // namespace
+
+/// Latin letters one by one: joined, this font sets "1024x768" with a multiplication sign.
+QFont calmLetters() {
+  constexpr int pointSize = 10;
+  QFont letters(QStringList{"Inter", "DejaVu Sans"}, pointSize);
+  letters.setStyleStrategy(QFont::PreferNoShaping);
+  return letters;
+}
 
 QPalette calmColours() {
   const QColor ground(236, 239, 241);

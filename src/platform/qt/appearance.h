@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QPalette>
 
 namespace korvinel::platform {
@@ -10,5 +11,6 @@ namespace korvinel::platform {
 void applyAppearance();
 
 [[nodiscard]] QPalette calmColours();
+[[nodiscard]] QFont calmLetters();
 
 }  // namespace korvinel::platform

@@ -11,6 +11,7 @@
 #include <QSvgGenerator>
 #include <clocale>
 
+#include "platform/qt/appearance.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/surface_painter.h"
 #include "values/runtime_error.h"
@@ -52,6 +53,7 @@ void paintPage(QPainter& painter, const Page& page, double scale) {
 void paintOn(QPaintDevice& device, const Page& page, double scale, const QPointF& corner) {
   QPainter painter;
   if (!painter.begin(&device)) fail("the page cannot be begun");
+  painter.setFont(calmLetters());
   painter.translate(corner);
   paintPage(painter, page, scale);
   if (!painter.end()) fail("the page cannot be finished");

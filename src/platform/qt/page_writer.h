@@ -22,8 +22,8 @@ struct Page {
 
 enum class PageFormat { pdf, png, svg };
 
-/// The bytes of a file that holds the page, painted by the very code that paints the windows, without a screen. The first
-/// call starts the toolkit; all calls come from one thread. A RuntimeError (output) where no font is installed.
+/// The bytes of a file that holds the page, painted by the very code that paints the windows, without a screen. The
+/// first call starts the toolkit; all calls come from one thread. A RuntimeError (output) where no font is installed.
 [[nodiscard]] std::string pageBytes(const Page& page, PageFormat format);
 
 }  // namespace korvinel::platform
