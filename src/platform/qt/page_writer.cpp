@@ -9,7 +9,9 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+#include <algorithm>
 #include <clocale>
+#include <cmath>
 
 #include "platform/qt/appearance.h"
 #include "platform/qt/qt_text.h"
@@ -42,7 +44,8 @@ void paintPage(QPainter& painter, const Page& page, double scale) {
     painter.save();
     painter.translate(std::round(place.x * scale), std::round(place.y * scale));
     const QSizeF size(std::round(place.width * scale), std::round(place.height * scale));
-    painter.setClipRect(QRectF(QPointF(0, 0), size));
+    painter.setClipRect(
+        QRectF(0, 0, size.width(), std::min(size.height(), std::round((page.height - place.y) * scale))));
     paintSurface(painter, surface, size, scale);
     painter.restore();
   };
