@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "app/program.h"
-#include "platform/posix/host_paths.h"
+#include "platform/host_paths.h"
 #include "platform/qt/appearance.h"
 #include "platform/qt/qt_text.h"
 

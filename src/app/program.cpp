@@ -5,8 +5,8 @@
 #include <cstdio>
 
 #include "app/wiring.h"
-#include "platform/posix/host_paths.h"
-#include "platform/posix/installation.h"
+#include "platform/disk/installation.h"
+#include "platform/host_paths.h"
 
 namespace korvinel {
 
@@ -23,7 +23,7 @@ Program::Program(std::string dataFolder)
 }
 
 void Program::startUp() {
-  platform::installRootWhenAbsent(dataFolder_);
+  platform::installRootWhenAbsent(files_, dataFolder_);
   state_.startUp();
 }
 

@@ -2,15 +2,12 @@
 
 #include <string>
 
+#include "app/host_platform.h"
 #include "app/main_window_view.h"
 #include "app/report_windows.h"
 #include "frame/main_state.h"
 #include "platform/operation_edge.h"
-#include "platform/posix/disk_files.h"
-#include "platform/posix/posix_machine.h"
-#include "platform/posix/serial_line.h"
 #include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_screen_printer.h"
 #include "platform/qt/qt_timing.h"
 
 namespace korvinel {
@@ -38,8 +35,8 @@ class Program {
   platform::QtDialogs dialogs_{edge_, paths_};
   platform::DiskFiles files_{dataFolder_};
   platform::SerialLine serialPort_;
-  platform::PosixMachine machine_;
-  platform::QtScreenPrinter screenPrinter_{dialogs_, paths_, [this] { return shared_.dataFileName; }};
+  HostMachine machine_;
+  HostScreenPrinter screenPrinter_{dialogs_, paths_, [this] { return shared_.dataFileName; }};
   ProgramValues shared_;
   ReportWindows windows_{shared_, edge_};
   platform::Platform platform_{clock_, events_,     tickTimer_, pauseTimer_,    dialogs_,

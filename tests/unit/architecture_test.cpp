@@ -27,7 +27,7 @@ std::vector<Include> includesOf(const fs::path& file, const fs::path& root) {
   std::smatch match;
   for (std::string text; std::getline(stream, text);)
     if (std::regex_search(text, match, line))
-      includes.push_back({fs::relative(file, root).string(), match[2], match[1] == "\""});
+      includes.push_back({fs::relative(file, root).generic_string(), match[2], match[1] == "\""});
   return includes;
 }
 
@@ -54,8 +54,8 @@ std::set<std::string> allowedFrom(const Include& include) {
       include.from == "frame/program_values.h")
     return {"values", "platform"};
   if (folder == "app")
-    return {"values", "platform", "platform/qt", "platform/posix", "platform/windows",
-            "frame",  "display",  "recording",   "report"};
+    return {"values",           "platform", "platform/qt", "platform/disk", "platform/posix",
+            "platform/windows", "frame",    "display",     "recording",     "report"};
   return {"values", "platform", "frame"};
 }
 

@@ -5,12 +5,12 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
 
+#include "platform/buffered_input.h"
+#include "platform/host_paths.h"
 #include "platform/posix/file_descriptor.h"
-#include "platform/posix/host_paths.h"
 #include "values/code_page.h"
 #include "values/runtime_error.h"
 
@@ -46,39 +46,21 @@ std::string folderOf(const std::string& path) {
   return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
-class DiskInput : public InputFile {
+class DiskInput : public BufferedInput {
  public:
   DiskInput(FileDescriptor file, Place place) : file_(std::move(file)), place_(std::move(place)) {}
 
-  int peek() override {
-    if (next_ == filled_) refill();
-    return next_ == filled_ ? end : static_cast<unsigned char>(buffer_[next_]);
-  }
-  int take() override {
-    const int byte = peek();
-    if (byte != end) {
-      ++next_;
-      ++position_;
-    }
-    return byte;
-  }
-  [[nodiscard]] std::int64_t position() const override { return position_; }
-
  private:
-  void refill() {
+  std::size_t readPiece(std::span<char> room) override {
     ssize_t count = 0;
-    do count = ::read(file_.get(), buffer_.data(), buffer_.size());
+    do count = ::read(file_.get(), room.data(), room.size());
     while (count < 0 && errno == EINTR);
     if (count < 0) failReading(place_, systemMessage(errno));
-    next_ = 0;
-    filled_ = static_cast<std::size_t>(count);
+    return static_cast<std::size_t>(count);
   }
 
   FileDescriptor file_;
   Place place_;
-  std::array<char, 32'768> buffer_{};
-  std::size_t next_ = 0, filled_ = 0;
-  std::int64_t position_ = 0;
 };
 
 class DiskOutput : public OutputFile {

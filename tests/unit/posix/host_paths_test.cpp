@@ -1,4 +1,4 @@
-#include "platform/posix/host_paths.h"
+#include "platform/host_paths.h"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>

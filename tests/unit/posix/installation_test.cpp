@@ -1,4 +1,4 @@
-#include "platform/posix/installation.h"
+#include "platform/disk/installation.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -20,8 +20,8 @@ std::vector<std::string> namesIn(const std::string& folder) {
 TEST(Installation, PutsARootThatStartUpCanRead) {
   const TemporaryFolder folder;
   const std::string data = folder / "share/korvinel";
-  installRootWhenAbsent(data);
   DiskFiles files(data);
+  installRootWhenAbsent(files, data);
   EXPECT_EQ(readSettings(*files.openForReading("C:\\QUARVEL5\\Instal8s.val")), 1);
   Bounded<float, 130> factors;
   readCalibration(*files.openForReading("C:\\QUARVEL5\\Factors.val"), factors);
@@ -32,16 +32,18 @@ TEST(Installation, PutsARootThatStartUpCanRead) {
 
 TEST(Installation, LeavesARootThatIsThereAsItIs) {
   const TemporaryFolder folder;
+  DiskFiles files(folder.path());
   std::filesystem::create_directories(folder / "drive_c/QUARVEL5");
-  installRootWhenAbsent(folder.path());
+  installRootWhenAbsent(files, folder.path());
   EXPECT_THAT(namesIn(folder / "drive_c/QUARVEL5"), testing::IsEmpty());
 }
 
 TEST(Installation, SaysWhereTheRootCannotBePut) {
   const TemporaryFolder folder;
+  DiskFiles files(folder.path());
   writeFile(folder / "drive_c", "a file in the way");
   try {
-    installRootWhenAbsent(folder.path());
+    installRootWhenAbsent(files, folder.path());
     FAIL() << "no fault";
   } catch (const RuntimeError& fault) {
     EXPECT_EQ(fault.fault, Fault::output);

@@ -3,22 +3,23 @@
 #include <string>
 #include <string_view>
 
+/// Where the program's own paths and ports lie on this machine; each system has its own `host_paths.cpp`.
 namespace korvinel::platform {
 
-/// Where the program's own data lives on this machine: `korvinel` in the user's data folder ($XDG_DATA_HOME, else
-/// ~/.local/share). Holds `drive_c`, the program's drive C, and `ports`, the links to the serial devices.
+/// Where the program's own data lives: `korvinel` in the user's data folder ($XDG_DATA_HOME, else ~/.local/share). Holds
+/// `drive_c`, the program's drive C, and `ports`, the links to the serial devices. "" on Windows, which has both itself.
 [[nodiscard]] std::string userDataFolder();
 
 /// The host's path of a path in the program's notation: "C:\QUARVEL5\X" lies in `drive_c` of the data folder. Any other
-/// path is the host's own and stays as it is.
+/// path is the host's own and stays as it is; on Windows every one does.
 [[nodiscard]] std::string hostPath(const std::string& dataFolder, std::string_view path);
 
 /// The way back: a host path inside `drive_c` in the program's notation; any other, or one with a backslash in a name,
-/// stays as it is.
+/// stays as it is. On Windows a slash becomes a backslash.
 [[nodiscard]] std::string programPath(const std::string& dataFolder, const std::string& hostPath);
 
 /// The device of serial port 1, 2, ...: what the link `ports/COMn` points to, and without it the n-th USB serial
-/// adapter. Never a built-in port that no link names: it may be the machine's console.
+/// adapter. Never a built-in port that no link names: it may be the machine's console. On Windows the port COMn.
 [[nodiscard]] std::string serialDevice(const std::string& dataFolder, int portNumber);
 
 }  // namespace korvinel::platform

@@ -1,11 +1,9 @@
-#include "platform/posix/installation.h"
-
-#include <unistd.h>
+#include "platform/disk/installation.h"
 
 #include <filesystem>
+#include <random>
 
-#include "platform/posix/disk_files.h"
-#include "platform/posix/host_paths.h"
+#include "platform/host_paths.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {
@@ -13,17 +11,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void writeDefaultFile(const std::string& path, const std::string& content) {
-  DiskFiles files("");
-  const auto file = files.create(path);
+void writeDefaultFile(Files& files, const fs::path& path, const std::string& content) {
+  const auto file = files.create(path.string());
   file->write(content);
   file->synchronise();
 }
 
-void fillRoot(const fs::path& root) {
+void fillRoot(Files& files, const fs::path& root) {
   fs::create_directories(root / "DATAFILE");
-  writeDefaultFile(root / "Instal8s.val", defaultSettings());
-  writeDefaultFile(root / "Factors.val", defaultFactors());
+  writeDefaultFile(files, root / "Instal8s.val", defaultSettings());
+  writeDefaultFile(files, root / "Factors.val", defaultFactors());
 }
 
 }  // namespace
@@ -38,14 +35,14 @@ std::string defaultFactors() {
   return text;
 }
 
-void installRootWhenAbsent(const std::string& dataFolder) {
+void installRootWhenAbsent(Files& files, const std::string& dataFolder) {
   const fs::path root = hostPath(dataFolder, "C:\\QUARVEL5");
   if (fs::symlink_status(root).type() != fs::file_type::not_found) return;
   // Under another name first: a root that is there is a whole one, even if this is cut short.
-  const fs::path unfinished = root.string() + ".new-" + std::to_string(getpid());
+  const fs::path unfinished = root.string() + ".new-" + std::to_string(std::random_device{}());
   try {
-    fs::create_directories(fs::path(dataFolder) / "ports");
-    fillRoot(unfinished);
+    if (!dataFolder.empty()) fs::create_directories(fs::path(dataFolder) / "ports");
+    fillRoot(files, unfinished);
     fs::rename(unfinished, root);
   } catch (const std::exception& cause) {
     std::error_code ignored;

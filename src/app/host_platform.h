@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+/// The one place that says which system the program is built for.
+#ifdef _WIN32
+#include "platform/windows/disk_files.h"
+#include "platform/windows/serial_line.h"
+#include "platform/windows/windows_machine.h"
+#else
+#include "platform/posix/disk_files.h"
+#include "platform/posix/posix_machine.h"
+#include "platform/posix/serial_line.h"
+#endif
+#include "platform/qt/qt_screen_printer.h"
+
+namespace korvinel {
+
+#ifdef _WIN32
+using HostMachine = platform::WindowsMachine;
+
+/// The toolkit prints what the system itself has taken a picture of.
+class HostScreenPrinter : public platform::WindowsScreenPrinter {
+ public:
+  HostScreenPrinter(platform::Dialogs& dialogs, platform::PathNotation paths, std::function<std::string()> dataFileName)
+      : WindowsScreenPrinter(
+            std::make_unique<platform::QtScreenPrinter>(dialogs, std::move(paths), std::move(dataFileName))) {}
+};
+#else
+using HostMachine = platform::PosixMachine;
+using HostScreenPrinter = platform::QtScreenPrinter;
+#endif
+
+}  // namespace korvinel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "platform/files.h"
+
+namespace korvinel::platform {
+
+/// Hands out, byte by byte, a file that is read in large pieces.
+class BufferedInput : public InputFile {
+ public:
+  int peek() override {
+    if (next_ == filled_) {
+      filled_ = readPiece(buffer_);
+      next_ = 0;
+    }
+    return next_ == filled_ ? end : static_cast<unsigned char>(buffer_[next_]);
+  }
+  int take() override {
+    const int byte = peek();
+    if (byte != end) {
+      ++next_;
+      ++position_;
+    }
+    return byte;
+  }
+  [[nodiscard]] std::int64_t position() const override { return position_; }
+
+ private:
+  /// Fills the room from its start and returns how many bytes came; 0 at the end of the file.
+  virtual std::size_t readPiece(std::span<char> room) = 0;
+
+  std::array<char, 32'768> buffer_{};
+  std::size_t next_ = 0, filled_ = 0;
+  std::int64_t position_ = 0;
+};
+
+}  // namespace korvinel::platform

@@ -1,0 +1,146 @@
+#include "platform/windows/disk_files.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/buffered_input.h"
+#include "platform/windows/file_handle.h"
+#include "platform/windows/wide_text.h"
+#include "values/code_page.h"
+#include "values/runtime_error.h"
+
+namespace korvinel::platform {
+namespace {
+
+[[noreturn]] void fail(Fault fault, const char* what, const std::string& path, const std::string& reason) {
+  throw RuntimeError(fault, std::string("Impossibile ") + what + " il file " + path + ":\r" + reason);
+}
+
+[[noreturn]] void failReading(const std::string& path, const std::string& reason) {
+  fail(Fault::input, "leggere", path, reason);
+}
+
+[[noreturn]] void failWriting(const std::string& path, const std::string& reason) {
+  fail(Fault::output, "scrivere", path, reason);
+}
+
+/// Whether the system takes the path for a device. To open it would reach for the device itself.
+bool namesDevice(const std::wstring& path) {
+  std::wstring full(static_cast<std::size_t>(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr)), L'\0');
+  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full.starts_with(L"\\\\.\\");
+}
+
+/// Opens what is an ordinary file; gives why it failed, or "".
+std::string openOrdinaryFile(const std::string& path, DWORD access, DWORD share, DWORD disposition, FileHandle& file) {
+  const std::string noFile = "non e' un normale file";
+  const std::wstring wide = wideFromUtf8(path);
+  if (namesDevice(wide)) return noFile;
+  file = FileHandle(CreateFileW(wide.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file.isOpen()) return systemMessage(GetLastError());
+  return GetFileType(file.get()) == FILE_TYPE_DISK ? "" : noFile;
+}
+
+class DiskInput : public BufferedInput {
+ public:
+  DiskInput(FileHandle file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
+
+ private:
+  std::size_t readPiece(std::span<char> room) override {
+    DWORD count = 0;
+    if (ReadFile(file_.get(), room.data(), static_cast<DWORD>(room.size()), &count, nullptr) == 0)
+      failReading(path_, systemMessage(GetLastError()));
+    return count;
+  }
+
+  FileHandle file_;
+  std::string path_;
+};
+
+class DiskOutput : public OutputFile {
+ public:
+  DiskOutput(FileHandle file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
+
+  void write(std::string_view bytes) override {
+    constexpr std::size_t mostAtOnce = 1 << 24;
+    while (!bytes.empty()) {
+      const auto size = static_cast<DWORD>(std::min(bytes.size(), mostAtOnce));
+      DWORD count = 0;
+      if (WriteFile(file_.get(), bytes.data(), size, &count, nullptr) == 0)
+        failWriting(path_, systemMessage(GetLastError()));
+      if (count == 0) failWriting(path_, systemMessage(ERROR_DISK_FULL));
+      bytes.remove_prefix(count);
+    }
+  }
+
+  void synchronise() override {
+    if (FlushFileBuffers(file_.get()) == 0) failWriting(path_, systemMessage(GetLastError()));
+  }
+
+ private:
+  FileHandle file_;
+  std::string path_;
+};
+
+/// A reader may look at the file meanwhile; a second writer may not.
+std::unique_ptr<OutputFile> openForWriting(const std::string& path, DWORD access, DWORD disposition) {
+  FileHandle file;
+  const std::string failure = openOrdinaryFile(path, access, FILE_SHARE_READ, disposition, file);
+  if (!failure.empty()) failWriting(path, failure);
+  return std::make_unique<DiskOutput>(std::move(file), path);
+}
+
+void addWhenListed(const WIN32_FIND_DATAW& entry, const std::string& ending, std::vector<std::string>& names) {
+  const std::string name = utf8FromWide(entry.cFileName);
+  const bool isFile = (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+  if (isFile && upperCase(name).ends_with(upperCase(ending))) names.push_back(name);
+}
+
+}  // namespace
+
+std::unique_ptr<InputFile> DiskFiles::openForReading(const std::string& path) {
+  constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  FileHandle file;
+  const std::string failure = openOrdinaryFile(path, GENERIC_READ, shareAll, OPEN_EXISTING, file);
+  if (!failure.empty()) failReading(path, failure);
+  return std::make_unique<DiskInput>(std::move(file), path);
+}
+
+std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path) {
+  return openForWriting(path, GENERIC_WRITE, CREATE_ALWAYS);
+}
+
+std::unique_ptr<OutputFile> DiskFiles::openForAppending(const std::string& path) {
+  // Without the right to write elsewhere every write goes to the end.
+  return openForWriting(path, FILE_APPEND_DATA | SYNCHRONIZE, OPEN_ALWAYS);
+}
+
+bool DiskFiles::exists(const std::string& path) {
+  const std::wstring wide = wideFromUtf8(path);
+  return namesDevice(wide) || GetFileAttributesW(wide.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+void DiskFiles::remove(const std::string& path) {
+  if (DeleteFileW(wideFromUtf8(path).c_str()) == 0)
+    fail(Fault::output, "cancellare", path, systemMessage(GetLastError()));
+}
+
+void DiskFiles::rename(const std::string& from, const std::string& to) {
+  if (MoveFileExW(wideFromUtf8(from).c_str(), wideFromUtf8(to).c_str(), MOVEFILE_WRITE_THROUGH) == 0)
+    fail(Fault::output, "rinominare", from, systemMessage(GetLastError()) + ": " + to);
+}
+
+std::vector<std::string> DiskFiles::list(const std::string& folder, const std::string& ending) {
+  std::vector<std::string> names;
+  WIN32_FIND_DATAW entry;
+  const std::wstring pattern = wideFromUtf8(folder.ends_with('\\') ? folder + "*" : folder + "\\*");
+  HANDLE search = FindFirstFileW(pattern.c_str(), &entry);
+  if (search == INVALID_HANDLE_VALUE) return names;
+  do addWhenListed(entry, ending, names);
+  while (FindNextFileW(search, &entry) != 0);
+  FindClose(search);
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+}  // namespace korvinel::platform

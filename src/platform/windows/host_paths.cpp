@@ -1,0 +1,20 @@
+#include "platform/host_paths.h"
+
+#include <algorithm>
+
+namespace korvinel::platform {
+
+std::string userDataFolder() { return ""; }
+
+std::string hostPath(const std::string&, std::string_view path) { return std::string(path); }
+
+std::string programPath(const std::string&, const std::string& hostPath) {
+  std::string path = hostPath;
+  std::replace(path.begin(), path.end(), '/', '\\');
+  return path;
+}
+
+/// In the form that reaches COM10 and above too.
+std::string serialDevice(const std::string&, int portNumber) { return "\\\\.\\COM" + std::to_string(portNumber); }
+
+}  // namespace korvinel::platform

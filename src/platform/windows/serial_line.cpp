@@ -1,0 +1,130 @@
+#include "platform/windows/serial_line.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/windows/wide_text.h"
+
+namespace korvinel::platform {
+namespace {
+
+constexpr DWORD longestWriteMs = 500;
+
+/// Lays "19200,N,8,1" over a port's state; whether a line can have it.
+bool lineState(const std::string& settings, DCB& state) {
+  state.DCBlength = sizeof state;
+  // The system itself takes much that is no setting, even the empty text.
+  const bool complete = std::count(settings.begin(), settings.end(), ',') == 3;
+  return complete && BuildCommDCBA(settings.c_str(), &state) != 0;
+}
+
+}  // namespace
+
+void SerialLine::setSettings(std::string_view settings) {
+  const std::string text(settings);
+  DCB state{};
+  if (!lineState(text, state)) throw PortFault("Impostazioni della porta seriale non valide: " + text);
+  settings_ = text;
+}
+
+void SerialLine::open() {
+  close();
+  const std::string path = devicePath_(portNumber_);
+  // Not shared: a second program on the same line would take half of the bytes.
+  device_ = FileHandle(
+      CreateFileW(wideFromUtf8(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!isOpen()) {
+    const DWORD error = GetLastError();
+    if (error == ERROR_ACCESS_DENIED) throw PortFault("La porta seriale " + path + " e' gia' in uso");
+    throw PortFault("La porta seriale " + path + " non si apre: " + systemMessage(error));
+  }
+  if (GetFileType(device_.get()) != FILE_TYPE_CHAR) fail(path + " non e' una porta seriale");
+  if (!configure()) fail("La porta seriale " + path + " non accetta le impostazioni: " + systemMessage(GetLastError()));
+}
+
+bool SerialLine::configure() const {
+  constexpr DWORD sendQueue = 512;
+  // Reads give what has arrived and never wait.
+  COMMTIMEOUTS timeouts{MAXDWORD, 0, 0, 0, longestWriteMs};
+  DCB state{};
+  state.DCBlength = sizeof state;
+  return SetupComm(device_.get(), static_cast<DWORD>(capacity_), sendQueue) != 0 &&
+         GetCommState(device_.get(), &state) != 0 && lineState(settings_, state) &&
+         SetCommState(device_.get(), &state) != 0 && SetCommTimeouts(device_.get(), &timeouts) != 0;
+}
+
+void SerialLine::close() {
+  device_.reset();
+  received_.clear();
+}
+
+/// A device without modem lines refuses, which is no error; a lost one shows at the next look or write.
+void SerialLine::raise(DWORD modemLine) {
+  if (!isOpen()) throw PortFault("La porta seriale e' chiusa");
+  EscapeCommFunction(device_.get(), modemLine);
+}
+
+int SerialLine::waiting() {
+  takeArrived();
+  return static_cast<int>(received_.size());
+}
+
+void SerialLine::discardInput() {
+  takeArrived();
+  if (isOpen()) PurgeComm(device_.get(), PURGE_RXCLEAR);
+  received_.clear();
+}
+
+std::string SerialLine::read() {
+  takeArrived();
+  const std::size_t count = readLength_ == 0 ? received_.size() : std::min(received_.size(), readLength_);
+  std::string bytes = received_.substr(0, count);
+  received_.erase(0, count);
+  return bytes;
+}
+
+void SerialLine::takeArrived() {
+  while (isOpen() && takePiece()) continue;
+}
+
+/// Takes over some of what the driver holds; false when that was all. A line that has failed is closed here and is
+/// silent from then on.
+bool SerialLine::takePiece() {
+  std::array<char, 4096> piece;
+  COMSTAT status{};
+  DWORD errors = 0;
+  DWORD count = 0;
+  // This call also clears a framing or overrun error, which would hold up the reads.
+  const bool alive = ClearCommError(device_.get(), &errors, &status) != 0;
+  const auto size = std::min<DWORD>(status.cbInQue, static_cast<DWORD>(piece.size()));
+  if (alive && size == 0) return false;
+  if (!alive || ReadFile(device_.get(), piece.data(), size, &count, nullptr) == 0) {
+    close();
+    return false;
+  }
+  keep({piece.data(), count});
+  return count > 0;
+}
+
+void SerialLine::keep(std::string_view bytes) {
+  const std::size_t room = capacity_ - std::min(capacity_, received_.size());
+  received_ += bytes.substr(0, room);
+}
+
+void SerialLine::write(std::string_view bytes) {
+  if (!isOpen()) throw PortFault("La porta seriale e' chiusa");
+  while (!bytes.empty()) {
+    DWORD count = 0;
+    if (WriteFile(device_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) == 0)
+      fail("La porta seriale non risponde: " + systemMessage(GetLastError()));
+    if (count == 0) fail("La porta seriale non accetta dati");
+    bytes.remove_prefix(count);
+  }
+}
+
+void SerialLine::fail(const std::string& reason) {
+  close();
+  throw PortFault(reason);
+}
+
+}  // namespace korvinel::platform

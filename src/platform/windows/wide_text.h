@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvinel::platform {
+
+/// The system's own texts are UTF-16. Bytes that are no UTF-8 become the replacement character.
+[[nodiscard]] std::wstring wideFromUtf8(std::string_view utf8);
+[[nodiscard]] std::string utf8FromWide(std::wstring_view wide);
+
+/// What the system says of an error number, in its own language, without the line end.
+[[nodiscard]] std::string systemMessage(unsigned long error);
+
+}  // namespace korvinel::platform

@@ -1,0 +1,52 @@
+#include "platform/windows/windows_machine.h"
+
+#include <windows.h>
+
+namespace korvinel::platform {
+namespace {
+
+/// The system puts the picture on the clipboard in its own time.
+bool pictureArrives() {
+  constexpr int looks = 50;
+  constexpr DWORD betweenLooksMs = 10;
+  for (int look = 0; look < looks; ++look) {
+    if (IsClipboardFormatAvailable(CF_BITMAP) != 0) return true;
+    Sleep(betweenLooksMs);
+  }
+  return false;
+}
+
+}  // namespace
+
+void WindowsMachine::setThreadPriority(int stepsAboveNormal) {
+  SetThreadPriority(GetCurrentThread(), stepsAboveNormal);
+}
+
+void WindowsMachine::setPriorityClass(int priorityClass) {
+  SetPriorityClass(GetCurrentProcess(), static_cast<DWORD>(priorityClass));
+}
+
+int WindowsScreenPrinter::systemMajorVersion() {
+  OSVERSIONINFOA version{};
+  static_assert(sizeof version == 148);
+  version.dwOSVersionInfoSize = sizeof version;
+  return GetVersionExA(&version) != 0 ? static_cast<int>(version.dwMajorVersion) : 0;
+}
+
+void WindowsScreenPrinter::emptyClipboard() {
+  if (OpenClipboard(nullptr) == 0) return;
+  EmptyClipboard();
+  CloseClipboard();
+}
+
+void WindowsScreenPrinter::pressPrintScreen(int scanCode) {
+  scanCode_ = scanCode;
+  keybd_event(VK_SNAPSHOT, static_cast<BYTE>(scanCode), 0, 0);
+}
+
+void WindowsScreenPrinter::printClipboard(double x, double y, double width, double height) {
+  if (!pictureArrives()) printer_->pressPrintScreen(scanCode_);
+  printer_->printClipboard(x, y, width, height);
+}
+
+}  // namespace korvinel::platform

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "platform/machine.h"
+
+namespace korvinel::platform {
+
+/// Priorities by the system's own calls and numbers; a refusal is no error.
+class WindowsMachine : public Machine {
+ public:
+  void setThreadPriority(int stepsAboveNormal) override;
+  void setPriorityClass(int priorityClass) override;
+};
+
+/// Lets the system itself take the picture of the active window; a printer from elsewhere prints it.
+class WindowsScreenPrinter : public ScreenPrinter {
+ public:
+  /// `printer`: prints the clipboard's picture, and takes it where the print-screen key brings none (the user may have
+  /// given that key to another program).
+  explicit WindowsScreenPrinter(std::unique_ptr<ScreenPrinter> printer) : printer_(std::move(printer)) {}
+
+  int systemMajorVersion() override;
+  void emptyClipboard() override;
+  void pressPrintScreen(int scanCode) override;
+  void printClipboard(double x, double y, double width, double height) override;
+
+ private:
+  std::unique_ptr<ScreenPrinter> printer_;
+  int scanCode_ = 0;
+};
+
+}  // namespace korvinel::platform

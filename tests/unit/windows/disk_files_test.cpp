@@ -1,0 +1,126 @@
+#include "platform/windows/disk_files.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <random>
+
+#include "values/runtime_error.h"
+
+namespace korvinel::platform {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// The kind of fault that the action ends in, with its message.
+std::pair<Fault, std::string> faultOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RuntimeError& fault) {
+    return {fault.fault, fault.what()};
+  }
+  return {Fault::overflow, "no fault"};
+}
+
+struct WindowsDiskFiles : testing::Test {
+  DiskFiles files;
+  const std::string folder = "C:\\korvinel-test-" + std::to_string(std::random_device{}()) + "\\";
+
+  void SetUp() override { std::filesystem::create_directories(folder + "inner"); }
+  void TearDown() override { std::filesystem::remove_all(folder); }
+
+  std::string read(const std::string& path) {
+    const auto file = files.openForReading(path);
+    std::string bytes;
+    while (!file->atEnd()) bytes += static_cast<char>(file->take());
+    return bytes;
+  }
+};
+
+TEST_F(WindowsDiskFiles, GiveBackEveryByteThatWasWritten) {
+  std::string bytes;
+  for (int i = 0; i < 100'000; ++i) bytes += static_cast<char>(i * 7 % 256);
+  files.create(folder + "a.QVD")->write(bytes);
+  EXPECT_EQ(read(folder + "a.QVD"), bytes);
+}
+
+TEST_F(WindowsDiskFiles, AWriteCanBeReadBeforeTheFileIsClosed) {
+  const auto file = files.create(folder + "a");
+  file->write("block 1");
+  EXPECT_EQ(read(folder + "a"), "block 1");
+  file->synchronise();
+  file->write(", block 2");
+  EXPECT_EQ(read(folder + "a"), "block 1, block 2");
+}
+
+TEST_F(WindowsDiskFiles, CreateEmptiesAndAppendKeeps) {
+  files.create(folder + "a")->write("old");
+  const auto appended = files.openForAppending(folder + "a");
+  appended->write(" and new");
+  EXPECT_NO_THROW(appended->synchronise());
+  EXPECT_EQ(read(folder + "a"), "old and new");
+  files.create(folder + "b")->write("something long");
+  files.create(folder + "b")->write("short");
+  EXPECT_EQ(read(folder + "b"), "short");
+}
+
+TEST_F(WindowsDiskFiles, AFileBeingWrittenHasNoSecondWriter) {
+  const auto file = files.create(folder + "a");
+  file->write("precious");
+  EXPECT_EQ(faultOf([&] { static_cast<void>(files.create(folder + "a")); }).first, Fault::output);
+  EXPECT_EQ(read(folder + "a"), "precious");
+}
+
+TEST_F(WindowsDiskFiles, NamesAreUnicode) {
+  files.create(folder + "perch\xC3\xA9 \xE2\x82\xAC.QVD")->write("x");
+  EXPECT_TRUE(files.exists(folder + "perch\xC3\xA9 \xE2\x82\xAC.QVD"));
+  EXPECT_THAT(files.list(folder, ".qvd"), ElementsAre("perch\xC3\xA9 \xE2\x82\xAC.QVD"));
+}
+
+TEST_F(WindowsDiskFiles, WhatIsNoOrdinaryFileCannotBeReadOrWritten) {
+  for (const std::string& path : {folder + "inner", folder + "COM5", folder + "NUL", std::string("\\\\.\\COM5")}) {
+    const auto [readFault, readMessage] = faultOf([&] { static_cast<void>(files.openForReading(path)); });
+    EXPECT_EQ(readFault, Fault::input) << path;
+    EXPECT_THAT(readMessage, HasSubstr(path));
+    const auto [writeFault, writeMessage] = faultOf([&] { static_cast<void>(files.create(path)); });
+    EXPECT_EQ(writeFault, Fault::output) << path;
+    EXPECT_THAT(writeMessage, HasSubstr(path));
+  }
+}
+
+TEST_F(WindowsDiskFiles, ADevicesNameIsTaken) {
+  EXPECT_TRUE(files.exists(folder + "COM5"));
+  EXPECT_FALSE(files.exists(folder + "COMMEDIA.QVD"));
+}
+
+TEST_F(WindowsDiskFiles, WhatIsMissingIsAFaultThatNamesIt) {
+  const auto [fault, message] = faultOf([&] { static_cast<void>(files.openForReading(folder + "missing.val")); });
+  EXPECT_EQ(fault, Fault::input);
+  EXPECT_THAT(message, HasSubstr(folder + "missing.val"));
+  EXPECT_EQ(faultOf([&] { static_cast<void>(files.create(folder + "nowhere\\a")); }).first, Fault::output);
+  EXPECT_EQ(faultOf([&] { files.remove(folder + "missing.val"); }).first, Fault::output);
+}
+
+TEST_F(WindowsDiskFiles, RenamingMovesAndNeverReplaces) {
+  files.create(folder + "a")->write("new");
+  files.rename(folder + "a", folder + "b");
+  EXPECT_FALSE(files.exists(folder + "a"));
+  files.create(folder + "c")->write("precious");
+  EXPECT_EQ(faultOf([&] { files.rename(folder + "b", folder + "c"); }).first, Fault::output);
+  EXPECT_EQ(read(folder + "b"), "new");
+  EXPECT_EQ(read(folder + "c"), "precious");
+}
+
+TEST_F(WindowsDiskFiles, ListsFilesByTheirEndingInAnyCaseSorted) {
+  for (const char* name : {"b.QVD", "a.qvd", "c.txt", "QVD"}) files.create(folder + name)->write("");
+  std::filesystem::create_directory(folder + "folder.QVD");
+  EXPECT_THAT(files.list(folder, ".QVD"), ElementsAre("a.qvd", "b.QVD"));
+  EXPECT_THAT(files.list(folder + "nowhere\\", ".QVD"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace korvinel::platform
