@@ -43,7 +43,9 @@ void moveOnScreen(QDialog& dialog, ScreenPosition position) {
 }
 
 void prepare(QFileDialog& dialog) {
+#ifndef Q_OS_WIN  // whose own dialog every user knows; elsewhere the toolkit's, the same on every desktop
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+#endif
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setLabelText(QFileDialog::LookIn, "Cerca in:");
   dialog.setLabelText(QFileDialog::FileName, "Nome file:");
