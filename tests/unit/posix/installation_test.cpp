@@ -17,6 +17,12 @@ std::vector<std::string> namesIn(const std::string& folder) {
   return names;
 }
 
+std::string bytesOf(InputFile& file) {
+  std::string bytes;
+  while (!file.atEnd()) bytes += static_cast<char>(file.take());
+  return bytes;
+}
+
 TEST(Installation, PutsARootThatStartUpCanRead) {
   const TemporaryFolder folder;
   const std::string data = folder / "share/korvinel";
@@ -28,6 +34,16 @@ TEST(Installation, PutsARootThatStartUpCanRead) {
   for (int i = 1; i <= 128; ++i) EXPECT_EQ(factors[i], 1.0F);
   EXPECT_TRUE(std::filesystem::is_directory(data + "/drive_c/QUARVEL5/DATAFILE"));
   EXPECT_THAT(namesIn(data + "/drive_c"), testing::ElementsAre("QUARVEL5"));
+}
+
+TEST(Installation, PutsTheFilesThatTheInstallerForWindowsPuts) {
+  const TemporaryFolder folder;
+  DiskFiles files(folder.path());
+  installRootWhenAbsent(files, folder.path());
+  DiskFiles host(folder.path());  // any path but drive C is the host's own
+  const std::string defaults = KORVINEL_SOURCE_DIR "/packaging/windows/installer/defaults/";
+  for (const std::string name : {"Instal8s.val", "Factors.val"})
+    EXPECT_EQ(bytesOf(*files.openForReading("C:\\QUARVEL5\\" + name)), bytesOf(*host.openForReading(defaults + name)));
 }
 
 TEST(Installation, LeavesARootThatIsThereAsItIs) {
