@@ -11,6 +11,11 @@ start_windows() {
   wine wineboot -i >/dev/null 2>&1
   # Never COM1: wine gives it to the machine's first serial port, often its console.
   wine reg add 'HKLM\Software\Wine\Ports' /v COM5 /t REG_SZ /d "$1" /f >/dev/null 2>&1
+  # The fonts of Windows are not there; without this wine takes the first one that it finds.
+  local font
+  for font in 'Segoe UI' 'Tahoma' 'MS Shell Dlg' 'MS Shell Dlg 2' 'MS Sans Serif'; do
+    wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$font" /t REG_SZ /d 'DejaVu Sans' /f >/dev/null 2>&1
+  done
   wineserver -k -w >/dev/null 2>&1 || true
   wineserver -p600 >/dev/null 2>&1
 }
