@@ -41,7 +41,7 @@ void speakItalian() {
 /// Latin letters one by one: joined, this font sets "1024x768" with a multiplication sign.
 QFont calmLetters() {
   constexpr int pointSize = 10;
-  QFont letters(QStringList{"Inter", "DejaVu Sans"}, pointSize);
+  QFont letters(QStringList{"Inter", "Segoe UI", "DejaVu Sans"}, pointSize);
   letters.setStyleStrategy(QFont::PreferNoShaping);
   return letters;
 }
