@@ -51,6 +51,7 @@ class WineProgram:
     def __init__(self, desktop, path):
         self.process = desktop.start(['wine', path])
         self.main = self.window(TITLE, 60)
+        driver.wait(self.has_keyboard, 15, 'the keyboard')
         rects = plan('display/window_geometry.h')
         x, y, width, height = rects['buttonRow']
         each = (width + 8) // len(BUTTONS) - 8
@@ -80,7 +81,12 @@ class WineProgram:
                      round((y + height / 2) * int(true['HEIGHT']) / size[1]))
         driver.mouse('click', 1)
 
+    def has_keyboard(self):
+        active = subprocess.run(['xdotool', 'getactivewindow'], capture_output=True, check=False).stdout.strip()
+        return active == str(self.main).encode()
+
     def type(self, text):
+        time.sleep(0.5)  # wine hands the keyboard on in its own time, and no look from outside tells when
         driver.mouse('type', '--delay', '50', text)
 
     def answer(self, title):
