@@ -6,8 +6,9 @@
 /// Where the program's own paths and ports lie on this machine; each system has its own `host_paths.cpp`.
 namespace korvinel::platform {
 
-/// Where the program's own data lives: `korvinel` in the user's data folder ($XDG_DATA_HOME, else ~/.local/share). Holds
-/// `drive_c`, the program's drive C, and `ports`, the links to the serial devices. "" on Windows, which has both itself.
+/// Where the program's own data lives: `korvinel` in the user's data folder ($XDG_DATA_HOME, else ~/.local/share).
+/// Holds `drive_c`, the program's drive C, and `ports`, the links to the serial devices. "" on Windows, which has both
+/// itself.
 [[nodiscard]] std::string userDataFolder();
 
 /// The host's path of a path in the program's notation: "C:\QUARVEL5\X" lies in `drive_c` of the data folder. Any other

@@ -7,8 +7,8 @@
 
 #include "campaign.h"
 #include "dying_files.h"
-#include "platform/posix/disk_files.h"
 #include "platform/host_paths.h"
+#include "platform/posix/disk_files.h"
 #include "recorded_examination.h"
 #include "recording/channel_record.h"
 #include "unit/posix/temporary_folder.h"

@@ -7,8 +7,8 @@
 #include "app/wiring.h"
 #include "app/wiring_report.h"
 #include "frame/configuration.h"
-#include "platform/host_paths.h"
 #include "platform/disk/installation.h"
+#include "platform/host_paths.h"
 #include "recording/host_files.h"
 #include "recording/tool_error.h"
 
