@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <limits>
 
 #include "campaign.h"
@@ -150,6 +151,30 @@ void expectThatTheNextRecordingSparesIt(const std::string& folder) {
   EXPECT_EQ(examination.host.dialogs.shown.front().text.starts_with("Una registrazione precedente"), leftOver);
 }
 
+/// The blocks of a data file's bytes, "" where it is none: behind the header and its notes.
+std::string blocksOf(const std::string& file) {
+  const std::size_t whole = file.size() / blockBytes * blockBytes;
+  return whole == 0 ? "" : file.substr(file.size() - whole);
+}
+
+/// `korvinel-recording recover` makes a data file of the temporary file whose blocks are the whole ones, byte for byte.
+void expectThatItCanBeRecovered(const std::string& folder) {
+#ifdef KORVINEL_RECORDING_PROGRAM
+  const std::string temporary = folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.XXX";
+  const std::string content = contentOf(temporary);
+  const std::size_t header = content.find('\n') + 1;
+  if (header == 0 || content.size() < header + blockBytes) return;
+  const std::size_t whole = (content.size() - header) / blockBytes * blockBytes;
+  const std::string recovered = folder + "/recovered.QVD";
+  const std::string command =
+      std::string(KORVINEL_RECORDING_PROGRAM) + " recover '" + temporary + "' -o '" + recovered + "' 2>/dev/null";
+  EXPECT_EQ(std::system(command.c_str()), 0) << command;
+  EXPECT_EQ(blocksOf(contentOf(recovered)), content.substr(header, whole));
+#else
+  (void)folder;
+#endif
+}
+
 int stepsInAll() {
   const platform::TemporaryFolder folder;
   return recordInAChild(folder.path(), std::numeric_limits<int>::max(), Death::ofTheProgram).steps;
@@ -182,6 +207,7 @@ struct Deaths {
           << "recording " << i + 1 << " of " << blocks.size() << " blocks, died at step " << step;
       witnessed += static_cast<int>(blocks.size());
     }
+    expectThatItCanBeRecovered(folder.path());
     expectThatTheNextRecordingSparesIt(folder.path());
   }
 };
