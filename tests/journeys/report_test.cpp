@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "golden_reference.h"
+#include "head_blocks.h"
 #include "headless_report.h"
-#include "instrument/frame_source.h"
 
 /// Whole examinations of simulated heads, from the first block to the comments.
 namespace korvinel {
@@ -20,15 +20,6 @@ struct ReportJourney : testing::Test {
     program.window.Stopd1.press();
     program.host.time.runUntil([&] { return program.state.intervalSelectable == 1; });
     program.window.Analisi.press();
-  }
-
-  static std::string blockOf(instrument::FrameSource& source) {
-    std::string block;
-    for (int i = 0; i < 256; ++i) {
-      const instrument::Frame frame = source.nextFrame().value();
-      for (const std::uint8_t sample : frame) block += static_cast<char>(sample);
-    }
-    return block;
   }
 
   HeadlessReport program;

@@ -7,9 +7,10 @@
 #include <set>
 
 #include "campaign.h"
+#include "head_blocks.h"
 #include "headless_report.h"
-#include "instrument/frame_source.h"
 #include "recording/data_paths.h"
+#include "recordings.h"
 
 /// A user who presses, types, drags and answers at random, in whatever state the program is. After every act the
 /// program's state has to make sense; now and then Stop and End have to work.
@@ -18,15 +19,6 @@ namespace {
 
 using campaign::Dice;
 using platform::Choice;
-
-std::string blockOf(instrument::FrameSource& source) {
-  std::string block;
-  for (int i = 0; i < 256; ++i) {
-    const instrument::Frame frame = source.nextFrame().value();
-    for (const std::uint8_t sample : frame) block += static_cast<char>(sample);
-  }
-  return block;
-}
 
 /// Blocks of all kinds of heads, and some that no head makes.
 std::vector<std::string> variedBlocks() {
@@ -41,10 +33,8 @@ std::vector<std::string> variedBlocks() {
 }
 
 std::string wholeFile(int blocks, const std::string& version = "V3", int notes = 1) {
-  std::string file = "\"Rossi\",\"21/11/2026 " + version + "\",\"4canali\"," + std::to_string(notes) + "\r\n";
-  for (int note = 1; note <= notes; ++note) file += std::to_string(note) + ",\"nota\"\r\n";
-  for (int record = 0; record < 4 * blocks; ++record)
-    file += std::string(256, static_cast<char>(100 + record % 50)) + "-\r\n";
+  std::string file = recordings::header(recordings::Notes(static_cast<std::size_t>(notes), {1, "nota"}), version);
+  for (int block = 1; block <= blocks; ++block) file += recordings::block(recordings::levelOf(block));
   return file;
 }
 

@@ -4,7 +4,7 @@
 
 #include "app/wiring.h"
 #include "frame/main_state.h"
-#include "instrument/frame_source.h"
+#include "head_blocks.h"
 #include "platform/headless/headless_platform.h"
 #include "recordings.h"
 
@@ -42,15 +42,6 @@ class RecordedExamination {
   void acquire(int blocks) {
     const int target = state.blockCount + blocks;
     host.time.runUntil([&] { return state.blockCount >= target && host.pauseTimer.enabled(); }, 60);
-  }
-
-  static std::string blockOf(instrument::FrameSource& source) {
-    std::string block;
-    for (int i = 0; i < 256; ++i) {
-      const instrument::Frame frame = source.nextFrame().value();
-      for (const std::uint8_t sample : frame) block += static_cast<char>(sample);
-    }
-    return block;
   }
 
   platform::HeadlessPlatform host;
