@@ -118,7 +118,7 @@ void replayOpenFile(MainState& state) {
   } catch (const RuntimeError& fault) {
     rewind(state);
     const std::string place = "La lettura si e' fermata al blocco " + std::to_string(state.blockCount);
-    state.blockCount -= 1;  // the last block that could be shown: the display goes on with that one
+    if (state.blockCount > 0) state.blockCount -= 1;  // the display goes on with the last block that could be shown
     throw RuntimeError(fault.fault, place + ".\r" + fault.what());
   }
   actOnRequests(state);
