@@ -135,6 +135,43 @@ TEST(Disk, AFileOfTheSameNameThatAppearsMeanwhileIsKeptInFront) {
   EXPECT_EQ(files.content[dataFile], "somebody's" + whole.data);
 }
 
+/// A disk that, once it is worn, gives the first bytes of a file and then errors.
+struct WornFiles : MemoryFiles {
+  struct Input : platform::InputFile {
+    explicit Input(std::unique_ptr<platform::InputFile> whole) : file(std::move(whole)) {}
+    int peek() override { return good(), file->peek(); }
+    int take() override { return good(), file->take(); }
+    [[nodiscard]] std::int64_t position() const override { return file->position(); }
+    void good() const {
+      if (file->position() > 100) throw RuntimeError(Fault::input, "Impossibile leggere");
+    }
+    std::unique_ptr<platform::InputFile> file;
+  };
+
+  std::unique_ptr<platform::InputFile> openForReading(const std::string& path) override {
+    auto file = MemoryFiles::openForReading(path);
+    if (!worn) return file;
+    return std::make_unique<Input>(std::move(file));
+  }
+  bool worn = false;
+};
+
+TEST(Disk, ThatCannotBeReadAnyMoreEndsAReplayBeforeItsFirstBlock) {
+  WornFiles files;
+  writeSettings(files);
+  RecordedExamination examination(files);
+  files.content[dataFile] = recordings::file(10);
+  examination.host.dialogs.files.push_back(dataFile);
+  examination.window.Openx.press();
+  files.worn = true;
+  examination.window.Slider1.moveTo(4);
+  examination.window.Displayx.press();
+  ASSERT_EQ(examination.host.faults.size(), 1U);
+  EXPECT_EQ(examination.state.blockCount, 0);
+  examination.window.HScroll1.moveTo(100);  // redraws the block on show
+  EXPECT_EQ(examination.host.faults.size(), 1U);
+}
+
 /// On a real disk that takes no file beyond `limit` bytes; returns in the child's exit code whether all is well.
 void recordUnderALimit(const std::string& folder, rlim_t limit, const Undisturbed& whole) {
   platform::DiskFiles files(folder);
