@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -14,7 +15,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
+#include <QWindow>
 #include <functional>
+#include <memory>
+#include <vector>
 
 namespace korvinel::platform {
 namespace {
@@ -34,6 +39,9 @@ struct QtDialogsTest : testing::Test {
       if (box == nullptr || !box->isVisible()) return;
       user.stop();
       action(*box);
+      if (!box->isVisible()) return;
+      ADD_FAILURE() << "nobody has answered the box";
+      box->reject();
     });
   }
 
@@ -149,9 +157,95 @@ TEST_F(QtDialogsTest, AChosenFileComesInTheProgramsNotation) {
   EXPECT_EQ(startFolder, folder.path());
 }
 
+/// The cells of the dialog's list of files, as a screen reader reads them.
+std::vector<QAccessibleInterface*> cellsOf(QDialog& box) {
+  QAccessibleInterface* list = QAccessible::queryAccessibleInterface(box.findChild<QTreeView*>());
+  std::vector<QAccessibleInterface*> cells;
+  for (int i = 0; i < list->childCount(); ++i) cells.push_back(list->child(i));
+  return cells;
+}
+
+QStringList namesOf(const std::vector<QAccessibleInterface*>& cells) {
+  QStringList names;
+  for (const QAccessibleInterface* cell : cells) names << cell->text(QAccessible::Name);
+  return names;
+}
+
+void makeFile(const QString& path) {
+  QFile file(path);
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+}
+
+TEST_F(QtDialogsTest, AScreenReaderFindsTheFilesByNameAndChoosesOne) {
+  makeFile(folder.filePath("a.QVD"));
+  makeFile(folder.filePath("b.QVD"));
+  QStringList names;
+  act([&](QDialog& box) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return namesOf(cellsOf(box)).contains("b.QVD"); }));
+    const auto cells = cellsOf(box);
+    names = namesOf(cells);
+    QAccessibleInterface* chosen = cells[static_cast<std::size_t>(names.indexOf("b.QVD"))];
+    EXPECT_EQ(chosen->role(), QAccessible::ListItem);
+    EXPECT_FALSE(chosen->state().selected);
+    EXPECT_EQ(chosen->parent()->childAt(chosen->rect().center().x(), chosen->rect().center().y()), chosen);
+    EXPECT_EQ(chosen->parent()->indexOfChild(chosen), names.indexOf("b.QVD"));
+    chosen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(chosen->state().selected);
+    EXPECT_EQ(chosen->parent()->focusChild(), chosen);
+    press(box, "Apri");
+  });
+  EXPECT_EQ(dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|"), "program:" + folder.filePath("b.QVD").toStdString());
+  EXPECT_LT(names.indexOf("a.QVD"), names.indexOf("b.QVD"));
+}
+
+TEST_F(QtDialogsTest, WhatAScreenReaderLearnedOfTheFilesGoesWithTheDialog) {
+  makeFile(folder.filePath("a.QVD"));
+  std::vector<QAccessible::Id> ids;
+  act([&](QDialog& box) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return namesOf(cellsOf(box)).contains("a.QVD"); }));
+    for (int again = 0; again < 2; ++again)
+      for (QAccessibleInterface* cell : cellsOf(box)) ids.push_back(QAccessible::uniqueId(cell));
+    press(box, "Annulla");
+  });
+  dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|");
+  ASSERT_FALSE(ids.empty());
+  for (const QAccessible::Id id : ids) EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
+}
+
+TEST_F(QtDialogsTest, AFileThatGoesLeavesItsCellWithoutAName) {
+  makeFile(folder.filePath("a.QVD"));
+  act([&](QDialog& box) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return namesOf(cellsOf(box)).contains("a.QVD"); }));
+    const auto cells = cellsOf(box);
+    QAccessibleInterface* cell = cells[static_cast<std::size_t>(namesOf(cells).indexOf("a.QVD"))];
+    EXPECT_TRUE(QFile::remove(folder.filePath("a.QVD")));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !cell->isValid(); }));
+    EXPECT_EQ(cell->text(QAccessible::Name), "");
+    EXPECT_TRUE(cell->rect().isEmpty());
+    press(box, "Annulla");
+  });
+  dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|");
+}
+
 TEST_F(QtDialogsTest, NoFileIsNothing) {
   act([](QDialog& box) { press(box, "Annulla"); });
   EXPECT_EQ(dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|"), "");
+}
+
+TEST_F(QtDialogsTest, ABoxStandsOverTheActiveWindowAndOutlivesIt) {
+  auto window = std::make_unique<QWidget>();
+  window->show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  bool over = false, still = false;
+  act([&](QDialog& box) {
+    over = box.windowHandle()->transientParent() == window->windowHandle();
+    window.reset();
+    still = box.isVisible();
+    press(box, "Cancel");
+  });
+  EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::cancel);
+  EXPECT_TRUE(over);
+  EXPECT_TRUE(still);
 }
 
 TEST_F(QtDialogsTest, ABoxThatOutlivesTheProgramEndsItsOperation) {

@@ -1,5 +1,6 @@
 #include "platform/qt/qt_dialogs.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -8,13 +9,25 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QTreeView>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/file_list_access.h"
 #include "platform/qt/qt_text.h"
 
 namespace korvinel::platform {
 namespace {
+
+/// Over the active window, but not its child: a window that closes would take the box with it, and the box's operation
+/// still waits for an answer.
+void placeOverActiveWindow(QDialog& dialog) {
+  const QWidget* window = QApplication::activeWindow();
+  if (window == nullptr) return;
+  dialog.setScreen(window->screen());
+  dialog.winId();  // makes the system's window, which has the one that it belongs to
+  dialog.windowHandle()->setTransientParent(window->windowHandle());
+}
 
 void prepare(QMessageBox& box, const std::string& text, const std::string& title) {
   box.setWindowTitle(toQt(title));
@@ -22,6 +35,7 @@ void prepare(QMessageBox& box, const std::string& text, const std::string& title
   box.setText(toQt(text));
   // Not the desktop's own words: the texts speak of "OK" and "Cancel".
   box.addButton("OK", QMessageBox::AcceptRole)->setDefault(true);
+  placeOverActiveWindow(box);
 }
 
 QPoint pixels(ScreenPosition position, const QScreen& screen) {
@@ -56,6 +70,7 @@ void prepare(QFileDialog& dialog) {
   dialog.resize(roomForAllColumns);
   for (auto* list : dialog.findChildren<QTreeView*>())
     list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  placeOverActiveWindow(dialog);
 }
 
 }  // namespace
@@ -79,14 +94,14 @@ int QtDialogs::show(QDialog& dialog) const {
 }
 
 void QtDialogs::notice(const std::string& text) {
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box;
   prepare(box, text, "Korvinel");
   box.setIcon(QMessageBox::Information);
   show(box);
 }
 
 Choice QtDialogs::ask(const std::string& text, const std::string& title) {
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box;
   prepare(box, text, title);
   box.setIcon(QMessageBox::Question);
   QAbstractButton* cancel = box.addButton("Cancel", QMessageBox::RejectRole);
@@ -96,17 +111,19 @@ Choice QtDialogs::ask(const std::string& text, const std::string& title) {
 }
 
 std::string QtDialogs::input(const std::string& prompt, const std::string& title, ScreenPosition position) {
-  QInputDialog dialog(QApplication::activeWindow());
+  QInputDialog dialog;
   dialog.setWindowTitle(toQt(title));
   dialog.setLabelText(toQt(prompt));
   dialog.setOkButtonText("OK");
   dialog.setCancelButtonText("Cancel");
+  placeOverActiveWindow(dialog);
   moveOnScreen(dialog, position);
   return show(dialog) == QDialog::Accepted ? dialog.textValue().toStdString() : "";
 }
 
 std::string QtDialogs::chooseFile(const std::string& directory, const std::string& filter) {
-  QFileDialog dialog(QApplication::activeWindow(), "Apri");
+  QAccessible::installFactory(fileListAccess);  // before anybody asks about the dialog
+  QFileDialog dialog(nullptr, "Apri");
   prepare(dialog);
   dialog.setDirectory(QString::fromStdString(paths_.toHost(directory)));
   dialog.setNameFilters(QString::fromStdString(toolkitFilter(filter)).split(";;"));
