@@ -116,9 +116,13 @@ def still_works(hands):
                     raise
             time.sleep(0.3)
     if hands.program.process.poll() is None:
+        print('the program did not end when it was asked to')
         print('\n'.join(hands.program.tree()))
         hands.desktop.screenshot('random-hands-stuck')
-    return hands.program.process.poll() == 0
+    code = hands.program.process.poll()
+    if code:
+        print('the program ended with %d when it was asked to end' % code)
+    return code == 0
 
 
 def main():
