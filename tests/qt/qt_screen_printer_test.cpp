@@ -15,6 +15,7 @@
 #include <QWidget>
 
 #include "platform/headless/scripted_dialogs.h"
+#include "platform/qt/focus_ring.h"
 
 namespace korvinel::platform {
 namespace {
@@ -118,10 +119,30 @@ struct Shown {
 TEST_F(QtScreenPrinterTest, ADialogIsNeverThePicture) {
   QWidget window;
   ASSERT_TRUE(Shown(window, Qt::red).active);
-  QDialog dialog(&window);
-  ASSERT_TRUE(Shown(dialog, Qt::blue).active);
+  for (QWidget* parent : {&window, static_cast<QWidget*>(nullptr)}) {
+    QDialog dialog(parent);
+    ASSERT_TRUE(Shown(dialog, Qt::blue).active);
+    printer.emptyClipboard();
+    printer.pressPrintScreen(1);
+    EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(255, 0, 0));
+  }
+}
+
+TEST_F(QtScreenPrinterTest, ThePictureHasNoFocusRing) {
+  QWidget window;
+  ASSERT_TRUE(Shown(window, Qt::red).active);
   printer.pressPrintScreen(1);
-  EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(255, 0, 0));
+  const QImage without = QApplication::clipboard()->image();
+  FocusRing ring(&window, 4);
+  QWidget focused(&window);
+  focused.setGeometry(30, 20, 60, 40);
+  focused.show();
+  focused.setFocus();
+  ASSERT_TRUE(ring.isVisible());
+  printer.pressPrintScreen(1);
+  EXPECT_EQ(QApplication::clipboard()->image(), without);
+  EXPECT_TRUE(ring.isVisible());
+  EXPECT_NE(window.grab().toImage(), without);
 }
 
 TEST_F(QtScreenPrinterTest, APictureFromElsewhereIsPrintedAsItIs) {

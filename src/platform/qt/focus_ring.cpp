@@ -25,10 +25,15 @@ FocusRing::FocusRing(QWidget* ground, int distance) : QWidget(ground), distance_
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { moveTo(now); });
 }
 
+void FocusRing::setShown(bool shown) {
+  shown_ = shown;
+  setVisible(shown_ && focused_ != nullptr);
+}
+
 void FocusRing::moveTo(QWidget* focused) {
   if (focused_) focused_->removeEventFilter(this);
   focused_ = focused != nullptr && parentWidget()->isAncestorOf(focused) ? focused : nullptr;
-  setVisible(focused_ != nullptr);
+  setVisible(shown_ && focused_ != nullptr);
   if (!focused_) return;
   focused_->installEventFilter(this);
   surround();

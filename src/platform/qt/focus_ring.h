@@ -11,6 +11,8 @@ class FocusRing : public QWidget {
  public:
   /// `distance`: pixels between the ring and what it surrounds.
   explicit FocusRing(QWidget* ground, int distance = 0);
+  /// Whether the ring shows where the keyboard is; it does from the beginning.
+  void setShown(bool shown);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -21,6 +23,7 @@ class FocusRing : public QWidget {
   void surround();
 
   int distance_;
+  bool shown_ = true;
   QPointer<QWidget> focused_;
 };
 

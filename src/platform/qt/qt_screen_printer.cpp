@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/focus_ring.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {
@@ -31,6 +32,12 @@ QWidget* windowToPrint() {
     if (window->isVisible() && withoutDialogs(window) == window)
       if (top == nullptr || window->parentWidget() != nullptr) top = window;
   return top;
+}
+
+/// A page has no keyboard.
+void showFocusRings(const QWidget& window, bool shown) {
+  for (QWidget* child : window.findChildren<QWidget*>())
+    if (auto* ring = dynamic_cast<FocusRing*>(child)) ring->setShown(shown);
 }
 
 /// The window with its letters and lines as fine as paper shows them.
@@ -71,8 +78,10 @@ void QtScreenPrinter::emptyClipboard() {
 void QtScreenPrinter::pressPrintScreen(int) {
   QWidget* window = windowToPrint();
   if (window == nullptr) return;
+  showFocusRings(*window, false);
   captured_ = window->grab().toImage();
   sharp_ = paintedForPaper(*window);
+  showFocusRings(*window, true);
   QApplication::clipboard()->setImage(captured_);
 }
 
