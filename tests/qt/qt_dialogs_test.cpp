@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -222,6 +223,20 @@ TEST_F(QtDialogsTest, AFileThatGoesLeavesItsCellWithoutAName) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !cell->isValid(); }));
     EXPECT_EQ(cell->text(QAccessible::Name), "");
     EXPECT_TRUE(cell->rect().isEmpty());
+    press(box, "Annulla");
+  });
+  dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|");
+}
+
+TEST_F(QtDialogsTest, ARecordingIsNeitherRenamedNorDeletedWhereOneIsOpened) {
+  makeFile(folder.filePath("a.QVD"));
+  act([&](QDialog& box) {
+    EXPECT_TRUE(QTest::qWaitFor([&] { return namesOf(cellsOf(box)).contains("a.QVD"); }));
+    auto* list = box.findChild<QTreeView*>();
+    list->setCurrentIndex(list->indexAt(QPoint(5, 5)));
+    EXPECT_EQ(list->currentIndex().data().toString(), "a.QVD");
+    EXPECT_FALSE(list->currentIndex().flags().testFlag(Qt::ItemIsEditable));
+    EXPECT_TRUE(box.findChild<QFileSystemModel*>()->isReadOnly());
     press(box, "Annulla");
   });
   dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|");

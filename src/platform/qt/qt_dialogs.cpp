@@ -60,6 +60,7 @@ void prepare(QFileDialog& dialog) {
 #ifndef Q_OS_WIN  // whose own dialog every user knows; elsewhere the toolkit's, the same on every desktop
   dialog.setOption(QFileDialog::DontUseNativeDialog);
 #endif
+  dialog.setOption(QFileDialog::ReadOnly);  // a slip in it must not rename or delete a recording
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setLabelText(QFileDialog::LookIn, "Cerca in:");
   dialog.setLabelText(QFileDialog::FileName, "Nome file:");
