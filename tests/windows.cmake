@@ -7,12 +7,8 @@ if(NOT TARGET GTest::gtest_main)
   add_library(GTest::gmock ALIAS gmock)
 endif()
 
-# Headers only; a folder of its own, for beside it lie the building system's own headers.
-set(jsonHeaders ${CMAKE_BINARY_DIR}/json-headers)
-file(MAKE_DIRECTORY ${jsonHeaders})
-file(CREATE_LINK /usr/include/nlohmann ${jsonHeaders}/nlohmann SYMBOLIC)
-add_library(nlohmann_json::nlohmann_json INTERFACE IMPORTED)
-target_include_directories(nlohmann_json::nlohmann_json INTERFACE ${jsonHeaders})
+include(${PROJECT_SOURCE_DIR}/packaging/windows/headers.cmake)
+korvinel_headers(nlohmann_json::nlohmann_json nlohmann)
 
 # Tests of the other system, of the simulated instrument's program (it has a pseudo-terminal), and against a library that there is
 # no Windows package of.

@@ -40,4 +40,8 @@ struct Files {
   [[nodiscard]] virtual std::vector<std::string> list(const std::string& folder, const std::string& ending) = 0;
 };
 
+/// The files of this machine's disk; each system has its own. `dataFolder`: where the program's drive C lies, "" where
+/// no path is to be mapped.
+[[nodiscard]] std::unique_ptr<Files> hostFiles(const std::string& dataFolder);
+
 }  // namespace korvinel::platform

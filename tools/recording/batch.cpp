@@ -24,7 +24,7 @@ void addFolder(const fs::path& folder, std::set<std::string>& found) {
   for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
     std::error_code ignored;
     if (entry->is_regular_file(ignored) && upperCase(entry->path().extension().string()) == ".QVD")
-      found.insert(entry->path().string());
+      found.insert(entry->path().generic_string());
   }
   if (error) throw ToolError(folder.string(), "cannot be listed: " + error.message());
 }
@@ -94,7 +94,7 @@ std::vector<std::string> recordingsIn(const std::vector<std::string>& places) {
     if (fs::is_directory(place))
       addFolder(place, found);
     else
-      found.insert(place);
+      found.insert(fs::path(place).generic_string());
   }
   return {found.begin(), found.end()};
 }

@@ -4,7 +4,6 @@
 #include <functional>
 #include <sstream>
 
-#include "platform/posix/disk_files.h"
 #include "recording/host_files.h"
 #include "recording/json_text.h"
 #include "recording/tool_error.h"
@@ -44,12 +43,12 @@ BatchJournal::BatchJournal(const BatchOptions& options) : path_(absolutePath(opt
   if (exists && !options.resume && !options.force)
     throw ToolError(options.output + ".part",
                     "is left of an interrupted run; --resume continues it, --force begins anew");
-  platform::DiskFiles disk("");
+  const auto disk = platform::hostFiles("");
   if (exists && options.resume)
     readRows(signature);
   else
-    disk.create(path_)->write(signature);
-  file_ = disk.openForAppending(path_);
+    disk->create(path_)->write(signature);
+  file_ = disk->openForAppending(path_);
 }
 
 /// A last line that was cut off by the interruption does not count.

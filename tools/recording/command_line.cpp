@@ -1,8 +1,10 @@
 #include "recording/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <thread>
+#include <utility>
 
 #include "recording/analyse_command.h"
 #include "recording/analysis_output.h"
@@ -187,12 +189,13 @@ int refuse(const std::string& what) {
 
 }  // namespace
 
-int runProgram(int count, const char* const* arguments) {
+int runProgram(std::vector<std::string> words) {
   CLI::App program{"Works on Korvinel's recordings (.QVD) without a window.", "korvinel-recording"};
   Written written;
   build(program, written);
   try {
-    program.parse(count, arguments);
+    std::reverse(words.begin(), words.end());  // as the parser takes them
+    program.parse(std::move(words));
     std::cout.flush();
     if (!std::cout) throw ToolError("standard output", "cannot be written");
     return written.exitCode;

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace korvinel::tool {
 
-/// The whole program: reads the command line, runs the subcommand, reports errors on standard error. Returns the exit
-/// code.
-int runProgram(int count, const char* const* arguments);
+/// The whole program: reads the command line, runs the subcommand, reports errors on standard error. `words`: what
+/// follows the program's name, UTF-8. Returns the exit code.
+int runProgram(std::vector<std::string> words);
 
 }  // namespace korvinel::tool

@@ -95,7 +95,8 @@ void writeAnnotations(int file, const std::string& output, const EdfPlan& plan) 
   }
 }
 
-void writeEdf(const std::string& recording, const SafeOutput& output, const EdfPlan& plan) {
+void writeEdf(const std::string& recording, SafeOutput& output, const EdfPlan& plan) {
+  output.handOver();
   const int file = edfopen_file_writeonly(output.temporaryPath().c_str(), EDFLIB_FILETYPE_EDFPLUS, 4);
   if (file < 0) throw ToolError(output.path(), "cannot be written");
   try {

@@ -4,7 +4,6 @@
 #include <iostream>
 #include <syncstream>
 
-#include "platform/posix/disk_files.h"
 #include "recording/tool_error.h"
 #include "values/runtime_error.h"
 
@@ -37,7 +36,7 @@ std::string reasonOf(const std::string& message) {
 std::unique_ptr<platform::InputFile> openInput(const std::string& path) {
   requireOrdinaryFile(path);
   try {
-    return platform::DiskFiles("").openForReading(absolutePath(path));
+    return platform::hostFiles("")->openForReading(absolutePath(path));
   } catch (const RuntimeError& fault) {
     throw ToolError(path, "cannot be read: " + reasonOf(fault.what()));
   }

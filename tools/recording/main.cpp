@@ -1,3 +1,7 @@
+#include "platform/console.h"
 #include "recording/command_line.h"
 
-int main(int count, char** arguments) { return korvinel::tool::runProgram(count, arguments); }
+int main(int count, char** arguments) {
+  const korvinel::platform::Console console;
+  return korvinel::tool::runProgram(korvinel::platform::commandLineWords(count, arguments));
+}

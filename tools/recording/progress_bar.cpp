@@ -1,9 +1,10 @@
 #include "recording/progress_bar.h"
 
-#include <unistd.h>
-
+#include <algorithm>
 #include <cmath>
 #include <iostream>
+
+#include "platform/console.h"
 
 namespace korvinel::tool {
 namespace {
@@ -27,7 +28,7 @@ std::string progressText(int finished, int total, double secondsSoFar) {
   return text;
 }
 
-ProgressBar::ProgressBar(int total) : total_(total), watched_(::isatty(STDERR_FILENO) == 1) {}
+ProgressBar::ProgressBar(int total) : total_(total), watched_(platform::errorsAreWatched()) {}
 
 ProgressBar::~ProgressBar() {
   if (watched_) std::cerr << '\n';
@@ -36,7 +37,10 @@ ProgressBar::~ProgressBar() {
 void ProgressBar::show(int finished) {
   if (!watched_) return;
   const std::chrono::duration<double> soFar = std::chrono::steady_clock::now() - begin_;
-  std::cerr << '\r' << progressText(finished, total_, soFar.count()) << "\x1b[K" << std::flush;
+  std::string text = progressText(finished, total_, soFar.count());
+  longest_ = std::max(longest_, text.size());
+  text.resize(longest_, ' ');  // over what a longer one has left
+  std::cerr << '\r' << text << std::flush;
 }
 
 }  // namespace korvinel::tool

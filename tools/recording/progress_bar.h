@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 
 namespace korvinel::tool {
@@ -18,6 +19,7 @@ class ProgressBar {
  private:
   int total_;
   bool watched_;
+  std::size_t longest_ = 0;
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
 };
 

@@ -1,11 +1,9 @@
 #include "recording/safe_output.h"
 
-#include <unistd.h>
-
-#include <atomic>
 #include <filesystem>
+#include <random>
 
-#include "platform/posix/disk_files.h"
+#include "recording/ascii_form.h"
 #include "recording/host_files.h"
 #include "recording/tool_error.h"
 #include "values/runtime_error.h"
@@ -15,22 +13,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-platform::DiskFiles disk() { return platform::DiskFiles(""); }
+std::unique_ptr<platform::Files> disk() { return platform::hostFiles(""); }
 
 std::string pathBeside(const std::string& path) {
-  static std::atomic<int> number = 0;
+  constexpr std::size_t longestName = 200;
   const fs::path target = absolutePath(path);
-  const std::string name = "." + target.filename().string().substr(0, 200) + "." + std::to_string(getpid()) + "-" +
-                           std::to_string(++number) + ".part";
+  const std::string name = "." + firstPiece(target.filename().string(), longestName) + "." +
+                           std::to_string(std::random_device{}()) + ".part";
   return (target.parent_path() / name).string();
 }
 
 void refuseExisting(const std::string& path, bool force) {
   std::error_code error;
   const fs::file_status status = fs::symlink_status(path, error);
-  if (!fs::exists(status)) return;
+  const bool isDevice = !fs::exists(status) && disk()->exists(absolutePath(path));
+  if (!fs::exists(status) && !isDevice) return;
   if (!force) throw ToolError(path, "exists already; --force replaces it");
-  if (!fs::is_regular_file(fs::status(path, error)))
+  if (isDevice || !fs::is_regular_file(fs::status(path, error)))
     throw ToolError(path, "is no ordinary file and cannot be replaced");
 }
 
@@ -48,7 +47,7 @@ void writing(const std::string& path, Step&& step) {
 SafeOutput::SafeOutput(std::string path, bool force)
     : path_(std::move(path)), temporaryPath_(pathBeside(path_)), force_(force) {
   refuseExisting(path_, force_);
-  writing(path_, [&] { file_ = disk().create(temporaryPath_); });
+  writing(path_, [&] { file_ = disk()->create(temporaryPath_); });
 }
 
 SafeOutput::~SafeOutput() {
@@ -64,10 +63,10 @@ void SafeOutput::write(std::string_view bytes) {
 void SafeOutput::commit() {
   writing(path_, [&] {
     // Opened anew: a library may have put another file in the place of the one that was created.
-    file_ = disk().openForAppending(temporaryPath_);
+    file_ = disk()->openForAppending(temporaryPath_);
     file_->synchronise();
     file_.reset();
-    if (!force_) return disk().rename(temporaryPath_, absolutePath(path_));
+    if (!force_) return disk()->rename(temporaryPath_, absolutePath(path_));
     std::error_code error;
     fs::rename(temporaryPath_, absolutePath(path_), error);
     if (error) throw RuntimeError(Fault::output, error.message());

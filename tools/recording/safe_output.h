@@ -19,10 +19,12 @@ class SafeOutput {
   SafeOutput& operator=(const SafeOutput&) = delete;
 
   [[nodiscard]] const std::string& path() const { return path_; }
-  /// Where the file is written meanwhile, for libraries that open it themselves.
+  /// Where the file is written meanwhile.
   [[nodiscard]] const std::string& temporaryPath() const { return temporaryPath_; }
+  /// Closes the file, for libraries that open it themselves: some systems let nobody write to a file that is open.
+  void handOver() { file_.reset(); }
 
-  void write(std::string_view bytes);  ///< ToolError where not all bytes could be written
+  void write(std::string_view bytes);  ///< ToolError where not all bytes could be written; not after handOver()
   void commit();                       ///< ToolError where the file cannot be put on the disk or renamed
 
  private:

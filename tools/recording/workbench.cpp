@@ -19,11 +19,14 @@ constexpr auto programRoot = "C:\\QUARVEL5";
 constexpr auto settingsPath = "C:\\QUARVEL5\\Instal8s.val";
 constexpr auto calibrationPath = "C:\\QUARVEL5\\Factors.val";
 
-platform::CalendarTime today() {
-  const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, 0, 0, 0};
+/// The day on which the tool was started, asked once: std::localtime is not made for several threads.
+const platform::CalendarTime& today() {
+  static const platform::CalendarTime day = [] {
+    const std::time_t now = std::time(nullptr);
+    const std::tm* local = std::localtime(&now);
+    return platform::CalendarTime{local->tm_year + 1900, local->tm_mon + 1, local->tm_mday, 0, 0, 0};
+  }();
+  return day;
 }
 
 std::string oneLine(std::string text) {
@@ -44,8 +47,8 @@ void requireFactors(const std::string& path, const std::string& bytes) {
 }  // namespace
 
 platform::Files& ToolFiles::at(const std::string& path) {
-  if (path.starts_with(programRoot)) return root;
-  return disk_;
+  if (path.starts_with(programRoot) && path != recording) return root;
+  return *disk_;
 }
 
 std::string calibrationBytes(const std::string& path) {
@@ -77,7 +80,8 @@ Workbench::Workbench(const AnalysisOptions& options)
 
 void Workbench::open(const std::string& path) {
   (void)openInput(path);
-  host_.dialogs.files.push_back(absolutePath(path));
+  files.recording = absolutePath(path);
+  host_.dialogs.files.push_back(files.recording);
   window.Openx.press();
   if (state.intervalSelectable != 1) throw ToolError(path, "cannot be opened: " + oneLine(reasonOf(lastMessage())));
   if (state.fileVersionTag != "V3" && state.fileVersionTag != "V4")

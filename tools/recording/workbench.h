@@ -7,7 +7,6 @@
 
 #include "frame/main_state.h"
 #include "platform/headless/headless_platform.h"
-#include "platform/posix/disk_files.h"
 #include "report/report_state.h"
 
 namespace korvinel::tool {
@@ -17,6 +16,7 @@ namespace korvinel::tool {
 class ToolFiles : public platform::Files {
  public:
   platform::MemoryFiles root;  ///< by full path
+  std::string recording;       ///< this file is the disk's, even where the user keeps it in the program's own folder
 
   [[nodiscard]] std::unique_ptr<platform::InputFile> openForReading(const std::string& path) override {
     return at(path).openForReading(path);
@@ -36,7 +36,7 @@ class ToolFiles : public platform::Files {
 
  private:
   platform::Files& at(const std::string& path);
-  platform::DiskFiles disk_{""};
+  std::unique_ptr<platform::Files> disk_ = platform::hostFiles("");
 };
 
 /// What the user may choose before a recording is analysed.

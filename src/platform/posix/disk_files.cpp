@@ -156,4 +156,6 @@ std::vector<std::string> DiskFiles::list(const std::string& folder, const std::s
   return names;
 }
 
+std::unique_ptr<Files> hostFiles(const std::string& dataFolder) { return std::make_unique<DiskFiles>(dataFolder); }
+
 }  // namespace korvinel::platform

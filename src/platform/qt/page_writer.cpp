@@ -8,7 +8,6 @@
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 #include <algorithm>
 #include <clocale>
 #include <cmath>
@@ -16,6 +15,7 @@
 #include "platform/qt/appearance.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/surface_painter.h"
+#include "platform/qt/svg_page.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {
@@ -30,7 +30,8 @@ void startToolkit() {
     static int count = 1;
     static char name[] = "korvinel";
     static char* arguments[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Without a screen where the toolkit can; where it cannot, on Windows, a program without windows does not need one.
+    qputenv("QT_QPA_PLATFORM", "offscreen;windows");
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});  // remarks for programmers
     static QGuiApplication toolkit(count, arguments);
     std::setlocale(LC_NUMERIC, "C");
@@ -78,13 +79,10 @@ void writePdf(const Page& page, QIODevice& file) {
 }
 
 void writeSvg(const Page& page, QIODevice& file) {
-  const QSize size(static_cast<int>(page.ground->width() * dotsPerUnit), static_cast<int>(page.height * dotsPerUnit));
-  QSvgGenerator generator;
-  generator.setOutputDevice(&file);
-  generator.setTitle(toQt(page.title));
-  generator.setSize(size);
-  generator.setViewBox(QRect(QPoint(0, 0), size));
-  paintOn(generator, page, dotsPerUnit, {0, 0});
+  SvgPage svg(toQt(page.title),
+              {static_cast<int>(page.ground->width() * dotsPerUnit), static_cast<int>(page.height * dotsPerUnit)});
+  paintOn(svg, page, dotsPerUnit, {0, 0});
+  file.write(svg.bytes());
 }
 
 void writePng(const Page& page, QIODevice& file) {
