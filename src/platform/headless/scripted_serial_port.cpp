@@ -1,7 +1,5 @@
 #include "platform/headless/scripted_serial_port.h"
 
-#include <algorithm>
-
 namespace korvinel::platform {
 
 void ScriptedSerialPort::open() {
@@ -22,14 +20,6 @@ void ScriptedSerialPort::discardInput() {
   received_.clear();
 }
 
-std::string ScriptedSerialPort::read() {
-  const std::size_t count =
-      readLength_ == 0 ? received_.size() : std::min(received_.size(), static_cast<std::size_t>(readLength_));
-  std::string bytes = received_.substr(0, count);
-  received_.erase(0, count);
-  return bytes;
-}
-
 void ScriptedSerialPort::write(std::string_view bytes) {
   if (!connected()) {
     open_ = false;
@@ -43,10 +33,7 @@ void ScriptedSerialPort::write(std::string_view bytes) {
 }
 
 void ScriptedSerialPort::deliver(std::string_view bytes) {
-  if (!connected()) return;
-  const std::size_t room =
-      static_cast<std::size_t>(capacity_) - std::min(received_.size(), static_cast<std::size_t>(capacity_));
-  received_ += bytes.substr(0, room);
+  if (connected()) received_.keep(bytes);
 }
 
 void ScriptedSerialPort::unplug() {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/receive_buffer.h"
 #include "platform/serial_port.h"
 
 namespace korvinel::platform {
@@ -13,16 +14,16 @@ class ScriptedSerialPort : public SerialPort {
  public:
   void select(int portNumber) override { selected_ = portNumber; }
   void setSettings(std::string_view settings) override { settings_ = settings; }
-  void setReceiveBuffer(int bytes) override { capacity_ = bytes; }
-  void setReadLength(int bytes) override { readLength_ = bytes; }
+  void setReceiveBuffer(int bytes) override { received_.setCapacity(bytes); }
+  void setReadLength(int bytes) override { received_.setReadLength(bytes); }
   void open() override;
   void close() override;
   [[nodiscard]] bool isOpen() const override { return open_; }
   void raiseRts() override { happened("rts"); }
   void raiseDtr() override { happened("dtr"); }
-  [[nodiscard]] int waiting() override { return static_cast<int>(received_.size()); }
+  [[nodiscard]] int waiting() override { return received_.waiting(); }
   void discardInput() override;
-  [[nodiscard]] std::string read() override;
+  [[nodiscard]] std::string read() override { return received_.read(); }
   void write(std::string_view bytes) override;
 
   /// The other end's part.
@@ -35,19 +36,17 @@ class ScriptedSerialPort : public SerialPort {
   /// In order: "open 2 19200,N,8,1", "rts", "dtr", "discard", "write <decimal bytes>", "close".
   const std::vector<std::string>& history() const { return history_; }
   const std::string& written() const { return written_; }  ///< all bytes since the beginning
-  int readLength() const { return readLength_; }
-  int capacity() const { return capacity_; }
+  int readLength() const { return received_.readLength(); }
+  int capacity() const { return received_.capacity(); }
 
  private:
   void happened(const std::string& event) { history_.push_back(event); }
 
   int selected_ = 0;
   std::string settings_;
-  int capacity_ = 0;
-  int readLength_ = 0;
   bool open_ = false;
   bool unplugged_ = false;
-  std::string received_;
+  ReceiveBuffer received_;
   std::string written_;
   std::vector<std::string> history_;
 };

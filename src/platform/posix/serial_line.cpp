@@ -5,7 +5,6 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cerrno>
@@ -111,7 +110,7 @@ void SerialLine::raise(int modemLine) {
 
 int SerialLine::waiting() {
   takeArrived();
-  return static_cast<int>(received_.size());
+  return received_.waiting();
 }
 
 void SerialLine::discardInput() {
@@ -122,10 +121,7 @@ void SerialLine::discardInput() {
 
 std::string SerialLine::read() {
   takeArrived();
-  const std::size_t count = readLength_ == 0 ? received_.size() : std::min(received_.size(), readLength_);
-  std::string bytes = received_.substr(0, count);
-  received_.erase(0, count);
-  return bytes;
+  return received_.read();
 }
 
 /// Takes over what the system holds. A line that has failed is closed here and is silent from then on.
@@ -134,7 +130,7 @@ void SerialLine::takeArrived() {
   while (isOpen()) {
     const ssize_t count = ::read(device_.get(), chunk.data(), chunk.size());
     if (count > 0) {
-      keep({chunk.data(), static_cast<std::size_t>(count)});
+      received_.keep({chunk.data(), static_cast<std::size_t>(count)});
     } else if (count < 0 && errno == EINTR) {
       continue;
     } else {
@@ -143,11 +139,6 @@ void SerialLine::takeArrived() {
       return;
     }
   }
-}
-
-void SerialLine::keep(std::string_view bytes) {
-  const std::size_t room = capacity_ - std::min(capacity_, received_.size());
-  received_ += bytes.substr(0, room);
 }
 
 bool SerialLine::hungUp() const {

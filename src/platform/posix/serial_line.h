@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/posix/file_descriptor.h"
+#include "platform/receive_buffer.h"
 #include "platform/serial_port.h"
 
 namespace korvinel::platform {
@@ -29,8 +30,8 @@ class SerialLine : public SerialPort {
 
   void select(int portNumber) override { portNumber_ = portNumber; }
   void setSettings(std::string_view settings) override { settings_ = parseLineSettings(settings); }
-  void setReceiveBuffer(int bytes) override { capacity_ = static_cast<std::size_t>(bytes); }
-  void setReadLength(int bytes) override { readLength_ = static_cast<std::size_t>(bytes); }
+  void setReceiveBuffer(int bytes) override { received_.setCapacity(bytes); }
+  void setReadLength(int bytes) override { received_.setReadLength(bytes); }
 
   void open() override;
   void close() override;
@@ -47,7 +48,6 @@ class SerialLine : public SerialPort {
   [[nodiscard]] bool configure() const;
   void raise(int modemLine);
   void takeArrived();
-  void keep(std::string_view bytes);
   [[nodiscard]] bool hungUp() const;
   void waitUntilWritable();
   [[noreturn]] void fail(const std::string& reason);
@@ -55,10 +55,8 @@ class SerialLine : public SerialPort {
   std::function<std::string(int)> devicePath_;
   int portNumber_ = 1;
   LineSettings settings_;
-  std::size_t capacity_ = 1600;
-  std::size_t readLength_ = 0;
   FileDescriptor device_;
-  std::string received_;
+  ReceiveBuffer received_;
 };
 
 }  // namespace korvinel::platform

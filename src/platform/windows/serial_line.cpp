@@ -48,7 +48,7 @@ bool SerialLine::configure() const {
   COMMTIMEOUTS timeouts{MAXDWORD, 0, 0, 0, longestWriteMs};
   DCB state{};
   state.DCBlength = sizeof state;
-  return SetupComm(device_.get(), static_cast<DWORD>(capacity_), sendQueue) != 0 &&
+  return SetupComm(device_.get(), static_cast<DWORD>(received_.capacity()), sendQueue) != 0 &&
          GetCommState(device_.get(), &state) != 0 && lineState(settings_, state) &&
          SetCommState(device_.get(), &state) != 0 && SetCommTimeouts(device_.get(), &timeouts) != 0;
 }
@@ -66,7 +66,7 @@ void SerialLine::raise(DWORD modemLine) {
 
 int SerialLine::waiting() {
   takeArrived();
-  return static_cast<int>(received_.size());
+  return received_.waiting();
 }
 
 void SerialLine::discardInput() {
@@ -77,10 +77,7 @@ void SerialLine::discardInput() {
 
 std::string SerialLine::read() {
   takeArrived();
-  const std::size_t count = readLength_ == 0 ? received_.size() : std::min(received_.size(), readLength_);
-  std::string bytes = received_.substr(0, count);
-  received_.erase(0, count);
-  return bytes;
+  return received_.read();
 }
 
 void SerialLine::takeArrived() {
@@ -102,13 +99,8 @@ bool SerialLine::takePiece() {
     close();
     return false;
   }
-  keep({piece.data(), count});
+  received_.keep({piece.data(), count});
   return count > 0;
-}
-
-void SerialLine::keep(std::string_view bytes) {
-  const std::size_t room = capacity_ - std::min(capacity_, received_.size());
-  received_ += bytes.substr(0, room);
 }
 
 void SerialLine::write(std::string_view bytes) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/receive_buffer.h"
 #include "platform/serial_port.h"
 #include "platform/windows/file_handle.h"
 
@@ -19,8 +20,8 @@ class SerialLine : public SerialPort {
 
   void select(int portNumber) override { portNumber_ = portNumber; }
   void setSettings(std::string_view settings) override;  ///< throws PortFault for settings that no line has
-  void setReceiveBuffer(int bytes) override { capacity_ = static_cast<std::size_t>(bytes); }
-  void setReadLength(int bytes) override { readLength_ = static_cast<std::size_t>(bytes); }
+  void setReceiveBuffer(int bytes) override { received_.setCapacity(bytes); }
+  void setReadLength(int bytes) override { received_.setReadLength(bytes); }
 
   void open() override;
   void close() override;
@@ -38,16 +39,13 @@ class SerialLine : public SerialPort {
   void raise(DWORD modemLine);
   void takeArrived();
   [[nodiscard]] bool takePiece();
-  void keep(std::string_view bytes);
   [[noreturn]] void fail(const std::string& reason);
 
   std::function<std::string(int)> devicePath_;
   int portNumber_ = 1;
   std::string settings_ = "19200,N,8,1";
-  std::size_t capacity_ = 1600;
-  std::size_t readLength_ = 0;
   FileHandle device_;
-  std::string received_;
+  ReceiveBuffer received_;
 };
 
 }  // namespace korvinel::platform
