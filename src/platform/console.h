@@ -1,13 +1,14 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
 /// What a program without a window wants of its terminal; each system has its own `console.cpp`.
 namespace korvinel::platform {
 
-/// While it lives, standard output and standard error carry the very bytes that are written, and a terminal shows them
-/// as UTF-8. The first thing that main() makes.
+/// While it lives, std::cout and std::cerr carry the very bytes that are written, and a terminal shows them as UTF-8.
+/// The first thing that main() makes.
 class Console {
  public:
   Console();
@@ -16,7 +17,8 @@ class Console {
   Console& operator=(const Console&) = delete;
 
  private:
-  [[maybe_unused]] unsigned before_ = 0;  ///< the code page that the terminal showed
+  struct Streams;
+  std::unique_ptr<Streams> streams_;
 };
 
 /// What follows the program's name on the command line, UTF-8. `count`, `arguments`: as main() was given them. Where

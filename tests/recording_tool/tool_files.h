@@ -7,7 +7,7 @@
 #include <iterator>
 #include <string>
 
-#include "unit/posix/temporary_folder.h"
+#include "temporary_folder.h"
 
 namespace korvinel::tool {
 

@@ -12,7 +12,7 @@
 #include "platform/posix/disk_files.h"
 #include "recorded_examination.h"
 #include "recording/channel_record.h"
-#include "unit/posix/temporary_folder.h"
+#include "temporary_folder.h"
 
 /// The program is killed, or the machine loses its power, at any moment of two recordings under one name and their
 /// assembling. A child process records on a real disk and tells what it has accepted; what is left must hold it.

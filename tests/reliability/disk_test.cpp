@@ -7,7 +7,7 @@
 #include "campaign.h"
 #include "platform/posix/disk_files.h"
 #include "recorded_examination.h"
-#include "unit/posix/temporary_folder.h"
+#include "temporary_folder.h"
 
 /// The disk fills up, goes away or refuses, at every moment of a recording: there is a message, what was written is
 /// kept, and the acquisition goes on.

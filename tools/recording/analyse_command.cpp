@@ -7,6 +7,7 @@
 #include "recording/report_page.h"
 #include "recording/safe_output.h"
 #include "recording/tool_error.h"
+#include "recording/utf8_path.h"
 #include "values/code_page.h"
 
 namespace korvinel::tool {
@@ -23,12 +24,12 @@ std::unique_ptr<Workbench> analysed(const std::string& recording, const Analysis
 
 void writeTables(const Workbench& bench, const AnalyseTargets& targets) {
   std::error_code error;
-  fs::create_directories(targets.csvFolder, error);
+  fs::create_directories(pathOf(targets.csvFolder), error);
   if (error) throw ToolError(targets.csvFolder, "cannot be created: " + error.message());
   const auto tables = analysisTables(bench);
-  const auto pathOf = [&](const std::string& name) { return (fs::path(targets.csvFolder) / name).string(); };
-  for (const auto& [name, table] : tables) requireWritable(pathOf(name), "", targets.force);
-  for (const auto& [name, table] : tables) writeWhole(pathOf(name), table, targets.force);
+  const auto placeOf = [&](const std::string& name) { return utf8Of(pathOf(targets.csvFolder) / name); };
+  for (const auto& [name, table] : tables) requireWritable(placeOf(name), "", targets.force);
+  for (const auto& [name, table] : tables) writeWhole(placeOf(name), table, targets.force);
 }
 
 }  // namespace
@@ -53,7 +54,7 @@ void report(const std::string& recording, const AnalysisOptions& options, const 
 }
 
 void exportRecording(const std::string& recording, const std::string& output, const ExportOptions& options) {
-  const std::string ending = upperCase(fs::path(output).extension().string());
+  const std::string ending = upperCase(utf8Of(pathOf(output).extension()));
   if (ending == ".EDF") return exportEdf(recording, output, options);
   if (ending == ".CSV") return exportCsv(recording, output, options);
   throw UsageError(output + ": an export is an .edf or .csv file");

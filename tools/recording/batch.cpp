@@ -11,6 +11,7 @@
 #include "recording/progress_bar.h"
 #include "recording/safe_output.h"
 #include "recording/tool_error.h"
+#include "recording/utf8_path.h"
 #include "values/code_page.h"
 
 namespace korvinel::tool {
@@ -23,10 +24,10 @@ void addFolder(const fs::path& folder, std::set<std::string>& found) {
   fs::recursive_directory_iterator entry(folder, error);
   for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
     std::error_code ignored;
-    if (entry->is_regular_file(ignored) && upperCase(entry->path().extension().string()) == ".QVD")
-      found.insert(entry->path().generic_string());
+    if (entry->is_regular_file(ignored) && upperCase(utf8Of(entry->path().extension())) == ".QVD")
+      found.insert(genericUtf8Of(entry->path()));
   }
-  if (error) throw ToolError(folder.string(), "cannot be listed: " + error.message());
+  if (error) throw ToolError(utf8Of(folder), "cannot be listed: " + error.message());
 }
 
 /// Works off the recordings that have no row yet, each thread with a program of its own.
@@ -90,11 +91,12 @@ std::string tableOf(const std::vector<BatchRow>& rows) {
 std::vector<std::string> recordingsIn(const std::vector<std::string>& places) {
   std::set<std::string> found;
   for (const std::string& place : places) {
-    if (!fs::exists(place)) throw ToolError(place, "does not exist");
-    if (fs::is_directory(place))
-      addFolder(place, found);
+    const fs::path path = pathOf(place);
+    if (!fs::exists(path)) throw ToolError(place, "does not exist");
+    if (fs::is_directory(path))
+      addFolder(path, found);
     else
-      found.insert(fs::path(place).generic_string());
+      found.insert(genericUtf8Of(path));
   }
   return {found.begin(), found.end()};
 }

@@ -7,6 +7,7 @@
 #include "recording/host_files.h"
 #include "recording/json_text.h"
 #include "recording/tool_error.h"
+#include "recording/utf8_path.h"
 
 namespace korvinel::tool {
 namespace {
@@ -30,8 +31,8 @@ std::string signatureOf(const AnalysisOptions& options) {
 /// A recording that was changed meanwhile has another key.
 std::string keyOf(const std::string& recording) {
   std::error_code error;
-  const auto size = fs::file_size(recording, error);
-  const auto time = fs::last_write_time(recording, error);
+  const auto size = fs::file_size(pathOf(recording), error);
+  const auto time = fs::last_write_time(pathOf(recording), error);
   return lineOf({recording, error ? 0 : size, error ? 0 : time.time_since_epoch().count()});
 }
 
@@ -39,7 +40,7 @@ std::string keyOf(const std::string& recording) {
 
 BatchJournal::BatchJournal(const BatchOptions& options) : path_(absolutePath(options.output + ".part")) {
   const std::string signature = signatureOf(options.analysis);
-  const bool exists = fs::exists(path_);
+  const bool exists = fs::exists(pathOf(path_));
   if (exists && !options.resume && !options.force)
     throw ToolError(options.output + ".part",
                     "is left of an interrupted run; --resume continues it, --force begins anew");
@@ -61,7 +62,7 @@ void BatchJournal::readRows(const std::string& signature) {
     if (row.is_array() && row.size() == 3 && row[0].is_string() && row[1].is_string() && row[2].is_boolean())
       rows_[row[0]] = {row[1], row[2]};
   }
-  fs::resize_file(path_, begin);
+  fs::resize_file(pathOf(path_), begin);
 }
 
 const BatchRow* BatchJournal::rowOf(const std::string& recording) const {
@@ -77,7 +78,7 @@ void BatchJournal::add(const std::string& recording, const BatchRow& row) {
 
 void BatchJournal::remove() {
   file_.reset();
-  fs::remove(path_);
+  fs::remove(pathOf(path_));
 }
 
 }  // namespace korvinel::tool

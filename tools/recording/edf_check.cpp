@@ -10,6 +10,7 @@
 #include "recording/host_files.h"
 #include "recording/recording_reader.h"
 #include "recording/tool_error.h"
+#include "recording/utf8_path.h"
 
 namespace korvinel::tool {
 namespace {
@@ -34,7 +35,7 @@ class Checking {
     for (std::size_t i = 0; i < signals; ++i)
       samples += number(header, fixedPart + signals * bytesBeforeSampleCounts + 8 * i, 8);
     std::error_code error;
-    const auto size = std::filesystem::file_size(output_.temporaryPath(), error);
+    const auto size = std::filesystem::file_size(pathOf(output_.temporaryPath()), error);
     require(!error && size == header.size() + 2 * samples * static_cast<unsigned>(plan_.blocks), "its size is wrong");
   }
 

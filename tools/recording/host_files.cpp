@@ -5,6 +5,7 @@
 #include <syncstream>
 
 #include "recording/tool_error.h"
+#include "recording/utf8_path.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::tool {
@@ -14,7 +15,7 @@ namespace fs = std::filesystem;
 
 void requireOrdinaryFile(const std::string& path) {
   std::error_code error;
-  const fs::file_status status = fs::status(path, error);
+  const fs::file_status status = fs::status(pathOf(path), error);
   if (!fs::exists(status))
     throw ToolError(path, "cannot be read: " + (error ? error.message() : "there is no such file"));
   if (!fs::is_regular_file(status)) throw ToolError(path, "cannot be read: it is no ordinary file");
@@ -58,11 +59,11 @@ std::string readAll(const std::string& path, std::int64_t most) {
   return bytes;
 }
 
-std::string absolutePath(const std::string& path) { return fs::absolute(path).lexically_normal().string(); }
+std::string absolutePath(const std::string& path) { return utf8Of(fs::absolute(pathOf(path)).lexically_normal()); }
 
 bool isSameFile(const std::string& first, const std::string& second) {
   std::error_code error;
-  return fs::equivalent(first, second, error) && !error;
+  return fs::equivalent(pathOf(first), pathOf(second), error) && !error;
 }
 
 }  // namespace korvinel::tool

@@ -1,12 +1,12 @@
 #include "recording/report_page.h"
 
-#include <filesystem>
 #include <optional>
 
 #include "platform/qt/page_writer.h"
 #include "recording/analysis_output.h"
 #include "recording/safe_output.h"
 #include "recording/tool_error.h"
+#include "recording/utf8_path.h"
 #include "report/report_geometry.h"
 #include "values/code_page.h"
 
@@ -16,7 +16,7 @@ namespace {
 using platform::PageFormat;
 
 std::optional<PageFormat> formatOf(const std::string& output) {
-  const std::string ending = upperCase(std::filesystem::path(output).extension().string());
+  const std::string ending = upperCase(utf8Of(pathOf(output).extension()));
   if (ending == ".PDF") return PageFormat::pdf;
   if (ending == ".PNG") return PageFormat::png;
   if (ending == ".SVG") return PageFormat::svg;

@@ -6,6 +6,7 @@
 #include "recording/ascii_form.h"
 #include "recording/host_files.h"
 #include "recording/tool_error.h"
+#include "recording/utf8_path.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::tool {
@@ -17,19 +18,19 @@ std::unique_ptr<platform::Files> disk() { return platform::hostFiles(""); }
 
 std::string pathBeside(const std::string& path) {
   constexpr std::size_t longestName = 200;
-  const fs::path target = absolutePath(path);
-  const std::string name = "." + firstPiece(target.filename().string(), longestName) + "." +
-                           std::to_string(std::random_device{}()) + ".part";
-  return (target.parent_path() / name).string();
+  const fs::path target = pathOf(absolutePath(path));
+  const std::string name =
+      "." + firstPiece(utf8Of(target.filename()), longestName) + "." + std::to_string(std::random_device{}()) + ".part";
+  return utf8Of(target.parent_path() / pathOf(name));
 }
 
 void refuseExisting(const std::string& path, bool force) {
   std::error_code error;
-  const fs::file_status status = fs::symlink_status(path, error);
+  const fs::file_status status = fs::symlink_status(pathOf(path), error);
   const bool isDevice = !fs::exists(status) && disk()->exists(absolutePath(path));
   if (!fs::exists(status) && !isDevice) return;
   if (!force) throw ToolError(path, "exists already; --force replaces it");
-  if (isDevice || !fs::is_regular_file(fs::status(path, error)))
+  if (isDevice || !fs::is_regular_file(fs::status(pathOf(path), error)))
     throw ToolError(path, "is no ordinary file and cannot be replaced");
 }
 
@@ -53,7 +54,7 @@ SafeOutput::SafeOutput(std::string path, bool force)
 SafeOutput::~SafeOutput() {
   file_.reset();
   std::error_code ignored;
-  fs::remove(temporaryPath_, ignored);
+  fs::remove(pathOf(temporaryPath_), ignored);
 }
 
 void SafeOutput::write(std::string_view bytes) {
@@ -63,12 +64,13 @@ void SafeOutput::write(std::string_view bytes) {
 void SafeOutput::commit() {
   writing(path_, [&] {
     // Opened anew: a library may have put another file in the place of the one that was created.
+    file_.reset();
     file_ = disk()->openForAppending(temporaryPath_);
     file_->synchronise();
     file_.reset();
     if (!force_) return disk()->rename(temporaryPath_, absolutePath(path_));
     std::error_code error;
-    fs::rename(temporaryPath_, absolutePath(path_), error);
+    fs::rename(pathOf(temporaryPath_), pathOf(absolutePath(path_)), error);
     if (error) throw RuntimeError(Fault::output, error.message());
   });
 }

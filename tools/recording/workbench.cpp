@@ -47,7 +47,7 @@ void requireFactors(const std::string& path, const std::string& bytes) {
 }  // namespace
 
 platform::Files& ToolFiles::at(const std::string& path) {
-  if (path.starts_with(programRoot) && path != recording) return root;
+  if (path.starts_with(programRoot)) return root;
   return *disk_;
 }
 

@@ -16,10 +16,10 @@ namespace korvinel::tool {
 class ToolFiles : public platform::Files {
  public:
   platform::MemoryFiles root;  ///< by full path
-  std::string recording;       ///< this file is the disk's, even where the user keeps it in the program's own folder
+  std::string recording;       ///< is read from the disk, even where the user keeps it in the program's own folder
 
   [[nodiscard]] std::unique_ptr<platform::InputFile> openForReading(const std::string& path) override {
-    return at(path).openForReading(path);
+    return path == recording ? disk_->openForReading(path) : at(path).openForReading(path);
   }
   [[nodiscard]] std::unique_ptr<platform::OutputFile> create(const std::string& path) override {
     return at(path).create(path);

@@ -4,7 +4,8 @@
 
 namespace korvinel::platform {
 
-// Nothing changes bytes here, and letters are the terminal's own affair.
+// Nothing changes bytes here, and what a terminal makes of them is its own affair.
+struct Console::Streams {};
 Console::Console() = default;
 Console::~Console() = default;
 

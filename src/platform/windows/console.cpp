@@ -4,7 +4,8 @@
 #include <io.h>
 #include <windows.h>
 
-#include <cstdio>
+#include <iostream>
+#include <streambuf>
 
 #include "platform/windows/wide_text.h"
 
@@ -13,17 +14,71 @@ extern "C" int __cdecl __wgetmainargs(int* count, wchar_t*** words, wchar_t*** e
                                       int* newMode);
 
 namespace korvinel::platform {
+namespace {
 
-Console::Console() : before_(GetConsoleOutputCP()) {
-  SetConsoleOutputCP(CP_UTF8);
-  _setmode(_fileno(stdout), _O_BINARY);
-  _setmode(_fileno(stderr), _O_BINARY);
+/// Hands text to a terminal in whole letters: the C library would write it byte by byte, which no terminal puts
+/// together again.
+class TerminalText : public std::streambuf {
+ public:
+  explicit TerminalText(HANDLE terminal) : terminal_(terminal) {}
+
+ private:
+  int_type overflow(int_type byte) override {
+    if (traits_type::eq_int_type(byte, traits_type::eof())) return traits_type::not_eof(byte);
+    text_ += traits_type::to_char_type(byte);
+    if (text_.back() == '\n') sync();
+    return byte;
+  }
+
+  int sync() override {
+    const std::size_t whole = wholeLetters(text_);
+    const std::wstring wide = wideFromUtf8(text_.substr(0, whole));
+    text_.erase(0, whole);
+    DWORD written = 0;
+    if (wide.empty()) return 0;
+    return WriteConsoleW(terminal_, wide.data(), static_cast<DWORD>(wide.size()), &written, nullptr) != 0 ? 0 : -1;
+  }
+
+  HANDLE terminal_;
+  std::string text_;
+};
+
+bool isTerminal(HANDLE handle) {
+  DWORD mode = 0;
+  return GetConsoleMode(handle, &mode) != 0;
 }
 
-Console::~Console() {
-  std::fflush(nullptr);
-  if (before_ != 0) SetConsoleOutputCP(before_);
-}
+/// A stream's way to its terminal; elsewhere it has none, and its bytes pass unchanged.
+class Way {
+ public:
+  Way(std::ostream& stream, DWORD handle, int file) : stream_(stream), terminal_(GetStdHandle(handle)) {
+    if (isTerminal(GetStdHandle(handle)))
+      before_ = stream_.rdbuf(&terminal_);
+    else
+      _setmode(file, _O_BINARY);
+  }
+  Way(const Way&) = delete;
+  Way& operator=(const Way&) = delete;
+  ~Way() {
+    stream_.flush();
+    if (before_ != nullptr) stream_.rdbuf(before_);
+  }
+
+ private:
+  std::ostream& stream_;
+  TerminalText terminal_;
+  std::streambuf* before_ = nullptr;
+};
+
+}  // namespace
+
+struct Console::Streams {
+  Way output{std::cout, STD_OUTPUT_HANDLE, _fileno(stdout)};
+  Way errors{std::cerr, STD_ERROR_HANDLE, _fileno(stderr)};
+};
+
+Console::Console() : streams_(std::make_unique<Streams>()) {}
+Console::~Console() = default;
 
 /// What main() is given is in the system's old code page, which has no letter for many a name.
 std::vector<std::string> commandLineWords(int, const char* const*) {
@@ -38,9 +93,6 @@ std::vector<std::string> commandLineWords(int, const char* const*) {
   return words;
 }
 
-bool errorsAreWatched() {
-  DWORD mode = 0;
-  return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
-}
+bool errorsAreWatched() { return isTerminal(GetStdHandle(STD_ERROR_HANDLE)); }
 
 }  // namespace korvinel::platform

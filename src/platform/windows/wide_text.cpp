@@ -21,6 +21,18 @@ std::string utf8FromWide(std::wstring_view wide) {
   return utf8;
 }
 
+std::size_t wholeLetters(std::string_view utf8) {
+  constexpr std::size_t longestLetter = 4;
+  for (std::size_t length = 1; length < longestLetter && length <= utf8.size(); ++length) {
+    const auto byte = static_cast<unsigned char>(utf8[utf8.size() - length]);
+    const bool continues = byte >= 0x80 && byte < 0xC0;
+    if (continues) continue;
+    const std::size_t wanted = byte < 0xC0 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
+    return wanted > length ? utf8.size() - length : utf8.size();
+  }
+  return utf8.size();
+}
+
 std::string systemMessage(unsigned long error) {
   std::array<wchar_t, 512> text{};
   const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,

@@ -8,7 +8,7 @@
 #include <csignal>
 #include <functional>
 
-#include "unit/posix/temporary_folder.h"
+#include "temporary_folder.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {

@@ -5,7 +5,7 @@
 
 #include <optional>
 
-#include "unit/posix/temporary_folder.h"
+#include "temporary_folder.h"
 
 namespace korvinel::platform {
 namespace {

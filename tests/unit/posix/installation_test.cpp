@@ -5,7 +5,7 @@
 
 #include "frame/configuration.h"
 #include "platform/posix/disk_files.h"
-#include "unit/posix/temporary_folder.h"
+#include "temporary_folder.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {

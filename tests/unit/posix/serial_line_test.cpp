@@ -6,8 +6,8 @@
 #include <chrono>
 #include <thread>
 
+#include "temporary_folder.h"
 #include "unit/posix/pseudo_terminal.h"
-#include "unit/posix/temporary_folder.h"
 
 namespace korvinel::platform {
 namespace {

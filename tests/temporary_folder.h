@@ -1,9 +1,8 @@
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 
@@ -13,8 +12,9 @@ namespace korvinel::platform {
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "korvinel-XXXXXX").string();
-    path_ = mkdtemp(pattern.data());
+    const std::string name = "korvinel-" + std::to_string(std::random_device{}());
+    path_ = (std::filesystem::temp_directory_path() / name).generic_string();
+    std::filesystem::create_directory(path_);
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;

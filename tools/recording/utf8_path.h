@@ -1,0 +1,21 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace korvinel::tool {
+
+/// Names of files are UTF-8 in the tool. The standard library's own conversion is another one on Windows.
+[[nodiscard]] inline std::filesystem::path pathOf(const std::string& utf8) {
+  return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+[[nodiscard]] inline std::string utf8Of(const std::u8string& text) { return {text.begin(), text.end()}; }
+[[nodiscard]] inline std::string utf8Of(const std::filesystem::path& path) { return utf8Of(path.u8string()); }
+
+/// With the separator "/" on every system.
+[[nodiscard]] inline std::string genericUtf8Of(const std::filesystem::path& path) {
+  return utf8Of(path.generic_u8string());
+}
+
+}  // namespace korvinel::tool
