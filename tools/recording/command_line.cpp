@@ -167,6 +167,7 @@ void addBatch(CLI::App& program, Written& written) {
 }
 
 void build(CLI::App& program, Written& written) {
+  program.allow_windows_style_options(false);  // a path may begin with "/" on any system
   program.require_subcommand(1);
   program.set_version_flag("--version", KORVINEL_VERSION);
   addInfo(program, written);

@@ -1,17 +1,25 @@
-# What Windows reads in the program's file: its version, its manifest and, where the drawing can be turned into one, its icon.
-set_target_properties(korvinel PROPERTIES WIN32_EXECUTABLE ON)  # no console beside the window
+# korvinel_resources(PROGRAM DESCRIPTION): what Windows reads in a program's file: its version, its manifest and, where the
+# drawing can be turned into one, its icon.
 enable_language(RC)
-set(resources ${PROJECT_SOURCE_DIR}/packaging/windows/resources)
-set(iconLine "")
-set(drawing ${PROJECT_SOURCE_DIR}/packaging/korvinel.svg)
 find_program(KORVINEL_RSVG rsvg-convert)
-if(KORVINEL_RSVG AND EXISTS ${drawing})
+set(resources ${CMAKE_CURRENT_LIST_DIR})
+set(icon "")
+if(KORVINEL_RSVG)
   set(icon ${PROJECT_BINARY_DIR}/korvinel.ico)
+  set(drawing ${PROJECT_SOURCE_DIR}/packaging/korvinel.svg)
   add_custom_command(OUTPUT ${icon} DEPENDS ${drawing} ${resources}/icon.py VERBATIM
     COMMAND /usr/bin/python3 ${resources}/icon.py ${drawing} ${icon})
-  set(iconLine "1 ICON \"${icon}\"")
+  add_custom_target(korvinel_icon DEPENDS ${icon})
 endif()
-configure_file(${resources}/korvinel.rc.in ${PROJECT_BINARY_DIR}/korvinel.rc @ONLY)
-set_source_files_properties(${PROJECT_BINARY_DIR}/korvinel.rc PROPERTIES
-  OBJECT_DEPENDS "${icon};${resources}/korvinel.manifest")
-target_sources(korvinel PRIVATE ${PROJECT_BINARY_DIR}/korvinel.rc)
+
+function(korvinel_resources program description)
+  set(iconLine "")
+  if(icon)
+    set(iconLine "1 ICON \"${icon}\"")
+    add_dependencies(${program} korvinel_icon)
+  endif()
+  set(resource ${PROJECT_BINARY_DIR}/${program}.rc)
+  configure_file(${resources}/korvinel.rc.in ${resource} @ONLY)
+  set_source_files_properties(${resource} PROPERTIES OBJECT_DEPENDS "${resources}/korvinel.manifest")
+  target_sources(${program} PRIVATE ${resource})
+endfunction()

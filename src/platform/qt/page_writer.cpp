@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <clocale>
 #include <cmath>
+#include <iostream>
 
 #include "platform/qt/appearance.h"
 #include "platform/qt/qt_text.h"
@@ -25,6 +26,11 @@ constexpr double dotsPerUnit = 2;  // of pictures, as sharp as a dense screen
 
 [[noreturn]] void fail(const std::string& reason) { throw RuntimeError(Fault::output, reason); }
 
+/// Only what the toolkit says before it ends the program; the rest are remarks for programmers.
+void tellWhatEndsTheProgram(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  if (type == QtFatalMsg) std::cerr << message.toStdString() << std::endl;
+}
+
 void startToolkit() {
   if (QGuiApplication::instance() == nullptr) {
     static int count = 1;
@@ -32,7 +38,7 @@ void startToolkit() {
     static char* arguments[] = {name, nullptr};
     // Without a screen where the toolkit can; where it cannot, on Windows, a program without windows does not need one.
     qputenv("QT_QPA_PLATFORM", "offscreen;windows");
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});  // remarks for programmers
+    qInstallMessageHandler(tellWhatEndsTheProgram);
     static QGuiApplication toolkit(count, arguments);
     std::setlocale(LC_NUMERIC, "C");
   }
