@@ -6,6 +6,7 @@ FOLDER holds korvinel-VERSION-setup.exe.
 """
 import glob
 import os
+import shutil
 import subprocess
 import sys
 import time
@@ -52,19 +53,36 @@ class Installer(unittest.TestCase):
         found = glob.glob(os.path.join(self.drive, 'ProgramData/Microsoft/Windows/Start Menu/Programs/Korvinel/*'))
         return sorted(os.path.basename(path) for path in found)
 
+    def use_the_tool(self):
+        recording = os.path.join(self.root, 'DATAFILE/esame.QVD')
+        shutil.copy(os.path.join(HERE, '../data/golden/examination.QVD'), recording)
+        tool = ['wine', os.path.join(self.program, 'korvinel-recording.exe')]
+        for command in (['check', 'esame.QVD'], ['report', 'esame.QVD', '-o', 'esame.pdf'],
+                        ['export', 'esame.QVD', '-o', 'esame.edf'], ['import', 'esame.edf', '-o', 'b.QVD']):
+            self.assertEqual(subprocess.run(tool + command, cwd=os.path.dirname(recording), check=False, timeout=60,
+                                            stderr=subprocess.DEVNULL).returncode, 0)
+        names = ('esame.QVD', 'esame.pdf', 'esame.edf', 'b.QVD')
+        self.assertEqual(sorted(os.listdir(os.path.dirname(recording))), sorted(names))
+        self.assertTrue(content(self.root, 'DATAFILE/esame.pdf').startswith(b'%PDF'))
+        for name in names:
+            os.remove(os.path.join(self.root, 'DATAFILE', name))
+
     def test_installs_the_program_that_starts_and_removes_it_again(self):
         self.assertEqual(silently(SETUP), 0)
-        for name in ('korvinel.exe', 'Qt6Core.dll', 'platforms/qwindows.dll', 'licenze/LGPL-3.0-only.txt'):
+        for name in ('korvinel.exe', 'Qt6Core.dll', 'platforms/qwindows.dll', 'korvinel-recording.exe', 'libsoxr.dll',
+                     'licenze/LGPL-3.0-only.txt', 'licenze/LGPL-2.1.txt', 'licenze/soxr.txt', 'licenze/EDFlib.txt'):
             self.assertTrue(os.path.exists(os.path.join(self.program, name)), name)
+        self.assertIn(b'Korvinel', content(self.program, 'manuale/manuale.html'))
+        self.assertTrue(content(self.program, 'manuale/manuale.pdf').startswith(b'%PDF'))
         self.assertTrue(registered())
         shortcuts = self.shortcuts()
-        for name in ('Disinstalla Korvinel', 'Korvinel', 'Porta seriale', 'Registrazioni'):
+        for name in ('Disinstalla Korvinel', 'Korvinel', 'Manuale', 'Porta seriale', 'Registrazioni', 'Riga di comando'):
             self.assertIn(name + '.lnk', shortcuts)
-        self.assertEqual(os.path.exists(os.path.join(self.program, 'manuale/manuale.pdf')), 'Manuale.lnk' in shortcuts)
         for name in ('Instal8s.val', 'Factors.val'):
             self.assertEqual(content(self.root, name), content(DEFAULTS, name))
         self.assertEqual(os.listdir(os.path.join(self.root, 'DATAFILE')), [])
 
+        self.use_the_tool()
         program = WineProgram(self.desktop, os.path.join(self.program, 'korvinel.exe'))
         self.assertEqual(silently(self.uninstaller), 3, 'while the program runs')
         self.assertEqual(silently(SETUP), 3, 'while the program runs')
@@ -113,6 +131,16 @@ class Installer(unittest.TestCase):
         self.assertEqual(setup.wait(30), 0)
         self.assertTrue(os.path.exists(os.path.join(program, 'korvinel.exe')))
         self.assertEqual(sorted(os.listdir(self.root)), ['DATAFILE', 'Factors.val', 'Instal8s.val'])
+        self.show_the_command_line()
+
+    def show_the_command_line(self):
+        shortcut = r'C:\ProgramData\Microsoft\Windows\Start Menu\Programs\Korvinel\Riga di comando.lnk'
+        self.desktop.start(['wine', 'start', shortcut])
+        find = lambda: subprocess.run(['xdotool', 'search', '--onlyvisible', '--name', 'cmd'], check=False,
+                                      capture_output=True).stdout.split()
+        driver.wait(find, 30, 'the terminal')
+        time.sleep(3)
+        self.desktop.screenshot('installer-5-command-line')
 
 
 result = unittest.main(verbosity=2, exit=False, warnings='ignore').result

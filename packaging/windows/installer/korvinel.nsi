@@ -87,10 +87,12 @@ Section
   CreateShortCut "$SMPROGRAMS\Korvinel\Porta seriale.lnk" "$WINDIR\notepad.exe" '"${ROOT}\Instal8s.val"'
   CreateShortCut "$SMPROGRAMS\Korvinel\Registrazioni.lnk" "${ROOT}\DATAFILE"
   CreateShortCut "$SMPROGRAMS\Korvinel\Disinstalla Korvinel.lnk" "$INSTDIR\disinstalla.exe"
-  ${If} ${FileExists} "$INSTDIR\manuale\manuale.pdf"
-    CreateShortCut "$SMPROGRAMS\Korvinel\Manuale.lnk" "$INSTDIR\manuale\manuale.pdf"
-  ${EndIf}
+  CreateShortCut "$SMPROGRAMS\Korvinel\Manuale.lnk" "$INSTDIR\manuale\manuale.pdf"
   CreateShortCut "$DESKTOP\Korvinel.lnk" "$INSTDIR\korvinel.exe"
+  ; It begins among the recordings and finds the tool by its name; nobody's PATH is changed.
+  SetOutPath "${ROOT}\DATAFILE"
+  CreateShortCut "$SMPROGRAMS\Korvinel\Riga di comando.lnk" "$SYSDIR\cmd.exe" \
+    '/k set "PATH=$INSTDIR;%PATH%" & korvinel-recording --help'
 
   SetRegView 64
   WriteRegStr HKLM "${REGISTRY}" "DisplayName" "Korvinel"
