@@ -158,8 +158,9 @@ class LaneTransform {
   template <int stage>
   static KORVINEL_INLINE void combineRow(const Parts& in, Parts& out, int row) {
     constexpr int half = 1 << (stage - 1), rowLength = (transformLength >> stage) / width;
-    const double fr = twiddles.re[static_cast<std::size_t>(half + row)];
-    const double fi = twiddles.im[static_cast<std::size_t>(half + row)];
+    const auto factor = static_cast<std::size_t>(half) + static_cast<std::size_t>(row);
+    const double fr = twiddles.re[factor];
+    const double fi = twiddles.im[factor];
     for (int t = 0; t < rowLength; ++t) {
       const int upper = 2 * row * rowLength + t;
       combine(in, upper, upper + rowLength, fr, fi, out, row * rowLength + t, (row + half) * rowLength + t);

@@ -7,11 +7,11 @@ using platform::Colour;
 using platform::Surface;
 
 void dottedLineAcross(Surface& surface, double y, double spacing) {
-  for (double x = 1; x < surface.width(); x += spacing) surface.point(x, y, Colour::blue);
+  for (int i = 0; 1 + i * spacing < surface.width(); ++i) surface.point(1 + i * spacing, y, Colour::blue);
 }
 
 void dottedLineDown(Surface& surface, double x, double spacing) {
-  for (double y = 1; y < surface.height(); y += spacing) surface.point(x, y, Colour::blue);
+  for (int i = 0; 1 + i * spacing < surface.height(); ++i) surface.point(x, 1 + i * spacing, Colour::blue);
 }
 
 }  // namespace
@@ -19,8 +19,8 @@ void dottedLineDown(Surface& surface, double x, double spacing) {
 void drawGrid(Surface& surface, double stepX, double stepY) {
   constexpr double spacing = 8;
   surface.clear();
-  for (double y = stepY; y < surface.height(); y += stepY) dottedLineAcross(surface, y, spacing);
-  for (double x = stepX; x < surface.width(); x += stepX) dottedLineDown(surface, x, spacing);
+  for (int i = 1; i * stepY < surface.height(); ++i) dottedLineAcross(surface, i * stepY, spacing);
+  for (int i = 1; i * stepX < surface.width(); ++i) dottedLineDown(surface, i * stepX, spacing);
 }
 
 }  // namespace korvinel

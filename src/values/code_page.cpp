@@ -115,7 +115,7 @@ std::string upperCase(std::string_view utf8) {
   std::string upper;
   while (!utf8.empty()) {
     const CodePoint character = takeCharacter(utf8);
-    if (character != invalid && character <= 0xFFFF) appendUtf8(upper, upperOf(character));
+    if (character <= 0xFFFF) appendUtf8(upper, upperOf(character));  // what is invalid lies beyond
   }
   return upper;
 }
