@@ -89,6 +89,7 @@ void MainState::startAcquisition() {
   endRequested = replayActive = stopRequested = recordingArmed = intervalSelectable = 0;
   noteCount = pairToggleCount = blockCount = 0;
   sharedSelector = 1;
+  keepNotesAndNames();
   sendStartCommand();
   host.tickTimer.setEnabled(true);
 }

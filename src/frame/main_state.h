@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "frame/main_window.h"
 #include "frame/program_values.h"
@@ -111,6 +113,12 @@ struct MainState {
   std::string temporaryContent;   ///< what the temporary file is to hold: header line and blocks so far, as bytes
   std::string recordingFault;     ///< the first write that failed since recording began; "" = none
   std::string setAsidePath;       ///< where a temporary file went that was not to be deleted; "" = nowhere
+  std::vector<std::string> sideFileLines;  ///< what the side file is known to hold; none: it is to be written anew
+  std::string foreignPaths;                ///< files found in the temporary file's place and kept, each behind "\r"
+  int blocksFromMemory = 0;                ///< blocks that the temporary file did not hold as they were recorded
+  Int16 recordingFaultUntold = 0;          ///< something failed or was mended in recording and nobody has been told
+  Int16 nobodyToAsk = 0;                   ///< the program ends where no box can be shown: faults go to standard error
+  std::function<void()> finishAssembling;  ///< while a data file is written: the rest of it, letting no events in
 
   // Displays: written by display/
   Int16 microvoltScale = 60;  ///< full scale of the spectrum panels, microvolts
@@ -191,6 +199,12 @@ struct MainState {
   /// Rounds the block in `sampleBlock` to what a file can hold and, while recording, appends it. A failing write is
   /// told in the status label and made good with the next block if possible.
   void appendBlockToTemp();
+
+  // recording/side_file.cpp
+  /// While recording, puts the names, the date and the notes as they stand into the side file beside the temporary one;
+  /// to be called whenever one of them changes. Never a fault: a side file that cannot be written is tried again at the
+  /// next change.
+  void keepNotesAndNames();
 
   // recording/data_file.cpp
   /// Writes the data file from the header values, the notes and the temporary file, which is then deleted, or set aside

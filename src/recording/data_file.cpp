@@ -105,7 +105,7 @@ void closeBoth(Assembly& assembly) {
 
 void disposeOfTemporary(MainState& state) {
   if (state.recordingFault.empty())
-    platform::skipOnFault([&] { state.host.files.remove(temporaryPath); });
+    removeTemporaryFile(state.host.files);
   else
     state.setAsidePath = keepRecordedData(state);
 }

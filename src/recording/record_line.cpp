@@ -15,23 +15,25 @@ char storable(char byte) {
   return code < 0x20 || code == 0x7F ? ' ' : byte;
 }
 
-std::string quoted(std::string_view utf8) {
+}  // namespace
+
+std::string quotedField(std::string_view utf8) {
   std::string field = "\"";
   for (const char byte : codePageFromUtf8(utf8)) field += storable(byte);
   return field + "\"";
 }
 
-}  // namespace
-
 std::string temporaryHeaderLine(std::string_view subject, std::string_view date) {
-  return quoted(subject) + "," + quoted(date) + "," + quoted(typeTag) + lineEnd;
+  return quotedField(subject) + "," + quotedField(date) + "," + quotedField(typeTag) + lineEnd;
 }
 
 std::string headerLine(std::string_view subject, std::string_view date, int noteCount) {
-  return quoted(subject) + "," + quoted(std::string(date) + " V3") + "," + quoted(typeTag) + "," +
+  return quotedField(subject) + "," + quotedField(std::string(date) + " V3") + "," + quotedField(typeTag) + "," +
          std::to_string(noteCount) + lineEnd;
 }
 
-std::string noteLine(float block, std::string_view text) { return recordDecimal(block) + "," + quoted(text) + lineEnd; }
+std::string noteLine(float block, std::string_view text) {
+  return recordDecimal(block) + "," + quotedField(text) + lineEnd;
+}
 
 }  // namespace korvinel

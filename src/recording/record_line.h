@@ -9,6 +9,9 @@ namespace korvinel {
 /// commas; texts stand in double quotes, and as nothing inside them can be escaped, a double quote is written as an
 /// apostrophe and a control character as a blank.
 
+/// A text (UTF-8) as a quoted field.
+[[nodiscard]] std::string quotedField(std::string_view utf8);
+
 /// Of the temporary file: subject's name (UTF-8), date "dd/mm/yyyy", type tag.
 [[nodiscard]] std::string temporaryHeaderLine(std::string_view subject, std::string_view date);
 

@@ -92,12 +92,14 @@ void MainState::beginNote() {
   window.noteBox.requestFocus();
   noteCount += 1;
   noteTimes[noteCount] = static_cast<float>(blockCount < 2 ? 2 : static_cast<int>(blockCount));
+  keepNotesAndNames();
 }
 
 void MainState::noteKey(int key) {
   constexpr int enter = 13;
   if (key != enter || window.noteBox.text().empty()) return;
   if (recordingActive == 1) noteTexts[noteCount] = window.noteBox.text();
+  keepNotesAndNames();
   showStatus(*this, recordingActive == 1 ? "Registrazione Attiva" : "Registrazione Disattiva");
   closeNoteBox(*this);
 }

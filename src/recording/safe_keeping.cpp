@@ -10,6 +10,7 @@
 #include "recording/channel_record.h"
 #include "recording/data_file.h"
 #include "recording/data_paths.h"
+#include "recording/side_file.h"
 
 namespace korvinel {
 namespace {
@@ -26,6 +27,26 @@ int lengthInAgreement(platform::InputFile& file, const std::string& content) {
   return static_cast<int>(length);
 }
 
+std::string stampedPath(MainState& state) {
+  const platform::CalendarTime now = state.host.clock.localTime();
+  std::array<char, 80> stamp{};
+  std::snprintf(stamp.data(), stamp.size(), "Tempor1 %04d-%02d-%02d %02d.%02d.%02d", now.year, now.month, now.day,
+                now.hour, now.minute, now.second);
+  const std::string base = dataFolder + std::string(stamp.data());
+  std::string path = base + ".XXX";
+  const auto taken = [&] { return state.host.files.exists(path) || state.host.files.exists(sidePathOf(path)); };
+  for (int copy = 2; taken(); ++copy) path = base + " (" + std::to_string(copy) + ").XXX";
+  return path;
+}
+
+/// A file in the temporary file's place that holds something else. The side file is not its own.
+void setForeignFileAside(MainState& state) {
+  const std::string path = stampedPath(state);
+  state.host.files.rename(temporaryPath, path);
+  state.foreignPaths += "\r" + path;
+  state.recordingFaultUntold = 1;
+}
+
 /// The byte from which the temporary file is to be continued. Once a write has failed, nothing but the file itself
 /// tells how far it went; one that holds something else is put out of the way.
 int placeToContinue(MainState& state) {
@@ -36,19 +57,8 @@ int placeToContinue(MainState& state) {
   const int length = lengthInAgreement(*file, state.temporaryContent);
   if (file->atEnd()) return length;
   file.reset();
-  setTemporaryFileAside(state);
+  setForeignFileAside(state);
   return 0;
-}
-
-std::string stampedPath(MainState& state) {
-  const platform::CalendarTime now = state.host.clock.localTime();
-  std::array<char, 80> stamp{};
-  std::snprintf(stamp.data(), stamp.size(), "Tempor1 %04d-%02d-%02d %02d.%02d.%02d", now.year, now.month, now.day,
-                now.hour, now.minute, now.second);
-  const std::string base = dataFolder + std::string(stamp.data());
-  std::string path = base + ".XXX";
-  for (int copy = 2; state.host.files.exists(path); ++copy) path = base + " (" + std::to_string(copy) + ").XXX";
-  return path;
 }
 
 int blocksNotWritten(const MainState& state) {
@@ -93,9 +103,29 @@ bool leftOverTemporaryFile(platform::Files& files) {
 }
 
 std::string setTemporaryFileAside(MainState& state) {
+  auto& files = state.host.files;
   std::string path = stampedPath(state);
-  state.host.files.rename(temporaryPath, path);
+  // The side file first: left behind alone, it would be taken for that of the next recording.
+  const bool hasSideFile = files.exists(sideFilePath);
+  if (hasSideFile) files.rename(sideFilePath, sidePathOf(path));
+  try {
+    files.rename(temporaryPath, path);
+  } catch (const RuntimeError&) {
+    if (hasSideFile) skipOnFault([&] { files.rename(sidePathOf(path), sideFilePath); });
+    throw;
+  }
   return path;
+}
+
+void setLonelySideFileAside(MainState& state) {
+  auto& files = state.host.files;
+  if (!files.exists(temporaryPath) && files.exists(sideFilePath))
+    files.rename(sideFilePath, sidePathOf(stampedPath(state)));
+}
+
+void removeTemporaryFile(platform::Files& files) {
+  skipOnFault([&] { files.remove(sideFilePath); });
+  skipOnFault([&] { files.remove(temporaryPath); });
 }
 
 std::string keepRecordedData(MainState& state) {

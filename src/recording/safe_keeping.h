@@ -22,9 +22,15 @@ void completeTemporaryFile(MainState& state, bool synchronised);
 /// Whether a temporary file is there that holds more than its header line.
 [[nodiscard]] bool leftOverTemporaryFile(platform::Files& files);
 
-/// Gives the temporary file a name with date and time. Returns its new path; a RuntimeError (output) if it cannot be
-/// renamed.
+/// Gives the temporary file a name with date and time, and its side file the same with the ending ".NOT". Returns the
+/// new path of the temporary file; a RuntimeError (output) if one of them cannot be renamed: then neither is.
 std::string setTemporaryFileAside(MainState& state);
+
+/// Gives a side file whose temporary file is gone such a name, so that a new one does not take its place.
+void setLonelySideFileAside(MainState& state);
+
+/// Deletes the temporary file and its side file, as far as that is possible.
+void removeTemporaryFile(platform::Files& files);
 
 /// As above, but never throws: what cannot be renamed stays where it is, and of a file that has vanished the content is
 /// written again from memory. Returns where the data are now, "" if nowhere.

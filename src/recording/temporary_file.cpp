@@ -4,6 +4,7 @@
 #include "recording/data_paths.h"
 #include "recording/record_line.h"
 #include "recording/safe_keeping.h"
+#include "recording/side_file.h"
 
 namespace korvinel {
 namespace {
@@ -21,12 +22,16 @@ bool synchroniseNow(const MainState& state) {
 
 void MainState::createTempFile() {
   setAsidePath.clear();
+  foreignPaths.clear();
+  recordingFaultUntold = 0;
   if (leftOverTemporaryFile(host.files)) setAsidePath = setTemporaryFileAside(*this);
+  setLonelySideFileAside(*this);
   temporaryContent = temporaryHeaderLine(shared.subjectName, recordingDate);
   temporaryWritten = 0;
   recordingFault.clear();
   host.files.create(temporaryPath)->write(temporaryContent);
   temporaryWritten = static_cast<int>(temporaryContent.size());
+  beginSideFile(*this);
 }
 
 void MainState::appendBlockToTemp() {

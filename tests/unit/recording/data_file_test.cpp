@@ -35,7 +35,7 @@ struct Recording : HeadlessProgram {
   std::vector<std::string> setAside() const {
     std::vector<std::string> paths;
     for (const auto& [path, bytes] : host.files.content)
-      if (path.starts_with(folder + "Tempor1 ")) paths.push_back(path);
+      if (path.starts_with(folder + "Tempor1 ") && path.ends_with(".XXX")) paths.push_back(path);
     return paths;
   }
 };
@@ -177,6 +177,7 @@ TEST(SafeKeeping, AfterAFaultAFileWithOtherContentIsPutOutOfTheWay) {
             "\"Rossi\",\"21/11/2026\",\"4canali\"\r\n" + recordings::block(101) + recordings::block(102));
   ASSERT_EQ(recording.setAside().size(), 1U);
   EXPECT_EQ(recording.host.files.content[recording.setAside().front()], "altro");
+  EXPECT_TRUE(recording.host.files.content.contains(folder + "Tempor1.NOT")) << "the notes are not the other file's";
 }
 
 TEST(SafeKeeping, ADiskFullWhileAssemblingSetsTheTemporaryFileAside) {
