@@ -103,6 +103,21 @@ TEST_F(QtScreenPrinterTest, AFileThatCannotBeWrittenIsTold) {
               testing::StartsWith("La stampa non e' riuscita.\rIl file non si puo' scrivere:\rC:\\QUARVEL5"));
 }
 
+TEST_F(QtScreenPrinterTest, ALinkIsNeverFollowed) {
+  QApplication::clipboard()->setImage(QImage(10, 8, QImage::Format_RGB32));
+  printer.printClipboard(10, 3, 190, 145);
+  const QString printed = folder.filePath(pdfs().constFirst()), elsewhere = folder.filePath("altrove");
+  ASSERT_TRUE(QFile::remove(printed));
+  // A link to nothing at the name of this second's page, and of the next ones'.
+  const QDateTime now = QDateTime::currentDateTime();
+  for (int second = 0; second < 5; ++second)
+    ASSERT_TRUE(
+        QFile::link(elsewhere, folder.filePath("Stampa-" + now.addSecs(second).toString("yyyyMMdd-HHmmss") + ".pdf")));
+  printer.printClipboard(10, 3, 190, 145);
+  EXPECT_THAT(dialogs.shown.back().text, testing::HasSubstr("Il file non si puo' scrivere:"));
+  EXPECT_FALSE(QFile::exists(elsewhere));
+}
+
 struct Shown {
   explicit Shown(QWidget& window, QColor colour) {
     QPalette palette;
@@ -111,20 +126,49 @@ struct Shown {
     window.resize(120, 80);
     window.show();
     window.activateWindow();
-    active = QTest::qWaitForWindowActive(&window);
+    active = QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; });
   }
   bool active;
 };
 
-TEST_F(QtScreenPrinterTest, ADialogIsNeverThePicture) {
+TEST_F(QtScreenPrinterTest, ABoxIsNeverThePicture) {
   QWidget window;
   ASSERT_TRUE(Shown(window, Qt::red).active);
   for (QWidget* parent : {&window, static_cast<QWidget*>(nullptr)}) {
-    QDialog dialog(parent);
-    ASSERT_TRUE(Shown(dialog, Qt::blue).active);
+    QDialog box(parent);
+    box.setModal(true);
+    ASSERT_TRUE(Shown(box, Qt::blue).active);
     printer.emptyClipboard();
     printer.pressPrintScreen(1);
     EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(255, 0, 0));
+  }
+}
+
+TEST_F(QtScreenPrinterTest, TheActiveWindowIsThePictureWhoeverOwnsIt) {
+  QWidget window;
+  ASSERT_TRUE(Shown(window, Qt::red).active);
+  QDialog comments(&window);
+  ASSERT_TRUE(Shown(comments, Qt::blue).active);
+  printer.pressPrintScreen(1);
+  EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(0, 0, 255));
+  ASSERT_TRUE(Shown(window, Qt::red).active);
+  printer.pressPrintScreen(1);
+  EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(255, 0, 0));
+}
+
+TEST_F(QtScreenPrinterTest, UnderABoxTheWindowThatWasActiveIsThePicture) {
+  QWidget window;
+  ASSERT_TRUE(Shown(window, Qt::red).active);
+  QDialog comments(&window);
+  ASSERT_TRUE(Shown(comments, Qt::blue).active);
+  for (QWidget* active : {&window, static_cast<QWidget*>(&comments)}) {
+    const QColor colour = active->palette().color(QPalette::Window);
+    ASSERT_TRUE(Shown(*active, colour).active);
+    QDialog box;
+    box.setModal(true);
+    ASSERT_TRUE(Shown(box, Qt::green).active);
+    printer.pressPrintScreen(1);
+    EXPECT_EQ(QApplication::clipboard()->image().pixelColor(60, 40), colour);
   }
 }
 

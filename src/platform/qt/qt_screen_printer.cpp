@@ -1,36 +1,42 @@
 #include "platform/qt/qt_screen_printer.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
 #include <QDateTime>
-#include <QDialog>
 #include <QFileInfo>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QWindow>
 #include <algorithm>
 #include <cmath>
 
 #include "platform/qt/focus_ring.h"
+#include "platform/qt/new_file.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {
 namespace {
 
-/// The window that a dialog belongs to, or the window itself.
-QWidget* withoutDialogs(QWidget* window) {
-  while (window != nullptr && qobject_cast<QDialog*>(window) != nullptr)
-    window = window->parentWidget() != nullptr ? window->parentWidget()->window() : nullptr;
-  return window;
+/// A window that waits for no answer: no box, no tool tip, no list that has dropped down.
+bool isWindow(const QWidget* widget) {
+  return widget != nullptr && widget->isVisible() && !widget->isModal() &&
+         (widget->windowType() == Qt::Window || widget->windowType() == Qt::Dialog);
 }
 
-/// The active window; where none has the keyboard the one on top, which is owned by the other.
-QWidget* windowToPrint() {
-  QWidget* top = withoutDialogs(QApplication::activeWindow());
-  if (top != nullptr) return top;
+int owners(const QWidget* window) {
+  int count = 0;
+  while ((window = window->parentWidget()) != nullptr) ++count;
+  return count;
+}
+
+/// The window that stands before the others, which it belongs to.
+QWidget* windowOnTop() {
+  QWidget* top = nullptr;
   for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->isVisible() && withoutDialogs(window) == window)
-      if (top == nullptr || window->parentWidget() != nullptr) top = window;
+    if (isWindow(window) && (top == nullptr || owners(window) > owners(top))) top = window;
   return top;
 }
 
@@ -50,22 +56,46 @@ QImage paintedForPaper(QWidget& window) {
   return picture;
 }
 
-/// `place`: millimetres from the page's corner.
-void printPicture(QPrinter& printer, QImage picture, const QRectF& place) {
+/// `place`: millimetres from the page's corner; the device paints from there.
+void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place) {
   constexpr double millimetresPerInch = 25.4;
-  printer.setFullPage(true);
   picture.setDevicePixelRatio(1);
-  const double dots = printer.resolution() / millimetresPerInch;
+  const double dots = page.logicalDpiX() / millimetresPerInch;
   QPainter painter;
-  if (!painter.begin(&printer)) throw RuntimeError(Fault::output, "La pagina non si puo' cominciare.");
+  if (!painter.begin(&page)) throw RuntimeError(Fault::output, "La pagina non si puo' cominciare.");
   painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
   painter.drawImage(QRectF(place.x() * dots, place.y() * dots, place.width() * dots, place.height() * dots), picture);
-  const bool finished = painter.end();
-  if (!finished || printer.printerState() == QPrinter::Error)
+  if (!painter.end()) throw RuntimeError(Fault::output, "La stampante non ha preso la pagina.");
+}
+
+void printPicture(const QImage& picture, const QRectF& place) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setDocName("Korvinel");
+  printer.setFullPage(true);
+  paintPicture(printer, picture, place);
+  if (printer.printerState() == QPrinter::Error)
     throw RuntimeError(Fault::output, "La stampante non ha preso la pagina.");
 }
 
+QByteArray pdfOf(const QImage& picture, const QRectF& place) {
+  QBuffer file;
+  file.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&file);
+  writer.setTitle("Korvinel");
+  writer.setPageSize(QPageSize(QPageSize::A4));
+  writer.setPageMargins({});
+  paintPicture(writer, picture, place);
+  return file.data();
+}
+
 }  // namespace
+
+QtScreenPrinter::QtScreenPrinter(Dialogs& dialogs, PathNotation paths, std::function<std::string()> dataFileName)
+    : dialogs_(dialogs), paths_(std::move(paths)), dataFileName_(std::move(dataFileName)) {
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &watch_, [this] {
+    if (isWindow(QApplication::activeWindow())) lastActive_ = QApplication::activeWindow();
+  });
+}
 
 /// Of the second family of systems, whatever this one counts.
 int QtScreenPrinter::systemMajorVersion() { return 10; }
@@ -73,6 +103,12 @@ int QtScreenPrinter::systemMajorVersion() { return 10; }
 void QtScreenPrinter::emptyClipboard() {
   QApplication::clipboard()->clear();
   captured_ = sharp_ = QImage();
+}
+
+/// The active window. A box that has just closed may have left none yet: then the one that was active before it.
+QWidget* QtScreenPrinter::windowToPrint() const {
+  if (isWindow(QApplication::activeWindow())) return QApplication::activeWindow();
+  return isWindow(lastActive_) ? lastActive_.data() : windowOnTop();
 }
 
 void QtScreenPrinter::pressPrintScreen(int) {
@@ -97,21 +133,21 @@ void QtScreenPrinter::printClipboard(double x, double y, double width, double he
 std::string QtScreenPrinter::print(const QRectF& millimetres) {
   const QImage picture = pictureToPrint();
   if (picture.isNull()) throw RuntimeError(Fault::output, "Non c'e' un'immagine da stampare.");
-  QPrinter printer(QPrinter::HighResolution);
-  printer.setDocName("Korvinel");
-  if (!QPrinterInfo::availablePrinterNames().isEmpty()) {
-    printPicture(printer, picture, millimetres);
-    return "";
-  }
+  if (QPrinterInfo::availablePrinterNames().isEmpty()) return printIntoFile(picture, millimetres);
+  printPicture(picture, millimetres);
+  return "";
+}
+
+std::string QtScreenPrinter::printIntoFile(const QImage& picture, const QRectF& millimetres) const {
   const std::string file = nextPdf();
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(QString::fromStdString(paths_.toHost(file)));
-  try {
-    printPicture(printer, picture, millimetres);
-  } catch (const RuntimeError&) {
-    throw RuntimeError(Fault::output, "Il file non si puo' scrivere:\r" + file);
+  constexpr qint64 roomForRecordings = 10'000'000;  // some ten examinations
+  switch (writeNewFile(QString::fromStdString(paths_.toHost(file)), pdfOf(picture, millimetres), roomForRecordings)) {
+    case NewFile::written: return file;
+    case NewFile::noRoom:
+      throw RuntimeError(Fault::output, "Lo spazio su disco e' poco e serve alle registrazioni:\r" + file);
+    case NewFile::failed: break;
   }
-  return file;
+  throw RuntimeError(Fault::output, "Il file non si puo' scrivere:\r" + file);
 }
 
 /// The clipboard's picture; in its place our own painting of it, as long as it is what the clipboard holds.
