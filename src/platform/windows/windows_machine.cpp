@@ -5,12 +5,13 @@
 namespace korvinel::platform {
 namespace {
 
-/// The system puts the picture on the clipboard in its own time.
-bool pictureArrives() {
+/// The system puts the picture on the clipboard in its own time. One that lay there before, from an earlier print or
+/// from another program, is none: every change of the clipboard gives it a new number.
+bool pictureArrives(DWORD clipboardBefore) {
   constexpr int looks = 50;
   constexpr DWORD betweenLooksMs = 10;
   for (int look = 0; look < looks; ++look) {
-    if (IsClipboardFormatAvailable(CF_BITMAP) != 0) return true;
+    if (GetClipboardSequenceNumber() != clipboardBefore && IsClipboardFormatAvailable(CF_BITMAP) != 0) return true;
     Sleep(betweenLooksMs);
   }
   return false;
@@ -41,11 +42,14 @@ void WindowsScreenPrinter::emptyClipboard() {
 
 void WindowsScreenPrinter::pressPrintScreen(int scanCode) {
   scanCode_ = scanCode;
+  clipboardBefore_ = GetClipboardSequenceNumber();
   keybd_event(VK_SNAPSHOT, static_cast<BYTE>(scanCode), 0, 0);
+  // Let go, or the system would take the key for held down when it is pressed again.
+  keybd_event(VK_SNAPSHOT, static_cast<BYTE>(scanCode), KEYEVENTF_KEYUP, 0);
 }
 
 void WindowsScreenPrinter::printClipboard(double x, double y, double width, double height) {
-  if (!pictureArrives()) printer_->pressPrintScreen(scanCode_);
+  if (!pictureArrives(clipboardBefore_)) printer_->pressPrintScreen(scanCode_);
   printer_->printClipboard(x, y, width, height);
 }
 

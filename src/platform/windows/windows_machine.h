@@ -17,8 +17,8 @@ class WindowsMachine : public Machine {
 /// Lets the system itself take the picture of the active window; a printer from elsewhere prints it.
 class WindowsScreenPrinter : public ScreenPrinter {
  public:
-  /// `printer`: prints the clipboard's picture, and takes it where the print-screen key brings none (the user may have
-  /// given that key to another program).
+  /// `printer`: prints the clipboard's picture, and takes it where the print-screen key brings no new one (the user may
+  /// have given that key to another program).
   explicit WindowsScreenPrinter(std::unique_ptr<ScreenPrinter> printer) : printer_(std::move(printer)) {}
 
   int systemMajorVersion() override;
@@ -29,6 +29,7 @@ class WindowsScreenPrinter : public ScreenPrinter {
  private:
   std::unique_ptr<ScreenPrinter> printer_;
   int scanCode_ = 0;
+  unsigned long clipboardBefore_ = 0;  ///< the clipboard's number when the key was pressed
 };
 
 }  // namespace korvinel::platform

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <thread>
+
 #include "platform/disk/installation.h"
 #include "platform/host_paths.h"
 #include "platform/windows/disk_files.h"
@@ -44,14 +46,6 @@ TEST(WindowsScreenPrinter, KnowsTheSecondFamilyOfSystems) {
   EXPECT_GE(printer.systemMajorVersion(), 5);
 }
 
-TEST(WindowsScreenPrinter, TakesItsOwnPictureWhereTheKeyBringsNone) {
-  std::vector<std::string> calls;
-  WindowsScreenPrinter printer(std::make_unique<RecordingPrinter>(calls));
-  printer.emptyClipboard();
-  printer.printClipboard(10, 3, 190, 145);
-  EXPECT_THAT(calls, testing::ElementsAre("press 0", "print"));
-}
-
 void putPictureOnClipboard() {
   ASSERT_TRUE(OpenClipboard(nullptr));
   EmptyClipboard();
@@ -59,11 +53,42 @@ void putPictureOnClipboard() {
   CloseClipboard();
 }
 
-TEST(WindowsScreenPrinter, PrintsThePictureThatTheSystemTook) {
+/// Presses the key and prints; the picture printed is a new one, whether the system took it or the program.
+void expectNewPicture(WindowsScreenPrinter& printer, std::vector<std::string>& calls) {
+  calls.clear();
+  const DWORD before = GetClipboardSequenceNumber();
+  printer.pressPrintScreen(1);
+  printer.printClipboard(10, 3, 190, 145);
+  ASSERT_FALSE(calls.empty());
+  EXPECT_EQ(calls.back(), "print");
+  EXPECT_TRUE(calls.front() == "press 1" || GetClipboardSequenceNumber() != before);
+}
+
+TEST(WindowsScreenPrinter, AnEmptyClipboardGetsAPicture) {
+  std::vector<std::string> calls;
+  WindowsScreenPrinter printer(std::make_unique<RecordingPrinter>(calls));
+  printer.emptyClipboard();
+  expectNewPicture(printer, calls);
+}
+
+TEST(WindowsScreenPrinter, NeverPrintsAPictureFromBeforeTheKey) {
   std::vector<std::string> calls;
   WindowsScreenPrinter printer(std::make_unique<RecordingPrinter>(calls));
   putPictureOnClipboard();
+  for (int print = 1; print <= 2; ++print) expectNewPicture(printer, calls);
+}
+
+TEST(WindowsScreenPrinter, PrintsThePictureThatComesAfterTheKey) {
+  std::vector<std::string> calls;
+  WindowsScreenPrinter printer(std::make_unique<RecordingPrinter>(calls));
+  putPictureOnClipboard();
+  printer.pressPrintScreen(1);
+  std::thread system([] {
+    Sleep(100);
+    putPictureOnClipboard();
+  });
   printer.printClipboard(10, 3, 190, 145);
+  system.join();
   EXPECT_THAT(calls, testing::ElementsAre("print"));
 }
 
