@@ -60,8 +60,8 @@ void drawPanels(MainState& state, Fixed scale) {
 }
 
 void showMainsVerdict(MainState& state) {
-  // With a file open the line holds what the shared text was last used for, the date read from the file.
-  std::string text = state.headerText1 + "\r";
+  // With a file open the line holds its date. The shared text, which held it too, may have had another use since.
+  std::string text = state.fileDateField + "\r";
   if (state.openFilePath.empty()) {
     text = "     Disturbo a  50Hz\r";
     for (int channel = 1; channel <= 4; ++channel) text += mainsVerdict(channel, state.mainsDisturbance[channel]);

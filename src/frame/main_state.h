@@ -119,6 +119,7 @@ struct MainState {
   Int16 recordingFaultUntold = 0;          ///< something failed or was mended in recording and nobody has been told
   Int16 nobodyToAsk = 0;                   ///< the program ends where no box can be shown: faults go to standard error
   std::function<void()> finishAssembling;  ///< while a data file is written: the rest of it, letting no events in
+  std::string fileDateField;               ///< of the opened file, as it stands there: date and version tag
 
   // Displays: written by display/
   Int16 microvoltScale = 60;  ///< full scale of the spectrum panels, microvolts
@@ -210,7 +211,7 @@ struct MainState {
   /// Writes the data file from the header values, the notes and the temporary file, which is then deleted, or set aside
   /// if any write has failed. Failing steps are skipped; the first cause stays in `recordingFault`.
   void assembleDataFile();
-  /// From `readHandle`; sets the subject, the date, the tag, the notes and, for the 50 Hz label, `headerText1` to the
+  /// From `readHandle`; sets the subject, the date field, the date, the tag, the notes and `headerText1`, again the
   /// date field. All or nothing: a RuntimeError leaves them as they were.
   void readFileHeader();
   /// From `readHandle` into `sampleBlock`, by `fileVersionTag`; with another tag than V3 or V4 nothing is read.

@@ -139,7 +139,7 @@ void assembleWithoutEvents(MainState& state) {
 void MainState::readFileHeader() {
   FileHeader header = readHeader(*readHandle);
   shared.subjectName = header.subject;
-  headerText1 = header.dateField;
+  headerText1 = fileDateField = header.dateField;
   fileVersionTag = header.versionTag;
   recordingDate = header.date;
   noteCount = header.noteCount;

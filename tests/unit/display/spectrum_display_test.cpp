@@ -133,9 +133,10 @@ TEST_F(SpectrumDisplay, TheMainsVerdictStandsInChannelOrder) {
   EXPECT_EQ(window_.zLabel.text(), "     Disturbo a  50Hz\r1=basso  2=medio  3=alto!  4=basso  ");
 }
 
-TEST_F(SpectrumDisplay, WithAFileOpenTheLabelHoldsTheSharedText) {
+TEST_F(SpectrumDisplay, WithAFileOpenTheLabelHoldsItsDate) {
   state_.openFilePath = "C:\\QUARVEL5\\DATAFILE\\a.QVD";
-  state_.headerText1 = "21/11/2026 V3";
+  state_.fileDateField = "21/11/2026 V3";
+  state_.headerText1 = "Nessun dato in memoria! Prima apri un file!";
   state_.mainsDisturbance[1] = 90;
   state_.drawSpectrumDisplay();
   EXPECT_EQ(window_.zLabel.text(), "21/11/2026 V3\r");

@@ -285,6 +285,7 @@ TEST(ReadFileHeader, KeepsTheDateFieldForThe50HertzLabel) {
   program.state.readHandle = program.host.files.openForReading("x");
   program.state.readFileHeader();
   EXPECT_EQ(program.state.headerText1, "21/11/2026 V3");
+  EXPECT_EQ(program.state.fileDateField, "21/11/2026 V3");
   EXPECT_EQ(program.state.recordingDate, "21/11/2026 ");
   EXPECT_EQ(program.shared.subjectName, "Rossi");
 }

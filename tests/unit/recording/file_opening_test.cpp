@@ -25,6 +25,22 @@ TEST(OpenDataFile, OfTenBlocksCountsNine) {
   EXPECT_TRUE(program.host.faults.empty());
 }
 
+/// The text that the label takes is used for messages, too.
+TEST(OpenDataFile, TheDateStaysInThe50HertzLabelWhateverWasAsked) {
+  FileProgram program;
+  program.open();
+  const auto redrawn = [&] {
+    program.window.Slider1.moveTo(program.window.Slider1.value() + 1);
+    return program.window.zLabel.text();
+  };
+  EXPECT_EQ(redrawn(), "21/11/2026 V3\r");
+  program.window.Analisi.press();
+  EXPECT_EQ(redrawn(), "21/11/2026 V3\r");
+  program.host.dialogs.inputs = {"90"};
+  program.window.Artefact.press();
+  EXPECT_EQ(redrawn(), "21/11/2026 V3\r");
+}
+
 TEST(OpenDataFile, ShowsTheHeaderInLabelsAndBoxes) {
   FileProgram program;
   program.open();
