@@ -1,8 +1,10 @@
 #include "app/main_window_view.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QSlider>
+#include <algorithm>
 
 #include "app/head_picture.h"
 #include "app/main_window_help.h"
@@ -23,6 +25,23 @@ using platform::SurfaceView;
 
 constexpr QSize smallestClient(900, 600);
 constexpr double letterHeight = 13;  // of the plan
+
+/// Along the blocks "down" and "page down" are onward, as on the time strip; the toolkit's slider takes them for less.
+class BlockSlider : public QSlider {
+ public:
+  using QSlider::QSlider;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    switch (event->key()) {
+      case Qt::Key_Down: return triggerAction(SliderSingleStepAdd);
+      case Qt::Key_Up: return triggerAction(SliderSingleStepSub);
+      case Qt::Key_PageDown: return triggerAction(SliderPageStepAdd);
+      case Qt::Key_PageUp: return triggerAction(SliderPageStepSub);
+      default: return QSlider::keyPressEvent(event);
+    }
+  }
+};
 
 }  // namespace
 
@@ -85,11 +104,11 @@ void MainWindowView::addScales(MainWindow& model) {
 void MainWindowView::addTimeStrip(MainWindow& model) {
   constexpr platform::PointerSurfaceView::Steps blockAndMinute{3, 60};
   const auto describe = [](int second) {
-    return QString("Secondo %1, blocco %2").arg(second).arg(second / blockAndMinute.small);
+    return QString("Secondo %1, blocco %2").arg(second).arg(std::max(1, second / blockAndMinute.small));
   };
   put(new platform::PointerSurfaceView(model.Picture6, model.stripPointer, blockAndMinute, describe, ground_),
       geometry::timeStrip, help::timeStrip);
-  auto* slider = new QSlider(Qt::Horizontal, ground_);
+  auto* slider = new BlockSlider(Qt::Horizontal, ground_);
   tie(model.Slider1, *slider);
   put(slider, geometry::slider, help::slider);
 }

@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QScrollArea>
 #include <QShortcut>
+#include <QSlider>
 #include <QTest>
+#include <QToolTip>
 #include <algorithm>
 #include <memory>
 #include <set>
@@ -222,6 +224,32 @@ TEST(Keyboard, ScalesMoveByTheArrowsAndByPages) {
   for (const auto& [key, value] : cases) {
     QTest::keyClick(bar, key);
     EXPECT_EQ(windows.mainModel.HScroll1.value(), value);
+  }
+}
+
+TEST(Keyboard, AlongTheBlocksPageDownIsOnward) {
+  Windows windows;
+  auto* slider = windows.mainView.findChild<QSlider*>("Blocco iniziale");
+  const std::pair<Qt::Key, int> cases[] = {{Qt::Key_PageDown, 10}, {Qt::Key_Down, 11}, {Qt::Key_Right, 12},
+                                           {Qt::Key_Left, 11},     {Qt::Key_Up, 10},   {Qt::Key_PageUp, 0}};
+  for (const auto& [key, block] : cases) {
+    QTest::keyClick(slider, key);
+    EXPECT_EQ(windows.mainModel.Slider1.value(), block);
+  }
+}
+
+TEST(Keyboard, TheStripCountsItsBlocksFromOne) {
+  Windows windows;
+  windows.mainView.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.mainView));
+  auto* strip = windows.mainView.findChild<QWidget*>("Striscia del tempo");
+  const std::pair<Qt::Key, const char*> cases[] = {{Qt::Key_Home, "Secondo 0, blocco 1"},
+                                                   {Qt::Key_Right, "Secondo 3, blocco 1"},
+                                                   {Qt::Key_Right, "Secondo 6, blocco 2"},
+                                                   {Qt::Key_End, "Secondo 600, blocco 200"}};
+  for (const auto& [key, tip] : cases) {
+    QTest::keyClick(strip, key);
+    EXPECT_EQ(QToolTip::text(), tip);
   }
 }
 

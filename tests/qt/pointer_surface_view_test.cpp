@@ -44,9 +44,9 @@ TEST_F(PointerSurface, TheMouseIsToldInTheSurfacesUnits) {
 }
 
 TEST_F(PointerSurface, KeysMoveTheMarkWithinTheSurface) {
-  const std::pair<Qt::Key, int> cases[] = {{Qt::Key_Left, 0},    {Qt::Key_Right, 3},      {Qt::Key_Up, 6},
-                                           {Qt::Key_Down, 3},    {Qt::Key_PageUp, 63},    {Qt::Key_End, 600},
-                                           {Qt::Key_Right, 600}, {Qt::Key_PageDown, 540}, {Qt::Key_Home, 0}};
+  const std::pair<Qt::Key, int> cases[] = {{Qt::Key_Left, 0},    {Qt::Key_Right, 3},     {Qt::Key_Down, 6},
+                                           {Qt::Key_Up, 3},      {Qt::Key_PageDown, 63}, {Qt::Key_End, 600},
+                                           {Qt::Key_Right, 600}, {Qt::Key_PageUp, 540},  {Qt::Key_Home, 0}};
   for (const auto& [key, place] : cases) {
     type({key});
     EXPECT_EQ(view.mark(), place);

@@ -17,15 +17,15 @@ void tell(const std::function<void(float)>& handler, float place) {
   if (handler) handler(place);
 }
 
-/// Where a key moves the mark; nothing: it is not for the mark.
+/// Where a key moves the mark; nothing: it is not for the mark. "Down" is onward, as in a text.
 std::optional<int> placeAfter(int key, int mark, PointerSurfaceView::Steps steps, int last) {
   switch (key) {
     case Qt::Key_Left:
-    case Qt::Key_Down: return mark - steps.small;
+    case Qt::Key_Up: return mark - steps.small;
     case Qt::Key_Right:
-    case Qt::Key_Up: return mark + steps.small;
-    case Qt::Key_PageUp: return mark + steps.large;
-    case Qt::Key_PageDown: return mark - steps.large;
+    case Qt::Key_Down: return mark + steps.small;
+    case Qt::Key_PageUp: return mark - steps.large;
+    case Qt::Key_PageDown: return mark + steps.large;
     case Qt::Key_Home: return 0;
     case Qt::Key_End: return last;
     default: return std::nullopt;

@@ -5,8 +5,8 @@
 namespace korvinel::platform {
 
 /// A surface on which the user points out places along its width, with the mouse or with the keyboard. The arrow keys
-/// move a mark by a step, Page Up and Page Down by a large step, Home and End to the edges; Space or Enter does at the
-/// mark what pressing the mouse button does, and the second time what releasing it does.
+/// move a mark by a step, Page Up and Page Down back and onward by a large step, Home and End to the edges; Space or
+/// Enter does at the mark what pressing the mouse button does, and the second time what releasing it does.
 class PointerSurfaceView : public SurfaceView {
  public:
   struct Steps {
