@@ -11,8 +11,11 @@ constexpr int unitsPerBlock = 3;
 
 int blockAt(int x) { return static_cast<int>(std::floor(static_cast<double>(x) / unitsPerBlock)); }
 
+/// The bar is as thin as a pixel; the tint behind the trend lets it be seen.
 void drawBar(MainState& state) {
-  state.window.Picture6.box(state.selectionStartX, 1, state.selectionEndX, 2, Colour::lightRed);
+  platform::Surface& strip = state.window.Picture6;
+  strip.box(state.selectionStartX, 1, state.selectionEndX, 2, Colour::lightRed);
+  strip.shade(state.selectionStartX, state.selectionEndX, Colour::lightRed);
 }
 
 /// Coarse on purpose: x 0..5 is block 1, then three units a block. A drag to the left leaves first above last.
@@ -39,6 +42,7 @@ void MainState::stripPressed(float x) {
   selectionStartX = Int16::nearest(std::floor(static_cast<double>(x)));
   selectionDragging = 1;
   window.Picture6.box(0, 1, 600, 2, Colour::white);
+  window.Picture6.shade(0, 0, Colour::white);
 }
 
 void MainState::stripMoved(float x) {

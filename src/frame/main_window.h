@@ -7,10 +7,7 @@ namespace korvinel {
 
 /// The controls and drawing surfaces of the main window, as models. Names in Italian are for screen readers.
 struct MainWindow {
-  MainWindow() {
-    constexpr double barOfTheInterval = 7;  // about three pixels of the plan
-    Picture6.setLeastBoxHeight(barOfTheInterval);
-  }
+  MainWindow() { Picture6.keepBoxesBelow(); }  // the interval's bar lies behind the trend and the notes' marks
 
   // The row of buttons
   platform::Button Starts1{"Avvia l'acquisizione"};

@@ -20,6 +20,21 @@ struct SameMark {
   bool operator()(const Mark* a, const Mark* b) const { return *a == *b; }
 };
 
+/// From one edge to the other along one axis.
+struct Span {
+  double from, to;
+};
+
+Span across(const Mark& box) { return {std::min(box.x1, box.x2), std::max(box.x1, box.x2)}; }
+Span down(const Mark& box) { return {std::min(box.y1, box.y2), std::max(box.y1, box.y2)}; }
+
+/// A box is painted from the pixel nearest to its near edge, so many pixels far as it is long. So at every size of the
+/// picture it hides the shorter ones that begin where it begins, and all if it goes from edge to edge.
+bool hides(Span later, Span earlier, double extent) {
+  const bool wholeAxis = later.from <= 0 && later.to >= extent;
+  return wholeAxis || (later.from == earlier.from && later.to >= earlier.to);
+}
+
 }  // namespace
 
 Surface::Surface(std::string name, double width, double height, double lineHeight, Colour background)
@@ -32,6 +47,8 @@ Surface::Surface(std::string name, double width, double height, double lineHeigh
 
 void Surface::clear() {
   marks_.clear();
+  shade_ = {};
+  foldAt_ = foldingSize;
   x_ = y_ = 0;
   height_ = firstHeight_;
   if (onChanged) onChanged();
@@ -44,15 +61,22 @@ void Surface::line(double x1, double y1, double x2, double y2, Colour colour) {
 }
 
 void Surface::box(double x1, double y1, double x2, double y2, Colour filling) {
-  const auto [left, right] = std::minmax({x1, x2});
-  const auto [top, foot] = std::minmax({y1, y2});
-  const bool fillsSurface = left <= 0 && top <= 0 && right >= width_ && foot >= height_;
+  const Mark box{Mark::Kind::box, filling, x1, y1, x2, y2};
+  const Span width = across(box), height = down(box);
+  const bool fillsSurface = width.from <= 0 && height.from <= 0 && width.to >= width_ && height.to >= height_;
   if (fillsSurface) marks_.clear();
-  // A painted-over text must not go on being read aloud.
-  std::erase_if(marks_, [&, left = left, right = right, top = top, foot = foot](const Mark& mark) {
-    return mark.kind == Mark::Kind::text && mark.x1 >= left && mark.x1 < right && mark.y1 >= top && mark.y2 <= foot;
+  std::erase_if(marks_, [&](const Mark& mark) {
+    if (mark.kind == Mark::Kind::box) return hides(width, across(mark), width_) && hides(height, down(mark), height_);
+    // A painted-over text must not go on being read aloud.
+    return mark.kind == Mark::Kind::text && mark.x1 >= width.from && mark.x1 < width.to && mark.y1 >= height.from &&
+           mark.y2 <= height.to;
   });
-  add({Mark::Kind::box, filling, x1, y1, x2, y2});
+  add(box);
+}
+
+void Surface::shade(double x1, double x2, Colour colour) {
+  shade_ = {x1, x2, colour};
+  if (onChanged) onChanged();
 }
 
 void Surface::print(const std::string& text) { printAt(x_, y_, ink_, text); }
@@ -84,17 +108,18 @@ void Surface::add(Mark mark) {
   x_ = mark.x2;
   y_ = mark.y2;
   marks_.push_back(std::move(mark));
-  if (marks_.size() > mostMarks) fold();
+  if (marks_.size() > foldAt_) dropRepeated();
   if (onChanged) onChanged();
 }
 
-void Surface::fold() {
+void Surface::dropRepeated() {
   std::unordered_set<const Mark*, MarkHash, SameMark> seen;
   std::vector<Mark> kept;
   for (auto mark = marks_.rbegin(); mark != marks_.rend(); ++mark)
-    if (seen.insert(&*mark).second && kept.size() < mostMarks / 2) kept.push_back(*mark);
+    if (seen.insert(&*mark).second) kept.push_back(*mark);
   std::reverse(kept.begin(), kept.end());
   marks_ = std::move(kept);
+  foldAt_ = std::max(foldingSize, 2 * marks_.size());
 }
 
 }  // namespace korvinel::platform

@@ -28,13 +28,14 @@ class Surface {
   /// `lineHeight`: user units from one line of text to the next; letters are sized to it.
   Surface(std::string name, double width, double height, double lineHeight, Colour background = Colour::white);
 
-  /// Removes everything and moves the position to (0, 0). The ink stays; the height is the first one again.
+  /// Removes everything, the shade too, and moves the position to (0, 0). The ink stays; the height is the first one
+  /// again.
   void clear();
 
   /// A point or a line moves the position to its end, a box to its second corner.
   void point(double x, double y, Colour colour);
   void line(double x1, double y1, double x2, double y2, Colour colour);
-  /// A box takes away the texts that begin in it and are no higher than it.
+  /// A box takes away the texts that begin in it and are no higher than it, and the boxes that it hides wholly.
   void box(double x1, double y1, double x2, double y2, Colour filling);
 
   /// Prints at the position, which then moves to the left edge of the next line. A text at the very place of an earlier
@@ -51,9 +52,19 @@ class Surface {
   void keepTextsInPlace() { textsStay_ = true; }
   bool textsStay() const { return textsStay_; }
 
-  /// In user units: thinner boxes are shown as high as this, so that a bar of one unit can be seen at every size.
-  void setLeastBoxHeight(double height) { leastBoxHeight_ = height; }
-  double leastBoxHeight() const { return leastBoxHeight_; }
+  /// Boxes are the ground of what is drawn: whatever the order, they never hide a line, a point or a text.
+  void keepBoxesBelow() { boxesBelow_ = true; }
+  bool boxesLieBelow() const { return boxesBelow_; }
+
+  /// A stretch of the surface, over its whole height, is tinted behind everything drawn. There is one at a time; an
+  /// empty one is none.
+  struct Shade {
+    double x1 = 0, x2 = 0;  ///< either may be the left one
+    Colour colour = Colour::white;
+    friend bool operator==(const Shade&, const Shade&) = default;
+  };
+  void shade(double x1, double x2, Colour colour);
+  const Shade& shade() const { return shade_; }
 
   void setInk(Colour ink) { ink_ = ink; }  ///< for the texts that follow; black at first
   Colour ink() const { return ink_; }
@@ -69,19 +80,23 @@ class Surface {
 
   std::function<void()> onChanged;  ///< called after every change, by whoever shows the surface
 
-  /// More marks than this are folded: earlier ones that a later equal one repeats are dropped, then the oldest.
-  static constexpr std::size_t mostMarks = 8'000;
+  /// Above this number, and then at each doubling, earlier marks that a later equal one repeats are dropped. What can
+  /// be seen is never dropped: a surface that is drawn upon for long stays small because its boxes hide earlier ones,
+  /// its texts replace those at their place, and whoever draws clears it before the next picture.
+  static constexpr std::size_t foldingSize = 8'000;
 
  private:
   void add(Mark mark);
-  void fold();
+  void dropRepeated();
 
   std::string name_;
   double width_, firstHeight_, height_, lineHeight_;
   Colour background_;
   Colour ink_ = Colour::black;
   bool textsStay_ = false;
-  double leastBoxHeight_ = 0;
+  bool boxesBelow_ = false;
+  Shade shade_;
+  std::size_t foldAt_ = foldingSize;
   double x_ = 0, y_ = 0;
   std::vector<Mark> marks_;
 };

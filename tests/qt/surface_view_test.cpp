@@ -6,6 +6,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTest>
+#include <algorithm>
+#include <cmath>
+#include <vector>
 
 #include "platform/qt/surface_painter.h"
 
@@ -47,14 +50,54 @@ TEST(SurfacePainter, ScalesUserUnitsToThePixelsEitherWay) {
   EXPECT_EQ(placeOf(pictureOf(surface, 200, 200), blue), QRect(20, 40, 40, 40));
 }
 
-TEST(SurfacePainter, AThinBoxIsShownAsHighAsTheSurfaceAsks) {
-  Surface surface("a", 100, 100, 10);
-  surface.setLeastBoxHeight(6);
-  surface.box(10, 1, 30, 2, Colour::blue);
-  surface.box(50, 20, 60, 40, Colour::yellow);
-  const QImage picture = pictureOf(surface, 100, 100);
-  EXPECT_EQ(placeOf(picture, blue), QRect(10, 1, 20, 6));
-  EXPECT_EQ(placeOf(picture, yellow), QRect(50, 20, 10, 20));
+TEST(SurfacePainter, BoxesMayLieBelowWhateverTheOrder) {
+  for (const bool below : {false, true}) {
+    Surface surface("a", 100, 100, 10);
+    if (below) surface.keepBoxesBelow();
+    surface.line(20, 0, 20, 100, Colour::blue);
+    surface.point(50, 1, Colour::yellow);
+    surface.box(0, 1, 100, 2, Colour::white);
+    const QImage picture = pictureOf(surface, 100, 100);
+    EXPECT_EQ(picture.pixel(20, 1) == blue, below);
+    EXPECT_EQ(picture.pixel(50, 1) == yellow, below);
+    EXPECT_EQ(picture.pixel(20, 2), blue);
+  }
+}
+
+TEST(SurfacePainter, TheShadeTintsItsStretchBehindEverything) {
+  Surface surface("a", 100, 50, 10);
+  surface.line(0, 25, 100, 25, Colour::blue);
+  surface.shade(60, 20, Colour::lightRed);
+  const QImage picture = pictureOf(surface, 200, 100);
+  const QRgb tint = picture.pixel(80, 10);
+  EXPECT_EQ(qRed(tint), 255);
+  EXPECT_GT(qGreen(tint), 200);
+  EXPECT_LT(qGreen(tint), 250);
+  EXPECT_EQ(placeOf(picture, tint), QRect(40, 0, 80, 100));
+  EXPECT_EQ(countOf(picture, blue), 200);
+}
+
+/// Drags to and fro from four places: what the later boxes have dropped is missing in no pixel, whatever the size.
+TEST(SurfacePainter, WhatBoxesDropIsMissedInNoPixel) {
+  for (const int width : {97, 640, 1013}) {
+    Surface surface("a", 600, 200, 10);
+    std::vector<QRgb> row(static_cast<std::size_t>(width), white);
+    const auto draw = [&](int from, int to, Colour colour, QRgb shown) {
+      surface.box(from, 1, to, 2, colour);
+      const double scale = width / 600.0;
+      const auto first = std::lround(std::min(from, to) * scale);
+      const auto last = first + std::max(1L, std::lround(std::abs(to - from) * scale));
+      for (long x = first; x < std::min<long>(last, width); ++x) row[static_cast<std::size_t>(x)] = shown;
+    };
+    for (int i = 0; i < 400; ++i) {
+      if (i % 100 == 0) draw(0, 600, Colour::white, white);
+      draw(i / 100 * 137, (i * 61) % 600, Colour::blue, blue);
+    }
+    const QImage picture = pictureOf(surface, width, 200);
+    for (int x = 0; x < width; ++x)
+      EXPECT_EQ(picture.pixel(x, 1), row[static_cast<std::size_t>(x)]) << width << " " << x;
+    EXPECT_LT(surface.marks().size(), 110U);
+  }
 }
 
 TEST(SurfacePainter, BoxesOfOneHeightCoverTheSameNumberOfPixelsEverywhere) {
@@ -112,6 +155,74 @@ TEST(SurfacePainter, ATextStandsOnACellOnWhichItsInkCanBeRead) {
   EXPECT_LT(cell.right(), 200);
 }
 
+/// Pixels of a colour in a picture with a text, and in the same picture without it.
+struct WithAndWithout {
+  int with, without;
+};
+
+WithAndWithout pixelsOf(QRgb colour, Surface& surface, double x, double y, Colour ink, const char* text) {
+  const int without = countOf(pictureOf(surface, 418, 185), colour);
+  surface.printAt(x, y, ink, text);
+  return {countOf(pictureOf(surface, 418, 185), colour), without};
+}
+
+TEST(SurfacePainter, LettersStandOnTheGraphItself) {
+  Surface bars("a", 128, 200, 18);
+  for (int k = 1; k <= 64; ++k) bars.box(2 * (k - 1) + 1, 200, 2 * (k - 1) + 2, 0, Colour::blue);
+  const auto [with, without] = pixelsOf(blue, bars, 60, 8, Colour::black, "Delta=12.5");
+  constexpr int lineHeight = 16, letters = 75;  // pixels, about
+  EXPECT_GT(without - with, 100);               // the halo
+  EXPECT_LT(without - with, lineHeight * letters * 2 / 5);
+  Surface ticks("a", 600, 200, 32);
+  for (int x = 0; x <= 600; x += 60) ticks.line(x, 200, x, 190, Colour::blue);
+  const int before = countOf(pictureOf(ticks, 640, 84), blue);
+  ticks.printAt(470, 170, Colour::black, "Syncro 1-2 media= 45.3");
+  EXPECT_GT(countOf(pictureOf(ticks, 640, 84), blue), before - 10);
+}
+
+TEST(SurfacePainter, LettersCanBeReadOnBarsOfTheirOwnDarkness) {
+  Surface bars("a", 128, 200, 18);
+  for (int k = 1; k <= 64; ++k) bars.box(2 * (k - 1), 200, 2 * k, 0, Colour::red);
+  bars.box(0, 0, 2, 2, Colour::red);
+  Surface plain("a", 128, 200, 18);
+  for (Surface* each : {&bars, &plain}) each->printAt(60, 80, Colour::black, "IIIIII");
+  const QImage onBars = pictureOf(bars, 418, 185), onPlain = pictureOf(plain, 418, 185);
+  int letters = 0;
+  for (int x = 190; x < 230; ++x) {
+    if (qGray(onPlain.pixel(x, 82)) > 128) continue;
+    ++letters;
+    EXPECT_TRUE(onBars.pixel(x - 2, 82) == white || onBars.pixel(x + 2, 82) == white) << x;
+  }
+  EXPECT_GT(letters, 3);
+}
+
+TEST(SurfacePainter, ATextOnABoxTakesTheBoxForItsGround) {
+  Surface surface("a", 200, 100, 20);
+  surface.box(10, 10, 190, 40, Colour::yellow);
+  const int before = countOf(pictureOf(surface, 418, 185), yellow);
+  surface.printAt(12, 15, Colour::black, "Attendere");
+  EXPECT_EQ(countOf(pictureOf(surface, 418, 185), white), 418 * 185 - before);
+  surface.printAt(12, 15, Colour::white, "Attendere");
+  EXPECT_GT(countOf(pictureOf(surface, 418, 185), black), 500);  // white on yellow needs a cell
+}
+
+TEST(SurfacePainter, LettersNeverStandOnOtherLetters) {
+  Surface surface("a", 200, 100, 20);
+  surface.printAt(10, 10, Colour::blue, "MMMMMM");
+  surface.printAt(11, 11, Colour::black, "........");
+  const QImage picture = pictureOf(surface, 200, 100);
+  EXPECT_EQ(countOf(picture.copy(12, 13, 30, 12), blue), 0);
+}
+
+TEST(SurfacePainter, LinesOfATextStandFree) {
+  Surface surface("Messaggi", 120, 258, 13.5);
+  for (int line = 0; line < 10; ++line) surface.print("gpqy");
+  const int whole = countOf(pictureOf(surface, 356, 256), black);
+  Surface one("Messaggi", 120, 258, 13.5);
+  one.print("gpqy");
+  EXPECT_EQ(whole, 10 * countOf(pictureOf(one, 356, 256), black));
+}
+
 TEST(SurfacePainter, ATextCoversThePointThatGaveItsPlace) {
   for (int place = 1; place < 60; ++place) {
     Surface surface("a", 100, 95, 15);
@@ -158,8 +269,8 @@ TEST(SurfacePainter, ATextThatStaysIsSetSmallerAndThenShortened) {
   surface.printAt(200, 20, Colour::blue, "una riga");
   surface.printAt(200, 60, Colour::blue, std::string(200, 'm'));
   const QImage picture = pictureOf(surface, 400, 100);
-  const QRect left(0, 0, 200, 100);
-  EXPECT_EQ(countOf(picture.copy(left), yellow), 200 * 100);  // nothing slides to the left
+  const QRect left(0, 0, 197, 100);                           // up to the letters' halo
+  EXPECT_EQ(countOf(picture.copy(left), yellow), 197 * 100);  // nothing slides to the left
   const QRect line = placeOf(picture.copy(200, 0, 200, 50), blue);
   const QRect longLine = placeOf(picture.copy(200, 50, 200, 50), blue);
   EXPECT_GT(line.height(), 8);

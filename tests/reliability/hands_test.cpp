@@ -292,7 +292,7 @@ class Monkey {
          {&program_.window.firstTrace, &program_.window.secondTrace, &program_.window.leftSpectrum,
           &program_.window.rightSpectrum, &program_.window.Picture6, &program_.window.messagePanel,
           &program_.window.coherenceGraph, &program_.comments.text})
-      if (surface->marks().size() > platform::Surface::mostMarks) ADD_FAILURE() << surface->name() << " grows";
+      if (surface->marks().size() > platform::Surface::foldingSize) ADD_FAILURE() << surface->name() << " grows";
   }
 
   /// Stop ends whatever runs within two turns, and End ends the program.

@@ -1,12 +1,12 @@
 #include "platform/qt/surface_painter.h"
 
-#include <QFontMetricsF>
 #include <QPolygonF>
 #include <algorithm>
 #include <cmath>
 #include <span>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/text_painter.h"
 
 namespace korvinel::platform {
 namespace {
@@ -21,39 +21,62 @@ class Painting {
         size_(size),
         scaleX_(size.width() / surface.width()),
         scaleY_(size.height() / surface.height()),
-        pixelRatio_(pixelRatio) {}
+        pixelRatio_(pixelRatio),
+        texts_(painter, surface, size, pixelRatio) {}
 
   void paint() {
     painter_.fillRect(QRectF({0, 0}, size_), colourOf(surface_.background()));
-    std::span<const Mark> rest(surface_.marks());
-    while (!rest.empty()) rest = rest.subspan(paintNext(rest));
+    paintShade();
+    if (surface_.boxesLieBelow())
+      for (const Mark& mark : surface_.marks())
+        if (mark.kind == Mark::Kind::box) paintBox(mark);
+    const std::span<const Mark> marks(surface_.marks());
+    for (std::size_t next = 0; next < marks.size();) next += paintNext(marks, next);
   }
 
  private:
-  /// Paints the first mark, with the lines that go on from it; gives how many marks that were.
-  std::size_t paintNext(std::span<const Mark> marks) {
-    const Mark& mark = marks.front();
+  /// Paints a mark, with the lines that go on from it; gives how many marks that were.
+  std::size_t paintNext(std::span<const Mark> marks, std::size_t index) {
+    const Mark& mark = marks[index];
     switch (mark.kind) {
       case Mark::Kind::point: paintPoint(mark); break;
-      case Mark::Kind::line: return paintLines(marks);
-      case Mark::Kind::box: paintBox(mark); break;
-      case Mark::Kind::text: paintText(mark); break;
+      case Mark::Kind::line: return paintLines(marks.subspan(index));
+      case Mark::Kind::box:
+        if (!surface_.boxesLieBelow()) paintBox(mark);
+        break;
+      case Mark::Kind::text: texts_.paint(mark, marks.first(index)); break;
     }
     return 1;
   }
 
   QPointF pixel(double x, double y) const { return {x * scaleX_, y * scaleY_}; }
 
+  /// A point that only gives a text its place is no part of the picture.
+  [[nodiscard]] bool placesText(const Mark& point) const {
+    return std::any_of(surface_.marks().begin(), surface_.marks().end(), [&](const Mark& mark) {
+      return mark.kind == Mark::Kind::text && mark.x1 == point.x1 && mark.y1 == point.y1;
+    });
+  }
+
   void paintPoint(const Mark& mark) {
+    if (placesText(mark)) return;
     const qreal side = std::max(1.0, std::floor(1.5 * pixelRatio_));
     const QPointF place = pixel(mark.x1, mark.y1);
     painter_.fillRect(QRectF(std::floor(place.x()), std::floor(place.y()), side, side), colourOf(mark.colour));
   }
 
+  void paintShade() {
+    constexpr float strength = 0.14F;
+    const Surface::Shade& shade = surface_.shade();
+    if (shade.x1 == shade.x2) return;
+    QColor tint = colourOf(shade.colour);
+    tint.setAlphaF(strength);
+    painter_.fillRect(QRectF(pixel(shade.x1, 0), pixel(shade.x2, surface_.height())).normalized(), tint);
+  }
+
   void paintBox(const Mark& mark) {
     const QPointF corner = pixel(std::min(mark.x1, mark.x2), std::min(mark.y1, mark.y2));
-    const double height = std::max(surface_.leastBoxHeight(), std::abs(mark.y2 - mark.y1));
-    const QPointF extent = pixel(std::abs(mark.x2 - mark.x1), height);
+    const QPointF extent = pixel(std::abs(mark.x2 - mark.x1), std::abs(mark.y2 - mark.y1));
     // Boxes of one size cover the same number of pixels everywhere, so that a row of bars looks even.
     painter_.fillRect(QRectF(std::round(corner.x()), std::round(corner.y()), std::max(1.0, std::round(extent.x())),
                              std::max(1.0, std::round(extent.y()))),
@@ -108,50 +131,12 @@ class Painting {
     painter_.setRenderHint(QPainter::Antialiasing, false);
   }
 
-  /// The largest font whose lines are no higher than this, and whose `text` is no wider than the surface allows.
-  QFont fontFor(const QString& text, qreal lineHeight, qreal room) const {
-    QFont font = painter_.font();
-    const auto tooLarge = [&] {
-      const QFontMetricsF metrics(font);
-      return metrics.height() > lineHeight + 0.5 || metrics.horizontalAdvance(text) > room;
-    };
-    int size = std::max(1, static_cast<int>(lineHeight));
-    font.setPixelSize(size);
-    while (size > 1 && tooLarge()) font.setPixelSize(--size);
-    return font;
-  }
-
-  /// Sets the font and gives the text as it fits: it is moved to the left before it gets much smaller than its
-  /// neighbours, or shortened where it must stay.
-  QString fit(const QString& text, qreal lineHeight, qreal room) {
-    constexpr qreal noLimit = 1e9;
-    const bool stays = surface_.textsStay();
-    const QFont full = fontFor(text, lineHeight, stays ? noLimit : size_.width());
-    const qreal leastRoom = QFontMetricsF(full).horizontalAdvance(text) * (stays ? 0.7 : 0.8);
-    painter_.setFont(fontFor(text, lineHeight, std::max(room, leastRoom)));
-    return stays ? painter_.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(room)) : text;
-  }
-
-  /// A text on its cell.
-  void paintText(const Mark& mark) {
-    const qreal lineHeight = surface_.lineHeight() * scaleY_;
-    QPointF place = pixel(mark.x1, mark.y1);
-    const QString text = fit(toQt(mark.text), lineHeight, size_.width() - place.x());
-    const qreal width = painter_.fontMetrics().horizontalAdvance(text);
-    place.setX(std::floor(std::max(0.0, std::min(place.x(), size_.width() - width))));
-    place.setY(std::floor(std::max(0.0, std::min(place.y(), size_.height() - lineHeight))));
-    const QRectF cell(place, QSizeF(std::ceil(width), std::round(lineHeight)));
-    const Rgb ink = rgbOf(mark.colour);
-    painter_.fillRect(cell, toQt(cellBehind(ink, rgbOf(surface_.background()))));
-    painter_.setPen(toQt(ink));
-    painter_.drawText(cell, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, text);
-  }
-
   QPainter& painter_;
   const Surface& surface_;
   QSizeF size_;
   double scaleX_, scaleY_;
   qreal pixelRatio_;
+  TextPainter texts_;
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QFontInfo>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
 #include <QStringList>
 #include <cmath>
 #include <span>
@@ -20,6 +21,12 @@ QString attribute(const char* name, const QString& value) {
 }
 
 QString attribute(const char* name, double value) { return attribute(name, number(value)); }
+
+/// One step of a path, to a tenth of a pixel.
+QString step(const QPainterPath::Element& element) {
+  const char* letter = element.isMoveTo() ? "M" : element.isLineTo() ? "L" : element.isCurveTo() ? "C" : " ";
+  return QStringLiteral("%1%2,%3").arg(QLatin1String(letter)).arg(element.x, 0, 'f', 1).arg(element.y, 0, 'f', 1);
+}
 
 /// Letters that no XML file may hold become the replacement character.
 QString legal(QString text) {
@@ -73,6 +80,16 @@ class SvgEngine : public QPaintEngine {
     body_ += QStringLiteral("<polyline") + attribute("points", places.join(' ')) +
              attribute("stroke", pen.color().name()) + attribute("stroke-width", pen.widthF()) +
              QStringLiteral(" fill=\"none\" stroke-linecap=\"round\" stroke-linejoin=\"round\"/>\n");
+  }
+
+  /// Outlines of letters.
+  void drawPath(const QPainterPath& untransformed) override {
+    const QPainterPath path = state->transform().map(untransformed);
+    QString steps;
+    for (int i = 0; i < path.elementCount(); ++i) steps += step(path.elementAt(i));
+    body_ += QStringLiteral("<path") + attribute("d", steps) + attribute("stroke", state->pen().color().name()) +
+             attribute("stroke-width", state->pen().widthF()) +
+             QStringLiteral(" fill=\"none\" stroke-linejoin=\"round\"/>\n");
   }
 
   void drawTextItem(const QPointF& untransformed, const QTextItem& item) override {

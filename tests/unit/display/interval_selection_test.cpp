@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 #include "headless_program.h"
@@ -68,6 +69,38 @@ TEST(IntervalSelection, LongerBarsStayWhileDraggingBack) {
   strip.window.stripPointer.onMoved(90);
   strip.window.stripPointer.onMoved(60);
   EXPECT_EQ(strip.window.Picture6.marks().size(), 3U);
+}
+
+TEST(IntervalSelection, TheChosenStretchIsTinted) {
+  Strip strip;
+  const auto& shade = [&]() -> const platform::Surface::Shade& { return strip.window.Picture6.shade(); };
+  strip.drag(30, 300);
+  EXPECT_EQ(shade(), (platform::Surface::Shade{30, 171, Colour::lightRed}));
+  strip.window.stripPointer.onPressed(60);
+  EXPECT_EQ(shade().x1, shade().x2);
+  strip.window.stripPointer.onMoved(90);
+  strip.window.stripPointer.onMoved(75);
+  EXPECT_EQ(shade(), (platform::Surface::Shade{60, 75, Colour::lightRed}));
+}
+
+/// By hand, a place at a time, a hundred times, to and fro.
+TEST(IntervalSelection, TheTrendAndTheNotesStayHoweverOftenItIsDragged) {
+  Strip strip(200);
+  strip.state.noteCount = 2;
+  for (const int note : {1, 2}) strip.state.noteTimes[note] = static_cast<float>(60 * note);
+  for (int block = 1; block <= 200; ++block) strip.shared.coherenceHistory[1][block] = static_cast<float>(block % 100);
+  strip.state.summariseSynchrony();
+  const auto& surface = strip.window.Picture6;
+  const auto drawn = surface.marks();
+  for (int drag = 1; drag <= 100; ++drag) {
+    strip.window.stripPointer.onPressed(static_cast<float>(drag));
+    for (int x = 0; x <= 600; ++x) strip.window.stripPointer.onMoved(static_cast<float>(x));
+    for (int x = 600; x >= 0; --x) strip.window.stripPointer.onMoved(static_cast<float>(x));
+    strip.window.stripPointer.onReleased(static_cast<float>(drag + 30));
+    EXPECT_LT(surface.marks().size(), drawn.size() + 1'300);
+  }
+  ASSERT_GE(surface.marks().size(), drawn.size());
+  EXPECT_TRUE(std::equal(drawn.begin(), drawn.end(), surface.marks().begin()));
 }
 
 TEST(IntervalSelection, MovesAndReleasesCountOnlyAfterAPress) {

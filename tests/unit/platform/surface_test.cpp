@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace korvinel::platform {
 namespace {
 
@@ -69,15 +71,60 @@ TEST(Surface, StaysSmallUnderEndlessRepetition) {
     surface.point(i % 90, 50, Colour::blue);
     if (i % 1'000 == 0) surface.printAt(5, 5, Colour::black, "resta");
   }
-  EXPECT_LE(surface.marks().size(), Surface::mostMarks);
+  EXPECT_LE(surface.marks().size(), Surface::foldingSize);
   EXPECT_TRUE(surface.shows("resta"));
 }
 
-TEST(Surface, StaysSmallWhateverIsDrawn) {
+TEST(Surface, NothingThatCanBeSeenIsEverDropped) {
+  constexpr int side = 150;
+  Surface surface("Foglio", side, side, 10);
+  surface.printAt(5, 5, Colour::black, "resta");
+  for (int round = 1; round <= 3; ++round)
+    for (int place = 0; place < side * side; ++place) surface.point(place % side, place / side, Colour::blue);
+  std::set<std::pair<double, double>> places;
+  for (const Mark& mark : surface.marks())
+    if (mark.kind == Mark::Kind::point) places.insert({mark.x1, mark.y1});
+  EXPECT_EQ(places.size(), static_cast<std::size_t>(side * side));
+  EXPECT_LE(surface.marks().size(), 2U * side * side + Surface::foldingSize);
+  EXPECT_TRUE(surface.shows("resta"));
+}
+
+TEST(Surface, ABoxDropsTheBoxesThatItHidesAtEverySize) {
+  struct Case {
+    double x1, x2;
+    bool dropped;
+  };
+  const Case cases[] = {{10, 40, true}, {10, 30, true}, {10, 41, false}, {12, 30, false}, {9, 30, false}};
+  for (const auto& [x1, x2, dropped] : cases) {
+    Surface surface = paper();
+    surface.box(x1, 5, x2, 6, Colour::red);
+    surface.box(10, 5, 40, 6, Colour::blue);
+    EXPECT_EQ(surface.marks().size(), dropped ? 1U : 2U) << x1 << " " << x2;
+    surface.box(0, 5, 100, 6, Colour::white);
+    EXPECT_EQ(surface.marks().size(), 1U);
+  }
+}
+
+TEST(Surface, ABoxLeavesLinesAndPointsAndLowerBoxes) {
   Surface surface = paper();
-  for (int i = 0; i < 100'000; ++i) surface.point(i, i, Colour::blue);
-  EXPECT_LE(surface.marks().size(), Surface::mostMarks);
-  EXPECT_EQ(surface.marks().back().x1, 99'999);
+  surface.line(10, 5, 20, 5, Colour::blue);
+  surface.point(12, 5, Colour::blue);
+  surface.box(10, 5, 20, 7, Colour::red);
+  surface.box(0, 5, 100, 6, Colour::white);
+  EXPECT_EQ(surface.marks().size(), 4U);
+}
+
+TEST(Surface, HasOneShadeUntilItIsCleared) {
+  Surface surface = paper();
+  int changes = 0;
+  surface.onChanged = [&] { ++changes; };
+  surface.shade(10, 40, Colour::lightRed);
+  surface.shade(10, 30, Colour::lightRed);
+  EXPECT_EQ(surface.shade(), (Surface::Shade{10, 30, Colour::lightRed}));
+  EXPECT_TRUE(surface.marks().empty());
+  surface.clear();
+  EXPECT_EQ(surface.shade(), Surface::Shade{});
+  EXPECT_EQ(changes, 3);
 }
 
 TEST(Surface, ABoxTakesTheTextsAwayThatItPaintsOver) {

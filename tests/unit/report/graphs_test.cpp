@@ -322,7 +322,7 @@ TEST(Scale, AnEndlessDraggingOfTheSliderKeepsTheGroundBounded) {
   Surface& ground = program.reportWindow.ground;
   for (int earlier = 0; earlier < 7'900; ++earlier) ground.point(880, 144, Colour::windowBackground);
   for (int scale = 1; scale <= 200; ++scale) program.reportWindow.scaleSlider.moveTo(scale);
-  EXPECT_LE(program.reportWindow.ground.marks().size(), Surface::mostMarks);
+  EXPECT_LE(program.reportWindow.ground.marks().size(), Surface::foldingSize);
   EXPECT_TRUE(program.reportWindow.ground.shows("Norvess Instruments"));
 }
 
