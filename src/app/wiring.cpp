@@ -1,7 +1,7 @@
 #include "app/wiring.h"
 
 #include "platform/timing.h"
-#include "recording/safe_keeping.h"
+#include "recording/conclusion.h"
 
 namespace korvinel {
 namespace {

@@ -116,6 +116,8 @@ struct MainState {
   std::vector<std::string> sideFileLines;  ///< what the side file is known to hold; none: it is to be written anew
   std::string foreignPaths;                ///< files found in the temporary file's place and kept, each behind "\r"
   int blocksFromMemory = 0;                ///< blocks that the temporary file did not hold as they were recorded
+  Int16 dataFileWhole = 0;                 ///< 1: the last assembling wrote all of the data file
+  std::string savedElsewhere;              ///< the data file in the place that was asked for; "" = there was no need
   Int16 recordingFaultUntold = 0;          ///< something failed or was mended in recording and nobody has been told
   Int16 nobodyToAsk = 0;                   ///< the program ends where no box can be shown: faults go to standard error
   std::function<void()> finishAssembling;  ///< while a data file is written: the rest of it, letting no events in
@@ -208,8 +210,9 @@ struct MainState {
   void keepNotesAndNames();
 
   // recording/data_file.cpp
-  /// Writes the data file from the header values, the notes and the temporary file, which is then deleted, or set aside
-  /// if any write has failed. Failing steps are skipped; the first cause stays in `recordingFault`.
+  /// Writes the data file from the header values, the notes and the blocks as they were recorded. The temporary file is
+  /// compared with them block by block; then it is deleted, or set aside with the side file if any write has failed.
+  /// Failing steps are skipped; the first cause stays in `recordingFault`.
   void assembleDataFile();
   /// From `readHandle`; sets the subject, the date field, the date, the tag, the notes and `headerText1`, again the
   /// date field. All or nothing: a RuntimeError leaves them as they were.

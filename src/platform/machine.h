@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace korvinel::platform {
 
 /// What the program asks of the operating system. Priorities are requests: a system that refuses them is no error.
@@ -7,6 +9,7 @@ struct Machine {
   virtual ~Machine() = default;
   virtual void setThreadPriority(int stepsAboveNormal) = 0;  ///< of the calling thread; 1 = one step above normal
   virtual void setPriorityClass(int priorityClass) = 0;      ///< of the process; 128 = high
+  virtual std::string homeFolder() = 0;  ///< the user's own, with the separator behind it, as the host writes paths
 };
 
 /// Windows beside the main window. They are opened and closed on the user-interface thread, not modal.

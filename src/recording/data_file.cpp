@@ -18,17 +18,18 @@ struct Assembly {
   MainState& state;
   std::unique_ptr<platform::OutputFile> data;
   std::unique_ptr<platform::InputFile> temporary;
-  bool whole = true;
   bool letsEventsIn = true;
+  bool whole = true;
+  bool asRecorded = true;  ///< the temporary file holds what was recorded and nothing else
   bool programEnds = false;
-  std::size_t copiedBytes = 0;
+  std::size_t next = 0;  ///< byte of `temporaryContent` that is to be copied next
 };
 
 void attempt(Assembly& assembly, const std::function<void()>& step) {
   if (!attemptWrite(assembly.state, step)) assembly.whole = false;
 }
 
-void write(Assembly& assembly, const std::string& bytes) {
+void write(Assembly& assembly, std::string_view bytes) {
   if (assembly.whole) attempt(assembly, [&] { assembly.data->write(bytes); });
 }
 
@@ -46,11 +47,24 @@ void writeHeaderAndNotes(Assembly& assembly) {
     write(assembly, noteLine(state.noteTimes[note], state.noteTexts[note]));
 }
 
-void openTemporary(Assembly& assembly) {
-  attempt(assembly, [&] {
-    assembly.temporary = assembly.state.host.files.openForReading(temporaryPath);
-    for (int field = 1; field <= 3; ++field) (void)readField(*assembly.temporary);
+/// Takes as many bytes from the temporary file as `recorded` has. Returns whether they are the same. A file that cannot
+/// be read any further holds nothing.
+bool temporaryHolds(Assembly& assembly, std::string_view recorded) {
+  if (!assembly.temporary) return false;
+  bool same = true;
+  const bool read = platform::skipOnFault([&] {
+    for (const char byte : recorded)
+      if (assembly.temporary->take() != static_cast<unsigned char>(byte)) same = false;
   });
+  if (!read) assembly.temporary.reset();
+  return read && same;
+}
+
+void openTemporary(Assembly& assembly) {
+  platform::skipOnFault([&] { assembly.temporary = assembly.state.host.files.openForReading(temporaryPath); });
+  assembly.next = recordedHeaderBytes(assembly.state);
+  assembly.asRecorded =
+      temporaryHolds(assembly, std::string_view(assembly.state.temporaryContent).substr(0, assembly.next));
 }
 
 /// The recording is brought home even if the program is ended meanwhile.
@@ -63,66 +77,77 @@ void letEventsIn(Assembly& assembly) {
   }
 }
 
-void copyChannelRecord(Assembly& assembly) {
-  std::string samples;
-  for (int byte = 1; byte <= channelRecordBytes && !assembly.temporary->atEnd(); ++byte) {
-    const auto taken = static_cast<char>(static_cast<unsigned char>(assembly.temporary->take()));
-    if (byte <= samplesPerRecord) samples += taken;
-    ++assembly.copiedBytes;
-  }
-  write(assembly, samples + "-\r\n");
-}
+bool moreToCopy(const Assembly& assembly) { return assembly.next < assembly.state.temporaryContent.size(); }
 
-/// Returns whether there is more to copy.
-bool copyBlock(Assembly& assembly) {
-  for (int channel = 1; channel <= 4 && !assembly.temporary->atEnd(); ++channel) copyChannelRecord(assembly);
-  return !assembly.temporary->atEnd();
+/// What was recorded is written; the temporary file, which may have been changed by others, only confirms it.
+void copyBlock(Assembly& assembly) {
+  bool same = true;
+  for (int channel = 1; channel <= 4 && moreToCopy(assembly); ++channel) {
+    const auto record = std::string_view(assembly.state.temporaryContent).substr(assembly.next, channelRecordBytes);
+    same = temporaryHolds(assembly, record) && same;
+    write(assembly, record);
+    assembly.next += record.size();
+  }
+  if (same) return;
+  assembly.asRecorded = false;
+  ++assembly.state.blocksFromMemory;
 }
 
 void copyBlocks(Assembly& assembly) {
-  bool more = false;
-  attempt(assembly, [&] { more = assembly.temporary && !assembly.temporary->atEnd(); });
-  while (more && assembly.whole) {
+  while (moreToCopy(assembly) && assembly.whole) {
     letEventsIn(assembly);
-    attempt(assembly, [&] { more = copyBlock(assembly); });
+    if (assembly.state.assembling == 1) copyBlock(assembly);
   }
 }
 
-void checkThatAllWasCopied(Assembly& assembly) {
-  const std::string& content = assembly.state.temporaryContent;
-  const std::size_t headerBytes = content.find('\n') + 1;
-  attempt(assembly, [&] {
-    if (headerBytes + assembly.copiedBytes < content.size())
-      throw RuntimeError(Fault::input, "Il file temporaneo e' incompleto");
-  });
-}
-
 void closeBoth(Assembly& assembly) {
+  platform::skipOnFault([&] {
+    if (assembly.temporary && assembly.whole && !assembly.temporary->atEnd()) assembly.asRecorded = false;
+  });
   if (assembly.data) attempt(assembly, [&] { assembly.data->synchronise(); });
   assembly.data.reset();
   assembly.temporary.reset();
 }
 
-void disposeOfTemporary(MainState& state) {
-  if (state.recordingFault.empty())
-    removeTemporaryFile(state.host.files);
-  else
+void disposeOfTemporary(Assembly& assembly) {
+  MainState& state = assembly.state;
+  state.dataFileWhole = assembly.whole ? 1 : 0;
+  if (!state.recordingFault.empty()) {
     state.setAsidePath = keepRecordedData(state);
+    return;
+  }
+  if (!assembly.asRecorded) {
+    state.recordingFaultUntold = 1;
+    platform::skipOnFault([&] { setForeignFileAside(state); });
+  }
+  removeTemporaryFile(state.host.files);
+}
+
+/// Everything from the first block on; done once, by the assembling itself or by what ends the program during it.
+void finish(Assembly& assembly) {
+  MainState& state = assembly.state;
+  copyBlocks(assembly);
+  if (state.assembling == 0) return;
+  closeBoth(assembly);
+  disposeOfTemporary(assembly);
+  state.assembling = 0;
 }
 
 void assemble(Assembly assembly) {
   MainState& state = assembly.state;
   state.assembling = 1;
+  state.blocksFromMemory = 0;
+  state.finishAssembling = [&assembly] {
+    assembly.letsEventsIn = false;
+    finish(assembly);
+  };
   addPlaceholderNote(state);
   attemptWrite(state, [&] { completeTemporaryFile(state, true); });
   attempt(assembly, [&] { assembly.data = state.host.files.openForAppending(dataFolder + state.shared.dataFileName); });
   writeHeaderAndNotes(assembly);
   openTemporary(assembly);
-  copyBlocks(assembly);
-  checkThatAllWasCopied(assembly);
-  closeBoth(assembly);
-  disposeOfTemporary(state);
-  state.assembling = 0;
+  finish(assembly);
+  state.finishAssembling = {};
   if (assembly.programEnds) throw platform::ProgramEnd{};
 }
 
@@ -130,11 +155,7 @@ void assemble(Assembly assembly) {
 
 void MainState::assembleDataFile() { assemble({*this, {}, {}}); }
 
-void assembleWithoutEvents(MainState& state) {
-  Assembly assembly{state, {}, {}};
-  assembly.letsEventsIn = false;
-  assemble(std::move(assembly));
-}
+void assembleWithoutEvents(MainState& state) { assemble({state, {}, {}, false}); }
 
 void MainState::readFileHeader() {
   FileHeader header = readHeader(*readHandle);

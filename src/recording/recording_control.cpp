@@ -1,9 +1,9 @@
 #include "frame/main_state.h"
 #include "frame/waiting.h"
 #include "platform/dialogs.h"
+#include "recording/conclusion.h"
 #include "recording/data_paths.h"
 #include "recording/file_header.h"
-#include "recording/safe_keeping.h"
 #include "values/code_page.h"
 
 namespace korvinel {
@@ -60,7 +60,7 @@ void MainState::checkFileName() {
 
 void MainState::startRecording() {
   if (acquisitionRunning == 0 || !openFilePath.empty() || recordingActive == 1) return;
-  if (!temporaryFileIsReady(*this)) return;
+  if (!temporaryFileIsReady(*this)) return tellOfSetAsideRecording(*this);
   recordingArmed = recordingActive = 1;
   window.Registra.setBackColour(Colour::yellow);
   window.statusLabel.setInk(Colour::lightRed);
@@ -75,7 +75,7 @@ void MainState::endRecording() {
   assembleDataFile();
   switchRecordingOff(*this);
   waitAtLeast(*this, 0.5);
-  tellRecordingFault(*this);
+  concludeRecording(*this);
   temporaryContent.clear();
   temporaryWritten = 0;
 }

@@ -1,14 +1,10 @@
 #include "recording/safe_keeping.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 
-#include "platform/dialogs.h"
 #include "platform/operation_edge.h"
 #include "platform/timing.h"
-#include "recording/channel_record.h"
-#include "recording/data_file.h"
 #include "recording/data_paths.h"
 #include "recording/side_file.h"
 
@@ -27,6 +23,18 @@ int lengthInAgreement(platform::InputFile& file, const std::string& content) {
   return static_cast<int>(length);
 }
 
+/// What lies in the temporary file's place.
+struct Found {
+  int agreement = 0;     ///< bytes at its beginning that are as they were recorded
+  bool foreign = false;  ///< something else stands behind them
+};
+
+Found lookAtTemporaryFile(const MainState& state) {
+  const auto file = state.host.files.openForReading(temporaryPath);
+  const int agreement = lengthInAgreement(*file, state.temporaryContent);
+  return {agreement, !file->atEnd()};
+}
+
 std::string stampedPath(MainState& state) {
   const platform::CalendarTime now = state.host.clock.localTime();
   std::array<char, 80> stamp{};
@@ -39,31 +47,35 @@ std::string stampedPath(MainState& state) {
   return path;
 }
 
-/// A file in the temporary file's place that holds something else. The side file is not its own.
-void setForeignFileAside(MainState& state) {
-  const std::string path = stampedPath(state);
-  state.host.files.rename(temporaryPath, path);
-  state.foreignPaths += "\r" + path;
-  state.recordingFaultUntold = 1;
-}
-
-/// The byte from which the temporary file is to be continued. Once a write has failed, nothing but the file itself
-/// tells how far it went; one that holds something else is put out of the way.
-int placeToContinue(MainState& state) {
-  auto& files = state.host.files;
-  if (!files.exists(temporaryPath)) return 0;
-  if (state.recordingFault.empty()) return state.temporaryWritten;
-  auto file = files.openForReading(temporaryPath);
-  const int length = lengthInAgreement(*file, state.temporaryContent);
-  if (file->atEnd()) return length;
-  file.reset();
+/// The byte from which the temporary file is to be continued; one that holds something else is put out of the way.
+int placeToContinue(MainState& state, bool isToBeLookedAt) {
+  if (!state.host.files.exists(temporaryPath)) return 0;
+  if (!isToBeLookedAt) return state.temporaryWritten;
+  const Found found = lookAtTemporaryFile(state);
+  if (!found.foreign) return found.agreement;
   setForeignFileAside(state);
   return 0;
 }
 
-int blocksNotWritten(const MainState& state) {
-  const int bytes = static_cast<int>(state.temporaryContent.size()) - state.temporaryWritten;
-  return (bytes + blockBytes - 1) / blockBytes;
+void appendWhatIsMissing(MainState& state, bool synchronised) {
+  const auto file = state.host.files.openForAppending(temporaryPath);
+  file->write(std::string_view(state.temporaryContent).substr(static_cast<std::size_t>(state.temporaryWritten)));
+  state.temporaryWritten = static_cast<int>(state.temporaryContent.size());
+  if (synchronised) file->synchronise();
+}
+
+void noteFault(MainState& state, const std::exception& fault) {
+  if (state.recordingFault.empty()) state.recordingFault = fault.what();
+  state.recordingFaultUntold = 1;
+}
+
+/// Looks at every byte, and mends what others have changed. Whatever happens, `temporaryWritten` is then true.
+void verifyTemporaryFile(MainState& state) {
+  state.temporaryWritten = 0;
+  skipOnFault([&] {
+    state.temporaryWritten = placeToContinue(state, true);
+    completeTemporaryFile(state, true);
+  });
 }
 
 }  // namespace
@@ -73,25 +85,26 @@ bool attemptWrite(MainState& state, const std::function<void()>& step) {
     try {
       step();
     } catch (const std::exception& fault) {
-      if (state.recordingFault.empty()) state.recordingFault = fault.what();
+      noteFault(state, fault);
       throw;
     }
   });
 }
 
 void completeTemporaryFile(MainState& state, bool synchronised) {
-  state.temporaryWritten = placeToContinue(state);
+  // Once a write has failed, nothing but the file itself tells how far it went.
+  state.temporaryWritten = placeToContinue(state, !state.recordingFault.empty());
   try {
-    const auto file = state.host.files.openForAppending(temporaryPath);
-    file->write(std::string_view(state.temporaryContent).substr(static_cast<std::size_t>(state.temporaryWritten)));
-    state.temporaryWritten = static_cast<int>(state.temporaryContent.size());
-    if (synchronised) file->synchronise();
+    appendWhatIsMissing(state, synchronised);
   } catch (const RuntimeError& fault) {
-    if (state.recordingFault.empty()) state.recordingFault = fault.what();
-    skipOnFault([&] { state.temporaryWritten = placeToContinue(state); });
+    noteFault(state, fault);
+    state.temporaryWritten = 0;
+    skipOnFault([&] { state.temporaryWritten = placeToContinue(state, true); });
     throw;
   }
 }
+
+std::size_t recordedHeaderBytes(const MainState& state) { return state.temporaryContent.find('\n') + 1; }
 
 bool leftOverTemporaryFile(platform::Files& files) {
   if (!files.exists(temporaryPath)) return false;
@@ -123,39 +136,33 @@ void setLonelySideFileAside(MainState& state) {
     files.rename(sideFilePath, sidePathOf(stampedPath(state)));
 }
 
+void setForeignFileAside(MainState& state) {
+  if (!state.host.files.exists(temporaryPath)) return;
+  Found found{0, true};
+  skipOnFault([&] { found = lookAtTemporaryFile(state); });
+  if (!found.foreign) return;
+  const std::string path = stampedPath(state);
+  state.host.files.rename(temporaryPath, path);
+  state.foreignPaths += "\r" + path;
+  state.recordingFaultUntold = 1;
+}
+
 void removeTemporaryFile(platform::Files& files) {
   skipOnFault([&] { files.remove(sideFilePath); });
   skipOnFault([&] { files.remove(temporaryPath); });
 }
 
 std::string keepRecordedData(MainState& state) {
-  auto& files = state.host.files;
-  std::string place;
-  if (skipOnFault([&] { place = setTemporaryFileAside(state); })) return place;
-  if (files.exists(temporaryPath)) return temporaryPath;
-  place = stampedPath(state);
-  const bool written = skipOnFault([&] { files.create(place)->write(state.temporaryContent); });
-  if (written) state.temporaryWritten = static_cast<int>(state.temporaryContent.size());
-  return written ? place : "";
+  verifyTemporaryFile(state);
+  std::string place = temporaryPath;
+  skipOnFault([&] { place = setTemporaryFileAside(state); });
+  completeSideFile(state, sidePathOf(place));
+  return state.host.files.exists(place) ? place : "";
 }
 
-void bringRecordingHome(MainState& state) {
-  if (state.recordingActive != 1 || state.assembling == 1) return;
-  assembleWithoutEvents(state);
-  state.recordingActive = state.recordingArmed = 0;
-}
-
-void tellRecordingFault(MainState& state) {
-  if (state.recordingFault.empty()) return;
-  std::string text = "Errore di scrittura durante la registrazione!\r" + state.recordingFault;
-  if (state.setAsidePath.empty())
-    text += "\rI dati non sono stati messi al sicuro.\rQuanto e' stato scritto si trova nel file\r" +
-            std::string(temporaryPath);
-  else
-    text += "\rI dati registrati sono conservati nel file\r" + state.setAsidePath;
-  if (const int lost = blocksNotWritten(state); lost > 0 && !state.setAsidePath.empty())
-    text += "\rNe mancano gli ultimi " + std::to_string(lost * 3) + " secondi.";
-  state.host.dialogs.notice(text);
+bool recordedDataAreKept(const MainState& state) {
+  return !state.setAsidePath.empty() && state.temporaryWritten == static_cast<int>(state.temporaryContent.size()) &&
+         sideFileIsComplete(state);
 }
 
 }  // namespace korvinel

@@ -19,6 +19,9 @@ bool attemptWrite(MainState& state, const std::function<void()>& step);
 /// `synchronised`: puts it on the disk, too. A RuntimeError (output) where it fails again.
 void completeTemporaryFile(MainState& state, bool synchronised);
 
+/// Bytes of the header line in `temporaryContent`; the blocks stand behind it.
+[[nodiscard]] std::size_t recordedHeaderBytes(const MainState& state);
+
 /// Whether a temporary file is there that holds more than its header line.
 [[nodiscard]] bool leftOverTemporaryFile(platform::Files& files);
 
@@ -29,18 +32,19 @@ std::string setTemporaryFileAside(MainState& state);
 /// Gives a side file whose temporary file is gone such a name, so that a new one does not take its place.
 void setLonelySideFileAside(MainState& state);
 
+/// Gives what lies in the temporary file's place such a name, and keeps that in `foreignPaths`, unless it is nothing
+/// but a beginning of what was recorded. The side file, which is not its own, stays. A RuntimeError (output) if it
+/// cannot be renamed.
+void setForeignFileAside(MainState& state);
+
 /// Deletes the temporary file and its side file, as far as that is possible.
 void removeTemporaryFile(platform::Files& files);
 
-/// As above, but never throws: what cannot be renamed stays where it is, and of a file that has vanished the content is
-/// written again from memory. Returns where the data are now, "" if nowhere.
+/// Makes the temporary file and its side file hold what was recorded as far as there is room, and sets them aside; what
+/// cannot be renamed stays where it is. Returns where the temporary file is now, "" if nowhere. Never a fault.
 std::string keepRecordedData(MainState& state);
 
-/// When the program ends in mid-recording (Cancel in a communication error, End right after Stop): writes the data file
-/// without letting events in. Nothing happens while recording is off or the file is being written already.
-void bringRecordingHome(MainState& state);
-
-/// Tells the user what failed while recording or assembling and where the data are; nothing if nothing failed.
-void tellRecordingFault(MainState& state);
+/// Whether the files that keepRecordedData has left hold all blocks and all notes.
+[[nodiscard]] bool recordedDataAreKept(const MainState& state);
 
 }  // namespace korvinel

@@ -29,10 +29,16 @@ std::string noteFields(const MainState& state, int note) {
          quotedField(state.noteTexts[note]);
 }
 
+/// The placeholder of a recording without notes is no note: it has the time 1.
+int notesOf(const MainState& state) {
+  const bool placeholder = state.noteCount == 1 && state.noteTimes[1] == 1;
+  return placeholder ? 0 : static_cast<int>(state.noteCount);
+}
+
 Lines linesOf(const MainState& state) {
   Lines lines{checkedLine(quotedField(sideFileOwner) + "," + temporaryHeader(state)), checkedLine(namesFields(state)),
-              checkedLine(quotedField(sideFileNoteCount) + "," + std::to_string(state.noteCount))};
-  for (int note = 1; note <= state.noteCount; ++note) lines.push_back(checkedLine(noteFields(state, note)));
+              checkedLine(quotedField(sideFileNoteCount) + "," + std::to_string(notesOf(state)))};
+  for (int note = 1; note <= notesOf(state); ++note) lines.push_back(checkedLine(noteFields(state, note)));
   return lines;
 }
 
@@ -66,6 +72,8 @@ bool completeSideFile(MainState& state, const std::string& path) {
     state.sideFileLines = lines;
   });
 }
+
+bool sideFileIsComplete(const MainState& state) { return state.sideFileLines == linesOf(state); }
 
 void MainState::keepNotesAndNames() {
   if (recordingActive == 1 && assembling == 0 && !temporaryContent.empty()) completeSideFile(*this, sideFilePath);

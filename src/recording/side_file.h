@@ -36,4 +36,7 @@ void beginSideFile(MainState& state);
 /// Appends what the side file at `path` does not hold yet, and puts it on the disk. Returns whether it holds all.
 bool completeSideFile(MainState& state, const std::string& path);
 
+/// Whether the side file is known to hold names and notes as they stand.
+[[nodiscard]] bool sideFileIsComplete(const MainState& state);
+
 }  // namespace korvinel

@@ -13,8 +13,7 @@ constexpr int blocksPerSynchronising = 5;  // fifteen seconds
 
 /// The first block is put on the disk at once, and with it the file's name.
 bool synchroniseNow(const MainState& state) {
-  const std::size_t header = state.temporaryContent.find('\n') + 1;
-  const auto blocks = static_cast<int>((state.temporaryContent.size() - header) / blockBytes);
+  const auto blocks = static_cast<int>((state.temporaryContent.size() - recordedHeaderBytes(state)) / blockBytes);
   return blocks % blocksPerSynchronising == 1;
 }
 
@@ -23,7 +22,9 @@ bool synchroniseNow(const MainState& state) {
 void MainState::createTempFile() {
   setAsidePath.clear();
   foreignPaths.clear();
-  recordingFaultUntold = 0;
+  savedElsewhere.clear();
+  recordingFaultUntold = dataFileWhole = 0;
+  blocksFromMemory = 0;
   if (leftOverTemporaryFile(host.files)) setAsidePath = setTemporaryFileAside(*this);
   setLonelySideFileAside(*this);
   temporaryContent = temporaryHeaderLine(shared.subjectName, recordingDate);

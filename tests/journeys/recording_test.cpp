@@ -204,10 +204,11 @@ TEST(RecordingJourney, ADiskThatFillsInMidRecordingIsToldAtOnceAndAtTheEnd) {
   program.acquireBlocks(2);
   EXPECT_EQ(program.window.statusLabel.text(), "Errore di scrittura su disco!");
   EXPECT_EQ(program.state.acquisitionRunning, 1);
+  program.host.dialogs.giveRecordingsUp();
   program.stop();
-  ASSERT_EQ(program.host.dialogs.shown.size(), 2U);
-  EXPECT_TRUE(program.host.dialogs.shown[0].text.starts_with("Errore di scrittura durante la registrazione!\r"));
-  EXPECT_TRUE(program.host.dialogs.shown[1].text.starts_with("Attenzione: per una Analisi affidabile"));
+  ASSERT_EQ(program.host.dialogs.shown.size(), 4U);
+  EXPECT_TRUE(program.host.dialogs.shown[2].text.starts_with("Errore di scrittura durante la registrazione!\r"));
+  EXPECT_TRUE(program.host.dialogs.shown[3].text.starts_with("Attenzione: per una Analisi affidabile"));
   EXPECT_FALSE(program.host.files.content.contains(recordings::temporary));
   EXPECT_TRUE(program.host.files.content.contains(program.state.setAsidePath));
 }

@@ -27,6 +27,8 @@ enum class Death { ofTheProgram, ofTheMachine };
 // A name that ends in "QVD" is checked as it stands but recorded with a second ending: it can be recorded twice.
 const std::string name = "prova.QVD";
 const std::string dataFile = "prova.QVD.QVD";
+const std::vector<std::string> subjects = {"Rossi", "Verdi"};
+const std::vector<std::string> notes = {"occhi chiusi", "respiro profondo"};
 
 void sendAll(int pipe, const std::string& bytes) {
   for (std::size_t sent = 0; sent < bytes.size();) {
@@ -37,7 +39,8 @@ void sendAll(int pipe, const std::string& bytes) {
 }
 
 /// In the child: tells the parent of every block as soon as the program has accepted it, as the bytes that the
-/// temporary file is to hold; 'N' begins a new recording, 'B' a block, 'E' says that all is over.
+/// temporary file is to hold, and of its note as soon as that is confirmed; 'N' begins a new recording, 'B' a block,
+/// 'M' is the note, 'E' says that all is over.
 class Witness {
  public:
   Witness(RecordedExamination& examination, int pipe) : examination_(examination), pipe_(pipe) {
@@ -51,18 +54,39 @@ class Witness {
  private:
   void look() {
     const MainState& state = examination_.state;
+    tellNote();
     const auto written = static_cast<std::size_t>(static_cast<int>(state.temporaryWritten));
-    if (written < told_) told_ = 0;
+    if (written < told_) told_ = 0, noteTold_ = false;
     if (written == told_) return;
     if (told_ == 0) told_ = state.temporaryContent.find('\n') + 1, sendAll(pipe_, "N");
     for (; told_ + blockBytes <= written; told_ += blockBytes)
       sendAll(pipe_, "B" + state.temporaryContent.substr(told_, blockBytes));
   }
 
+  void tellNote() {
+    const MainState& state = examination_.state;
+    if (told_ == 0 || noteTold_ || state.noteCount == 0 || examination_.window.noteBox.enabled()) return;
+    noteTold_ = true;
+    sendAll(pipe_, "M");
+  }
+
   RecordedExamination& examination_;
   int pipe_;
+  bool noteTold_ = false;
   std::size_t told_ = 0;
 };
+
+/// Every byte that was not put on the disk may be lost: none of them came there, or some, or their places are there but
+/// empty.
+void losePower(const std::string& file, const DyingFiles::Length& length, int how) {
+  if (how % 3 == 0 && length.synchronised == 0) {
+    std::filesystem::remove(file);
+    return;
+  }
+  const std::size_t unsafe = length.written - length.synchronised;
+  std::filesystem::resize_file(file, length.synchronised + (how % 3 == 1 ? unsafe / 2 : 0));
+  if (how % 3 == 2) std::filesystem::resize_file(file, length.written);
+}
 
 [[noreturn]] void recordTwice(const std::string& folder, int lastStep, Death death, int pipe) {
   DiskFiles disk(folder);
@@ -70,15 +94,14 @@ class Witness {
   DyingFiles* dying = nullptr;
   DyingFiles files(disk, lastStep, [&] {
     if (death == Death::ofTheMachine)
-      for (const auto& [path, length] : dying->synchronised())
-        std::filesystem::resize_file(platform::hostPath(folder, path), length);
+      for (const auto& [path, length] : dying->lengths()) losePower(platform::hostPath(folder, path), length, lastStep);
     kill(getpid(), SIGKILL);
   });
   dying = &files;
   RecordedExamination examination(files);
   const Witness witness(examination, pipe);
-  examination.run(name, 7);
-  examination.run(name, 4);
+  examination.run(name, 7, subjects[0], notes[0]);
+  examination.run(name, 4, subjects[1], notes[1]);
   sendAll(pipe, "E" + std::to_string(files.steps()));
   _exit(0);
 }
@@ -86,6 +109,7 @@ class Witness {
 /// What the child told before it died.
 struct Testimony {
   std::vector<std::vector<std::string>> recordings;  ///< blocks of each
+  std::vector<bool> noteConfirmed;                   ///< in each
   int steps = -1;                                    ///< of a child that came to its end
 };
 
@@ -93,7 +117,8 @@ Testimony read(const std::string& told) {
   Testimony testimony;
   for (std::size_t at = 0; at < told.size();) {
     const char kind = told[at++];
-    if (kind == 'N') testimony.recordings.emplace_back();
+    if (kind == 'N') testimony.recordings.emplace_back(), testimony.noteConfirmed.push_back(false);
+    if (kind == 'M') testimony.noteConfirmed.back() = true;
     if (kind == 'E') testimony.steps = std::stoi(told.substr(at)), at = told.size();
     if (kind != 'B') continue;
     if (at + blockBytes <= told.size()) testimony.recordings.back().push_back(told.substr(at, blockBytes));
@@ -140,6 +165,7 @@ bool holds(const std::string& bytes, const std::vector<std::string>& blocks, std
 /// What the next start of the program makes of it: the left-over is set aside under a name of its own, and said so.
 void expectThatTheNextRecordingSparesIt(const std::string& folder) {
   const std::string before = contentOf(folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.XXX");
+  const std::string side = contentOf(folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.NOT");
   const std::size_t header = before.find('\n');
   const bool leftOver = header != std::string::npos && before.size() > header + 1;
   DiskFiles disk(folder);
@@ -147,6 +173,7 @@ void expectThatTheNextRecordingSparesIt(const std::string& folder) {
   examination.run("dopo", 1);
   if (leftOver) {
     EXPECT_NE(everythingIn(folder).find(before), std::string::npos);
+    EXPECT_NE(everythingIn(folder).find(side), std::string::npos);
   }
   EXPECT_EQ(examination.host.dialogs.shown.front().text.starts_with("Una registrazione precedente"), leftOver);
 }
@@ -157,22 +184,45 @@ std::string blocksOf(const std::string& file) {
   return whole == 0 ? "" : file.substr(file.size() - whole);
 }
 
-/// `korvinel-recording recover` makes a data file of the temporary file whose blocks are the whole ones, byte for byte.
-void expectThatItCanBeRecovered(const std::string& folder) {
+/// The data file that `korvinel-recording recover` makes of the temporary file, "" where that holds no whole block. Its
+/// blocks are the whole ones, byte for byte.
+std::string recovered(const std::string& folder) {
 #ifdef KORVINEL_RECORDING_PROGRAM
   const std::string temporary = folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.XXX";
   const std::string content = contentOf(temporary);
   const std::size_t header = content.find('\n') + 1;
-  if (header == 0 || content.size() < header + blockBytes) return;
-  const std::size_t whole = (content.size() - header) / blockBytes * blockBytes;
-  const std::string recovered = folder + "/recovered.QVD";
+  if (header == 0) return "";
+  // Bytes of which only the place came to the disk are no samples.
+  const std::size_t samples = std::min(content.find('\0', header), content.size()) - header;
+  const std::size_t whole = samples / blockBytes * blockBytes;
+  if (whole == 0) return "";
+  const std::string recording = folder + "/recovered.QVD";
   const std::string command =
-      std::string(KORVINEL_RECORDING_PROGRAM) + " recover '" + temporary + "' -o '" + recovered + "' 2>/dev/null";
+      std::string(KORVINEL_RECORDING_PROGRAM) + " recover '" + temporary + "' -o '" + recording + "' 2>/dev/null";
   EXPECT_EQ(std::system(command.c_str()), 0) << command;
-  EXPECT_EQ(blocksOf(contentOf(recovered)), content.substr(header, whole));
+  EXPECT_EQ(blocksOf(contentOf(recording)), content.substr(header, whole));
+  return contentOf(recording);
 #else
   (void)folder;
+  return "";
 #endif
+}
+
+/// Everybody's notes are there, and nobody has another's.
+void expectNamesAndNotes(const std::string& folder, const Testimony& testimony) {
+  const std::string left = recovered(folder);
+  const std::string data = contentOf(folder + "/drive_c/QUARVEL5/DATAFILE/" + dataFile);
+  for (std::size_t i = 0; i < testimony.recordings.size(); ++i) {
+    const std::string ofThisOne = "\"" + subjects[i] + "\",\"21/11/2026 V3\",\"4canali\",1\r\n";
+    const bool running = i + 1 == testimony.recordings.size();
+    const bool hasBlocks = data.find(ofThisOne) != std::string::npos || left.starts_with(ofThisOne);
+    if (!running) EXPECT_NE(data.find(ofThisOne), std::string::npos);
+    if (!testimony.noteConfirmed[i] || !hasBlocks) continue;
+    const bool inData = data.find(",\"" + notes[i] + "\"\r\n") != std::string::npos;
+    const bool inRecovered = left.starts_with(ofThisOne) && left.find(",\"" + notes[i] + "\"\r\n") != std::string::npos;
+    EXPECT_TRUE(inData || inRecovered) << "the note of recording " << i + 1;
+    if (left.starts_with(ofThisOne)) EXPECT_EQ(left.find(notes[1 - i]), std::string::npos);
+  }
 }
 
 int stepsInAll() {
@@ -184,7 +234,7 @@ int stepsInAll() {
 struct Deaths {
   Death death;
   std::size_t mayBeMissing;  ///< of the last blocks of a running recording
-  int witnessed = 0;
+  int witnessed = 0, confirmed = 0;
 
   void happen(std::uint64_t seed) {
     const int steps = stepsInAll();
@@ -192,8 +242,9 @@ struct Deaths {
     campaign::Dice dice(seed);
     const int moments = campaign::size(25, 200);
     for (int i = 0; i < moments && !testing::Test::HasFailure(); ++i) dieAt(dice.below(steps));
-    std::printf("%d deaths, %d blocks had been accepted\n", moments, witnessed);
+    std::printf("%d deaths, %d blocks had been accepted and %d notes confirmed\n", moments, witnessed, confirmed);
     EXPECT_GT(witnessed, 4 * moments);
+    EXPECT_GT(2 * confirmed, moments);
   }
 
   void dieAt(int step) {
@@ -203,11 +254,13 @@ struct Deaths {
     for (std::size_t i = 0; i < testimony.recordings.size(); ++i) {
       const auto& blocks = testimony.recordings[i];
       const bool running = i + 1 == testimony.recordings.size();
-      EXPECT_TRUE(holds(left, blocks, running ? mayBeMissing : 0))
-          << "recording " << i + 1 << " of " << blocks.size() << " blocks, died at step " << step;
+      SCOPED_TRACE("recording " + std::to_string(i + 1) + " of " + std::to_string(blocks.size()) +
+                   " blocks, died at step " + std::to_string(step));
+      EXPECT_TRUE(holds(left, blocks, running ? mayBeMissing : 0));
       witnessed += static_cast<int>(blocks.size());
     }
-    expectThatItCanBeRecovered(folder.path());
+    expectNamesAndNotes(folder.path(), testimony);
+    for (std::size_t i = 0; i < testimony.recordings.size(); ++i) confirmed += testimony.noteConfirmed[i];
     expectThatTheNextRecordingSparesIt(folder.path());
   }
 };

@@ -19,19 +19,23 @@ class DyingFiles : public platform::Files {
       : real_(real), lastStep_(lastStep), onDeath_(std::move(onDeath)) {}
 
   [[nodiscard]] int steps() const { return steps_; }
-  /// path -> bytes that would survive a failure of the machine's power
-  [[nodiscard]] const std::map<std::string, std::size_t>& synchronised() const { return synchronised_; }
+  struct Length {
+    std::size_t written = 0;
+    std::size_t synchronised = 0;  ///< that many bytes survive a failure of the machine's power; the others may be lost
+  };
+  [[nodiscard]] const std::map<std::string, Length>& lengths() const { return lengths_; }  ///< of what was written to
 
   std::unique_ptr<platform::InputFile> openForReading(const std::string& path) override {
     return real_.openForReading(path);
   }
   std::unique_ptr<platform::OutputFile> create(const std::string& path) override {
     step();
-    lengths_[path] = synchronised_[path] = 0;
+    lengths_[path] = {};
     return std::make_unique<Output>(*this, path, real_.create(path));
   }
   std::unique_ptr<platform::OutputFile> openForAppending(const std::string& path) override {
     step();
+    if (!lengths_.contains(path)) lengths_[path] = lengthBefore(path);
     return std::make_unique<Output>(*this, path, real_.openForAppending(path));
   }
   bool exists(const std::string& path) override { return real_.exists(path); }
@@ -39,15 +43,12 @@ class DyingFiles : public platform::Files {
     step();
     real_.remove(path);
     lengths_.erase(path);
-    synchronised_.erase(path);
   }
   void rename(const std::string& from, const std::string& to) override {
     step();
     real_.rename(from, to);
     lengths_[to] = lengths_[from];
-    synchronised_[to] = synchronised_[from];
     lengths_.erase(from);
-    synchronised_.erase(from);
   }
   std::vector<std::string> list(const std::string& folder, const std::string& ending) override {
     return real_.list(folder, ending);
@@ -66,13 +67,13 @@ class DyingFiles : public platform::Files {
         files_.step();
         const std::string_view part = bytes.substr(begin, piece);
         real_->write(part);
-        files_.lengths_[path_] += part.size();
+        files_.lengths_[path_].written += part.size();
       }
     }
     void synchronise() override {
       files_.step();
       real_->synchronise();
-      files_.synchronised_[path_] = files_.lengths_[path_];
+      files_.lengths_[path_].synchronised = files_.lengths_[path_].written;
     }
 
    private:
@@ -80,6 +81,16 @@ class DyingFiles : public platform::Files {
     std::string path_;
     std::unique_ptr<platform::OutputFile> real_;
   };
+
+  /// What was there before is on the disk.
+  Length lengthBefore(const std::string& path) {
+    Length length;
+    if (!real_.exists(path)) return length;
+    const auto file = real_.openForReading(path);
+    while (file->take() != ByteSource::end) ++length.written;
+    length.synchronised = length.written;
+    return length;
+  }
 
   void step() {
     if (steps_++ >= lastStep_) onDeath_();
@@ -89,7 +100,7 @@ class DyingFiles : public platform::Files {
   int lastStep_;
   std::function<void()> onDeath_;
   int steps_ = 0;
-  std::map<std::string, std::size_t> lengths_, synchronised_;
+  std::map<std::string, Length> lengths_;
 };
 
 }  // namespace korvinel

@@ -61,6 +61,7 @@ class Monkey {
   Monkey(Dice& dice, int acts) : dice_(dice), actsLeft_(acts) {
     program_.host.files.content.merge(filesAtTheBeginning());
     program_.host.dialogs.whileOpen = [this] { beModal(); };
+    program_.host.dialogs.onQuestion = [this](const std::string& text) { return savesOrGivesUp(text); };
     program_.host.edge.onFault = [this](const std::string& fault) { judge(fault); };
     program_.state.startUp();
     program_.host.instrument.idleBlock = dice_.from(blocks());
@@ -108,6 +109,7 @@ class Monkey {
   void beModal() {
     const std::string text = program_.host.dialogs.shown.back().text;
     ++seen_["box: " + text.substr(0, 40)];
+    if (ended()) return;  // last words: nothing else happens any more
     if (!openBoxes_.insert(text).second) ADD_FAILURE() << "open twice: " << text << "\n" << lastActs();
     const double until = program_.host.time.seconds() + dice_.below(40) / 10.0;
     try {
@@ -118,6 +120,13 @@ class Monkey {
     }
     openBoxes_.erase(text);
     program_.host.dialogs.shown.clear();
+  }
+
+  /// Of a recording that has found no place.
+  std::optional<platform::Choice> savesOrGivesUp(const std::string& text) {
+    if (!text.starts_with("La registrazione non") && !text.starts_with("Rinunciare")) return std::nullopt;
+    program_.host.dialogs.folders.assign(1, dice_.oneIn(2) ? "/altrove/" : "");
+    return dice_.oneIn(2) ? Choice::ok : Choice::cancel;
   }
 
   void prepareAnswers() {

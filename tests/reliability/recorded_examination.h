@@ -23,16 +23,17 @@ class RecordedExamination {
   }
 
   /// Start, one block, "Registra", `blocks` more with a note among them, Stop, up to the end of assembling.
-  void run(const std::string& name, int blocks) {
+  void run(const std::string& name, int blocks, const std::string& subject = "Rossi",
+           const std::string& note = "nota") {
     window.fileNameBox.type(name);
-    window.subjectBox.type("Rossi");
+    window.subjectBox.type(subject);
     window.Starts1.press();
     acquire(1);
     window.Registra.press();
     host.time.runUntil([&] { return state.recordingArmed == 0; });
     acquire(blocks - 1);
     window.Annotax.press();
-    window.noteBox.type("nota");
+    window.noteBox.type(note);
     window.noteBox.pressKey(13);
     acquire(1);
     window.Stopd1.press();

@@ -24,7 +24,7 @@ namespace {
 /// What was written on the command line. One subcommand fills its part.
 struct Written {
   std::vector<std::string> files;
-  std::string file, output, factors, channels = "F1,F2,T5,T6";
+  std::string file, output, notes, factors, channels = "F1,F2,T5,T6";
   bool json = false, force = false;
   AnalyseTargets targets;
   AnalysisOptions analysis;
@@ -82,10 +82,14 @@ void addCheck(CLI::App& program, Written& written) {
 }
 
 void addRecover(CLI::App& program, Written& written) {
-  CLI::App& command = addCommand(
-      program, written, "recover", "Make a recording from the temporary file of a crashed program",
-      "recover Tempor1.XXX -o esame.QVD", [](Written& w) { tell(w.output, recover(w.file, w.output, w.force)); });
+  CLI::App& command =
+      addCommand(program, written, "recover", "Make a recording from the temporary file of a crashed program",
+                 "recover Tempor1.XXX -o esame.QVD", [](Written& w) {
+                   for (const std::string& line : recover(w.file, w.notes, w.output, w.force)) tell(w.output, line);
+                 });
   addFile(command, written, "TEMPFILE", "the temporary file");
+  command.add_option("--notes", written.notes, "file with its names and notes (default: TEMPFILE's name with .NOT)")
+      ->type_name("FILE");
   addOutput(command, written, "the recording");
 }
 

@@ -17,8 +17,10 @@ namespace korvinel::platform {
 /// Remembers what was asked of the system, in order: "thread 1", "process 128".
 struct RecordingMachine : Machine {
   std::vector<std::string> asked;
+  std::string home = "/home/medico/";
   void setThreadPriority(int steps) override { asked.push_back("thread " + std::to_string(steps)); }
   void setPriorityClass(int priorityClass) override { asked.push_back("process " + std::to_string(priorityClass)); }
+  std::string homeFolder() override { return home; }
 };
 
 /// Remembers what was printed: "empty", "key 1", "print 10 3 190 145".
@@ -51,6 +53,7 @@ struct RecordingWindows : Windows {
 struct HeadlessPlatform {
   HeadlessPlatform() {
     time.onStep = [this] { instrument.deliverIfPolled(); };
+    dialogs.edge = &edge;
     edge.onFault = [this](const std::string& message) { faults.push_back(message); };
   }
 

@@ -46,7 +46,8 @@ class MemoryOutput : public OutputFile {
 std::unique_ptr<InputFile> MemoryFiles::openForReading(const std::string& path) {
   const bool refused = std::find(unreadable.begin(), unreadable.end(), path) != unreadable.end();
   const auto found = content.find(path);
-  if (refused || found == content.end()) throw RuntimeError(Fault::input, "Impossibile leggere il file " + path);
+  if (refused || isGone(path) || found == content.end())
+    throw RuntimeError(Fault::input, "Impossibile leggere il file " + path);
   return std::make_unique<MemoryInput>(found->second);
 }
 
@@ -79,7 +80,7 @@ void MemoryFiles::rename(const std::string& from, const std::string& to) {
 std::vector<std::string> MemoryFiles::list(const std::string& folder, const std::string& ending) {
   std::vector<std::string> names;
   for (const auto& [path, bytes] : content) {
-    if (!path.starts_with(folder)) continue;
+    if (isGone(path) || !path.starts_with(folder)) continue;
     const std::string name = path.substr(folder.size());
     if (name.find('\\') == std::string::npos && upperCase(name).ends_with(upperCase(ending))) names.push_back(name);
   }
@@ -87,7 +88,7 @@ std::vector<std::string> MemoryFiles::list(const std::string& folder, const std:
 }
 
 void MemoryFiles::refuseIfReadOnly(const std::string& path) const {
-  if (readOnly) throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path);
+  if (readOnly || isGone(path)) throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path);
 }
 
 }  // namespace korvinel::platform

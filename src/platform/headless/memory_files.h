@@ -15,17 +15,21 @@ class MemoryFiles : public Files {
   std::map<std::string, std::string> content;                         ///< path -> bytes
   std::int64_t freeSpace = std::numeric_limits<std::int64_t>::max();  ///< bytes that can still be written
   bool readOnly = false;                                              ///< nothing can be created, written or removed
+  std::string goneFolder;                                             ///< nothing in it is there any more; "" = none
   std::vector<std::string> unreadable;                                ///< paths that exist but cannot be opened
 
   [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
-  [[nodiscard]] bool exists(const std::string& path) override { return content.contains(path); }
+  [[nodiscard]] bool exists(const std::string& path) override { return !isGone(path) && content.contains(path); }
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
 
  private:
+  [[nodiscard]] bool isGone(const std::string& path) const {
+    return !goneFolder.empty() && path.starts_with(goneFolder);
+  }
   void refuseIfReadOnly(const std::string& path) const;
 };
 

@@ -2,10 +2,12 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/dialogs.h"
+#include "platform/operation_edge.h"
 
 namespace korvinel::platform {
 
@@ -16,11 +18,15 @@ class ScriptedDialogs : public Dialogs {
   std::deque<Choice> choices;       ///< answers to questions
   std::deque<std::string> inputs;   ///< answers to input boxes
   std::deque<std::string> files;    ///< answers to file dialogs
-  std::function<void()> whileOpen;  ///< called while a box is open, as the user or a timer would act meanwhile
+  std::deque<std::string> folders;  ///< answers to folder dialogs
+  /// Answers a question in the place of `choices`, where it has an answer.
+  std::function<std::optional<Choice>(const std::string& text)> onQuestion;
+  const OperationEdge* edge = nullptr;  ///< once the program behind it has ended, boxes open for last words only
+  std::function<void()> whileOpen;      ///< called while a box is open, as the user or a timer would act meanwhile
 
   struct Shown {
-    std::string kind;   ///< "notice", "question", "input", "file"
-    std::string text;   ///< for a file dialog its directory
+    std::string kind;   ///< "notice", "question", "input", "file", "folder"
+    std::string text;   ///< for a file or folder dialog its directory
     std::string title;  ///< for a file dialog its filter
     ScreenPosition position{0, 0};
   };
@@ -29,21 +35,39 @@ class ScriptedDialogs : public Dialogs {
   void notice(const std::string& text) override { show({"notice", text, ""}); }
   Choice ask(const std::string& text, const std::string& title) override {
     show({"question", text, title});
+    if (const auto answer = onQuestion ? onQuestion(text) : std::nullopt) return *answer;
     return next(choices, Choice::cancel);
   }
   std::string input(const std::string& prompt, const std::string& title, ScreenPosition position) override {
     show({"input", prompt, title, position});
     return next(inputs, std::string());
   }
+  /// From now on the user gives up every recording that has found no place.
+  void giveRecordingsUp() {
+    onQuestion = [](const std::string& text) -> std::optional<Choice> {
+      if (text.starts_with("La registrazione non")) return Choice::cancel;
+      if (text.starts_with("Rinunciare")) return Choice::ok;
+      return std::nullopt;
+    };
+  }
   std::string chooseFile(const std::string& directory, const std::string& filter) override {
     show({"file", directory, filter});
     return next(files, std::string());
   }
+  std::string chooseFolder(const std::string& title, const std::string& directory) override {
+    show({"folder", directory, title});
+    return next(folders, std::string());
+  }
 
  private:
   void show(Shown box) {
+    stopIfEnded();
     shown.push_back(std::move(box));
     if (whileOpen) whileOpen();
+    stopIfEnded();
+  }
+  void stopIfEnded() const {
+    if (edge != nullptr && lastWords == 0) edge->stopIfEnded();
   }
   template <typename Answer>
   static Answer next(std::deque<Answer>& answers, Answer otherwise) {

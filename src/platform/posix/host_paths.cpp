@@ -12,15 +12,15 @@ namespace {
 
 std::string driveFolder(const std::string& dataFolder) { return dataFolder + "/drive_c/"; }
 
+bool isOnDriveC(std::string_view path) { return path.starts_with("C:\\") || path.starts_with("c:\\"); }
+
+}  // namespace
+
 std::string homeFolder() {
   if (const char* home = std::getenv("HOME"); home != nullptr && home[0] == '/') return home;
   const passwd* account = getpwuid(getuid());
   return account != nullptr && account->pw_dir != nullptr ? account->pw_dir : "/tmp";
 }
-
-bool isOnDriveC(std::string_view path) { return path.starts_with("C:\\") || path.starts_with("c:\\"); }
-
-}  // namespace
 
 std::string userDataFolder() {
   const char* folder = std::getenv("XDG_DATA_HOME");

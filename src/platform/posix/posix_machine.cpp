@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/host_paths.h"
+
 namespace korvinel::platform {
 namespace {
 
@@ -22,6 +24,8 @@ void PosixMachine::setPriorityClass(int priorityClass) {
   classSteps_ = priorityClass == highPriorityClass ? stepsOfHighClass : 0;
   askForNiceness();
 }
+
+std::string PosixMachine::homeFolder() { return platform::homeFolder() + "/"; }
 
 void PosixMachine::askForNiceness() const {
   const int wanted = std::clamp(threadSteps_ + classSteps_, 0, mostSteps);

@@ -10,6 +10,7 @@ class PosixMachine : public Machine {
  public:
   void setThreadPriority(int stepsAboveNormal) override;
   void setPriorityClass(int priorityClass) override;
+  std::string homeFolder() override;
 
  private:
   void askForNiceness() const;

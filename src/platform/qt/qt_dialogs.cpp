@@ -56,16 +56,16 @@ void moveOnScreen(QDialog& dialog, ScreenPosition position) {
               std::max(area.top(), std::min(wanted.y(), last.y())));
 }
 
-void prepare(QFileDialog& dialog) {
+void prepare(QFileDialog& dialog, QFileDialog::FileMode mode, const char* nameLabel, const char* accept) {
 #ifndef Q_OS_WIN  // whose own dialog every user knows; elsewhere the toolkit's, the same on every desktop
   dialog.setOption(QFileDialog::DontUseNativeDialog);
 #endif
   dialog.setOption(QFileDialog::ReadOnly);  // a slip in it must not rename or delete a recording
-  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setFileMode(mode);
   dialog.setLabelText(QFileDialog::LookIn, "Cerca in:");
-  dialog.setLabelText(QFileDialog::FileName, "Nome file:");
+  dialog.setLabelText(QFileDialog::FileName, nameLabel);
   dialog.setLabelText(QFileDialog::FileType, "Tipo file:");
-  dialog.setLabelText(QFileDialog::Accept, "Apri");
+  dialog.setLabelText(QFileDialog::Accept, accept);
   dialog.setLabelText(QFileDialog::Reject, "Annulla");
   constexpr QSize roomForAllColumns(760, 460);
   dialog.resize(roomForAllColumns);
@@ -88,9 +88,9 @@ std::string toolkitFilter(const std::string& filter) {
 
 /// A box that is closed because the program has ended ends the operation that waits for it.
 int QtDialogs::show(QDialog& dialog) const {
-  edge_.stopIfEnded();
+  if (lastWords == 0) edge_.stopIfEnded();
   const int result = dialog.exec();
-  edge_.stopIfEnded();
+  if (lastWords == 0) edge_.stopIfEnded();
   return result;
 }
 
@@ -125,11 +125,23 @@ std::string QtDialogs::input(const std::string& prompt, const std::string& title
 std::string QtDialogs::chooseFile(const std::string& directory, const std::string& filter) {
   QAccessible::installFactory(fileListAccess);  // before anybody asks about the dialog
   QFileDialog dialog(nullptr, "Apri");
-  prepare(dialog);
+  prepare(dialog, QFileDialog::ExistingFile, "Nome file:", "Apri");
   dialog.setDirectory(QString::fromStdString(paths_.toHost(directory)));
   dialog.setNameFilters(QString::fromStdString(toolkitFilter(filter)).split(";;"));
   if (show(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
   return paths_.toProgram(dialog.selectedFiles().constFirst().toStdString());
+}
+
+std::string QtDialogs::chooseFolder(const std::string& title, const std::string& directory) {
+  QAccessible::installFactory(fileListAccess);
+  QFileDialog dialog(nullptr, toQt(title));
+  prepare(dialog, QFileDialog::Directory, "Cartella:", "Scegli");
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  dialog.setDirectory(QString::fromStdString(paths_.toHost(directory)));
+  if (show(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
+  std::string folder = dialog.selectedFiles().constFirst().toStdString();
+  if (!folder.ends_with('/')) folder += '/';
+  return paths_.toProgram(folder);
 }
 
 }  // namespace korvinel::platform

@@ -17,6 +17,7 @@ class QtDialogs : public Dialogs {
   Choice ask(const std::string& text, const std::string& title) override;
   std::string input(const std::string& prompt, const std::string& title, ScreenPosition position) override;
   std::string chooseFile(const std::string& directory, const std::string& filter) override;
+  std::string chooseFolder(const std::string& title, const std::string& directory) override;
 
  private:
   int show(QDialog& dialog) const;

@@ -1,8 +1,16 @@
 #include "platform/host_paths.h"
 
 #include <algorithm>
+#include <cstdlib>
+
+#include "platform/windows/wide_text.h"
 
 namespace korvinel::platform {
+
+std::string homeFolder() {
+  const wchar_t* home = _wgetenv(L"USERPROFILE");
+  return home != nullptr ? utf8FromWide(home) : "C:";
+}
 
 std::string userDataFolder() { return ""; }
 

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "platform/host_paths.h"
+
 namespace korvinel::platform {
 namespace {
 
@@ -26,6 +28,8 @@ void WindowsMachine::setThreadPriority(int stepsAboveNormal) {
 void WindowsMachine::setPriorityClass(int priorityClass) {
   SetPriorityClass(GetCurrentProcess(), static_cast<DWORD>(priorityClass));
 }
+
+std::string WindowsMachine::homeFolder() { return platform::homeFolder() + "\\"; }
 
 int WindowsScreenPrinter::systemMajorVersion() {
   OSVERSIONINFOA version{};

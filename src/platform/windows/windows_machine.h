@@ -12,6 +12,7 @@ class WindowsMachine : public Machine {
  public:
   void setThreadPriority(int stepsAboveNormal) override;
   void setPriorityClass(int priorityClass) override;
+  std::string homeFolder() override;
 };
 
 /// Lets the system itself take the picture of the active window; a printer from elsewhere prints it.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 
 #include "golden_reference.h"
 #include "headless_program.h"
@@ -30,6 +31,7 @@ struct Recording : HeadlessProgram {
   void appendBlocks(int count) {
     for (int n = 1; n <= count; ++n) append(static_cast<float>(recordings::levelOf(n)));
   }
+  std::string& temporaryFile() { return host.files.content[temporary]; }
   std::string& dataFile() { return host.files.content[folder + "prova.QVD"]; }
   /// The paths of the temporary files that were set aside.
   std::vector<std::string> setAside() const {
@@ -82,14 +84,89 @@ TEST(DataFile, UnderAnExistingNameIsAddedBehindTheOldRecording) {
   EXPECT_EQ(recording.dataFile(), recordings::file(2) + recordings::header() + recordings::block(100));
 }
 
-TEST(DataFile, APartialBlockOfTheTemporaryFileIsCopiedAsFarAsItGoes) {
-  Recording recording;
-  recording.append(100);
-  recording.host.files.content[temporary] +=
-      recordings::channelRecord(90) + recordings::channelRecord(91).substr(0, 50);
-  recording.state.assembleDataFile();
-  EXPECT_EQ(recording.dataFile(), recordings::header() + recordings::block(100) + recordings::channelRecord(90) +
-                                      std::string(50, 91) + "-\r\n");
+struct Change {
+  const char* what;
+  std::function<void(Recording&)> make;
+  bool holdsOthers;  ///< something that was never recorded here
+};
+
+const std::string headerOfRossi = "\"Rossi\",\"21/11/2026\",\"4canali\"\r\n";
+
+std::string foreignBlocks() {
+  std::string bytes;
+  for (int n = 1; n <= 8; ++n) bytes += recordings::block(50 + n);
+  return bytes;
+}
+
+const std::vector<Change>& changes() {
+  static const std::vector<Change> all = {
+      {"4 of 8 blocks", [](Recording& r) { r.temporaryFile().resize(headerOfRossi.size() + 4 * 1036); }, false},
+      {"cut in a block", [](Recording& r) { r.temporaryFile().resize(headerOfRossi.size() + 4 * 1036 + 300); }, false},
+      {"cut in the header", [](Recording& r) { r.temporaryFile().resize(5); }, false},
+      {"emptied", [](Recording& r) { r.temporaryFile().clear(); }, false},
+      {"8 foreign blocks", [](Recording& r) { r.temporaryFile() = headerOfRossi + foreignBlocks(); }, true},
+      {"another's file",
+       [](Recording& r) { r.temporaryFile() = "\"Verdi\",\"20/11/2026\",\"4canali\"\r\n" + foreignBlocks(); }, true},
+      {"no header", [](Recording& r) { r.temporaryFile() = "\"altro"; }, true},
+      {"one sample", [](Recording& r) { r.temporaryFile()[headerOfRossi.size() + 3 * 1036 + 500] ^= 1; }, true},
+      {"a block more", [](Recording& r) { r.temporaryFile() += recordings::block(90); }, true},
+      {"a piece more", [](Recording& r) { r.temporaryFile() += recordings::channelRecord(90).substr(0, 50); }, true},
+      {"unreadable", [](Recording& r) { r.host.files.unreadable.push_back(temporary); }, true}};
+  return all;
+}
+
+TEST(DataFile, IsMadeOfWhatWasRecordedNotOfWhatIsFound) {
+  for (const auto& [what, make, holdsOthers] : changes()) {
+    Recording recording;
+    recording.appendBlocks(8);
+    make(recording);
+    const std::string found = recording.temporaryFile();
+    recording.state.endRecording();
+    EXPECT_TRUE(recording.dataFile() == recordings::file(8)) << what;
+    ASSERT_EQ(recording.host.dialogs.shown.size(), 1U) << what;
+    const std::string told = recording.host.dialogs.shown[0].text;
+    EXPECT_TRUE(told.starts_with("La registrazione \xC3\xA8 completa.")) << what << told;
+    EXPECT_FALSE(recording.host.files.content.contains(temporary)) << what;
+    ASSERT_EQ(recording.setAside().size(), holdsOthers ? 1U : 0U) << what;
+    if (!holdsOthers) continue;
+    EXPECT_EQ(recording.host.files.content[recording.setAside()[0]], found) << what;
+    EXPECT_NE(told.find(recording.setAside()[0]), std::string::npos) << what << told;
+  }
+}
+
+TEST(DataFile, ToldHowManyBlocksTheTemporaryFileDidNotHold) {
+  const std::pair<const char*, int> expected[] = {{"4 of 8 blocks", 4}, {"8 foreign blocks", 8}, {"one sample", 1},
+                                                  {"a block more", 0},  {"emptied", 8},          {"cut in a block", 4}};
+  for (const auto& [name, blocks] : expected)
+    for (const auto& [what, make, holdsOthers] : changes()) {
+      if (what != std::string(name)) continue;
+      Recording recording;
+      recording.appendBlocks(8);
+      make(recording);
+      recording.state.assembleDataFile();
+      EXPECT_EQ(recording.state.blocksFromMemory, blocks) << name;
+    }
+}
+
+TEST(DataFile, ChangesOfTheTemporaryFileAndAFullDiskTogetherLoseNothing) {
+  for (const auto& [what, make, holdsOthers] : changes()) {
+    Recording recording;
+    recording.appendBlocks(8);
+    const std::string recorded = recording.temporaryFile();
+    make(recording);
+    if (!recording.host.files.unreadable.empty()) continue;  // which asks for another place
+    recording.host.files.freeSpace = 100;
+    recording.host.dialogs.whileOpen = [&] { recording.host.files.freeSpace = 100'000; };
+    recording.host.dialogs.choices = {platform::Choice::ok};
+    recording.host.dialogs.folders = {"/altrove/"};
+    recording.state.endRecording();
+    const auto& content = recording.host.files.content;
+    const bool kept =
+        content.contains(recording.state.setAsidePath) && content.at(recording.state.setAsidePath) == recorded;
+    const bool elsewhere =
+        content.contains("/altrove/prova.QVD") && content.at("/altrove/prova.QVD") == recordings::file(8);
+    EXPECT_TRUE(kept || elsewhere) << what;
+  }
 }
 
 TEST(DataFile, EventsAreLetInOncePerBlockWhileAssembling) {
@@ -224,9 +301,10 @@ TEST(SafeKeeping, TheMessageNamesTheCauseThePlaceAndWhatIsMissing) {
   recording.host.files.freeSpace = 500;
   recording.append(102);
   recording.append(103);
+  recording.host.dialogs.giveRecordingsUp();
   recording.state.endRecording();
-  ASSERT_EQ(recording.host.dialogs.shown.size(), 1U);
-  EXPECT_EQ(recording.host.dialogs.shown[0].text,
+  ASSERT_EQ(recording.host.dialogs.shown.size(), 3U) << "asked for another place, and whether it is given up";
+  EXPECT_EQ(recording.host.dialogs.shown[2].text,
             "Errore di scrittura durante la registrazione!\rDisco pieno: " + temporary +
                 "\rI dati registrati sono conservati nel file\r" + folder +
                 "Tempor1 2026-11-21 10.00.00.XXX\rNe mancano gli ultimi 6 secondi.");
