@@ -10,15 +10,13 @@ namespace korvinel {
 namespace {
 
 constexpr std::size_t longestLine = 3 * longestField;
+constexpr int mostDamagedLines = 100;
 
-/// The next line with its line end; of one that is too long only the beginning.
+/// The next line with its line end, or a piece of one that is too long.
 std::string takeLine(ByteSource& source) {
   std::string line;
-  while (source.peek() != ByteSource::end) {
-    const auto byte = static_cast<char>(static_cast<unsigned char>(source.take()));
-    if (line.size() < longestLine) line += byte;
-    if (byte == '\n') break;
-  }
+  while (source.peek() != ByteSource::end && line.size() < longestLine && !line.ends_with('\n'))
+    line += static_cast<char>(static_cast<unsigned char>(source.take()));
   return line;
 }
 
@@ -34,7 +32,8 @@ std::optional<std::string> checkedFields(const std::string& line) {
 class Reader {
  public:
   SideFile read(ByteSource& source) {
-    while (source.peek() != ByteSource::end) readLine(takeLine(source));
+    // A file in which so much is damaged is no side file, however long it goes on.
+    while (source.peek() != ByteSource::end && side_.damagedLines < mostDamagedLines) readLine(takeLine(source));
     closeGaps();
     return std::move(side_);
   }

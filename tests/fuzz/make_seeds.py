@@ -44,6 +44,20 @@ write("configuration", {
 })
 
 
+def checked(fields):
+    number = 0
+    for byte in fields:
+        number = (number * 31 + byte) % 65536
+    return fields + b",%d\r\n" % number
+
+
+owner = checked(b'"temporaneo","Rossi","21/11/2026","4canali"')
+names = checked(b'"nomi","Rossi Anna","21/11/2026","prova.QVD"')
+notes = checked(b'"note",2') + checked(b'"nota",1,2,"occhi chiusi"') + checked(b'"nota",2,4,""')
+write("side_file", {"whole": owner + names + notes, "cut": owner + names + notes[:-7], "again": owner + notes + notes,
+                    "void": owner + notes + checked(b'"note",0'), "beyond": checked(b'"nota",61,2,"a"') + b"\r\n\n"})
+
+
 def edf(labels, unit=b"uV", rate=128, records=3, magic=b"0       ", width=2, reserved=b""):
     """An EDF file (BDF with magic 255 BIOSEMI and a width of 3) with a ramp in every signal."""
     count = len(labels)

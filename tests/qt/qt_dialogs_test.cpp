@@ -276,6 +276,37 @@ TEST_F(QtDialogsTest, NoBoxOpensOnceTheProgramHasEnded) {
   EXPECT_THROW(dialogs.notice("Attenzione"), ProgramEnd);
 }
 
+TEST_F(QtDialogsTest, LastWordsAreShownAfterTheEnd) {
+  edge.run([] { throw ProgramEnd{}; });
+  const LastWords guard(dialogs);
+  bool shown = false;
+  act([&](QDialog& box) {
+    shown = true;
+    press(box, "OK");
+  });
+  dialogs.notice("Attenzione");
+  EXPECT_TRUE(shown);
+  act([](QDialog& box) { press(box, "Cancel"); });
+  EXPECT_EQ(dialogs.ask("Rinunciare?", "Korvinel"), Choice::cancel);
+}
+
+TEST_F(QtDialogsTest, AChosenFolderComesWithItsSeparatorInTheProgramsNotation) {
+  ASSERT_TRUE(QDir(folder.path()).mkdir("chiavetta"));
+  QString startFolder, title;
+  act([&](QDialog& box) {
+    title = box.windowTitle();
+    startFolder = dynamic_cast<QFileDialog&>(box).directory().path();
+    box.findChild<QLineEdit*>()->setText(folder.filePath("chiavetta"));
+    press(box, "Scegli");
+  });
+  EXPECT_EQ(dialogs.chooseFolder("Dove salvare", "C:\\X\\"),
+            "program:" + folder.filePath("chiavetta").toStdString() + "/");
+  EXPECT_EQ(startFolder, folder.path());
+  EXPECT_EQ(title, "Dove salvare");
+  act([](QDialog& box) { press(box, "Annulla"); });
+  EXPECT_EQ(dialogs.chooseFolder("Dove salvare", "C:\\X\\"), "");
+}
+
 TEST(ToolkitFilter, JoinsLabelsAndPatterns) {
   EXPECT_EQ(toolkitFilter("(*.QVD)|*.QVD|"), "(*.QVD)");
   EXPECT_EQ(toolkitFilter("Registrazioni|*.QVD|Tutti|*|"), "Registrazioni (*.QVD);;Tutti (*)");

@@ -66,7 +66,7 @@ TEST(Recovery, TakesNotesFromWhereItIsTold) {
   Folder folder;
   const std::string notes = writeFile(folder / "altrove", sideFile());
   EXPECT_THAT(folder.recoverBytes(temporaryFile(1), notes), HasSubstr("prova.QVD"));
-  EXPECT_THAT(folder.recoverBytes(temporaryFile(1), folder / "niente"), HasSubstr("there is no such file"));
+  EXPECT_THAT(folder.recoverBytes(temporaryFile(1), folder / "niente"), HasSubstr("niente: cannot be read"));
   EXPECT_EQ(folder.recovered, "");
 }
 

@@ -216,12 +216,16 @@ void expectNamesAndNotes(const std::string& folder, const Testimony& testimony) 
     const std::string ofThisOne = "\"" + subjects[i] + "\",\"21/11/2026 V3\",\"4canali\",1\r\n";
     const bool running = i + 1 == testimony.recordings.size();
     const bool hasBlocks = data.find(ofThisOne) != std::string::npos || left.starts_with(ofThisOne);
-    if (!running) EXPECT_NE(data.find(ofThisOne), std::string::npos);
+    if (!running) {
+      EXPECT_NE(data.find(ofThisOne), std::string::npos);
+    }
     if (!testimony.noteConfirmed[i] || !hasBlocks) continue;
     const bool inData = data.find(",\"" + notes[i] + "\"\r\n") != std::string::npos;
     const bool inRecovered = left.starts_with(ofThisOne) && left.find(",\"" + notes[i] + "\"\r\n") != std::string::npos;
     EXPECT_TRUE(inData || inRecovered) << "the note of recording " << i + 1;
-    if (left.starts_with(ofThisOne)) EXPECT_EQ(left.find(notes[1 - i]), std::string::npos);
+    if (left.starts_with(ofThisOne)) {
+      EXPECT_EQ(left.find(notes[1 - i]), std::string::npos);
+    }
   }
 }
 

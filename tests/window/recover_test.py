@@ -28,7 +28,14 @@ class KilledRecording(unittest.TestCase):
         program.press('Registra')
         data = os.path.join(self.desktop.data, 'drive_c/QUARVEL5/DATAFILE')
         temporary = os.path.join(data, 'Tempor1.XXX')
-        driver.wait(lambda: os.path.exists(temporary) and os.path.getsize(temporary) > 3 * BLOCK_BYTES, 40, 'three blocks')
+        status = lambda: program.label('Stato della registrazione')
+        driver.wait(lambda: os.path.exists(temporary) and os.path.getsize(temporary) > 2 * BLOCK_BYTES, 40, 'two blocks')
+        program.press('Annota')
+        driver.wait(lambda: program.has_state('Nota', 'FOCUSED'), what='the keyboard in the note box')
+        driver.type_text('occhi chiusi')
+        driver.keys('Return')
+        program.expect('the status', status, 'Registrazione Attiva')
+        driver.wait(lambda: os.path.getsize(temporary) > 3 * BLOCK_BYTES, 40, 'three blocks')
         os.kill(program.process.pid, signal.SIGKILL)
         program.process.wait(10)
         self.desktop.end(instrument)
@@ -46,6 +53,7 @@ class KilledRecording(unittest.TestCase):
             content = file.read()
         self.assertTrue(content.endswith(left[:whole * BLOCK_BYTES]))
         self.assertTrue(content.startswith(b'"Rossi","'))
+        self.assertIn(b',"occhi chiusi"\r\n', content)
         self.assertEqual(content.count(b'\r\n', 0, len(content) - whole * BLOCK_BYTES), 2)
 
 

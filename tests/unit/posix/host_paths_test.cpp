@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "platform/posix/posix_machine.h"
 #include "temporary_folder.h"
 
 namespace korvinel::platform {
@@ -33,6 +34,8 @@ TEST(ProgramsDataFolder, LiesInTheUsersDataFolder) {
 
 TEST(ProgramsDataFolder, IsTheConventionalOneWhereNoneIsNamed) {
   const Environment home("HOME", "/home/rossi");
+  EXPECT_EQ(homeFolder(), "/home/rossi");
+  EXPECT_EQ(PosixMachine().homeFolder(), "/home/rossi/");
   for (const char* unusable : {static_cast<const char*>(nullptr), "", "relative/folder"}) {
     const Environment data("XDG_DATA_HOME", unusable);
     EXPECT_EQ(userDataFolder(), "/home/rossi/.local/share/korvinel");

@@ -163,8 +163,7 @@ TEST(ReadSideFile, CountsWhatIsDamagedAndKeepsTheRest) {
   const std::string second = checkedLine("\"nota\",2,5,\"b\"");
   for (const std::string& damage :
        {std::string("\"nota\",1,2,\"x\",1\r\n"), std::string(100, '\0') + "\r\n", std::string("\n"),
-        checkedLine("\"nota\",61,2,\"x\""), checkedLine("\"nota\",1,nan,\"x\""), checkedLine("\"note\",-1"),
-        std::string(1'000'000, 'x') + "\r\n"}) {
+        checkedLine("\"nota\",61,2,\"x\""), checkedLine("\"nota\",1,nan,\"x\""), checkedLine("\"note\",-1")}) {
     const SideFile read = readText(owner + damage + names + count + first + second);
     EXPECT_EQ(read.damagedLines, 1);
     EXPECT_EQ(read.noteCount, 2);
@@ -176,6 +175,17 @@ TEST(ReadSideFile, CountsWhatIsDamagedAndKeepsTheRest) {
   EXPECT_EQ(gap.noteTexts[1], "b");
   EXPECT_EQ(gap.notesMissing, 1);
   EXPECT_FALSE(readText("").holdsNames);
+  const SideFile afterALongLine = readText(owner + std::string(1'000'000, 'x') + "\r\n" + names);
+  EXPECT_EQ(afterALongLine.dataFileName, "a.QVD");
+  EXPECT_GT(afterALongLine.damagedLines, 0);
+}
+
+TEST(ReadSideFile, GivesUpOnAnEndlessFileOfNothing) {
+  struct Endless : ByteSource {
+    int peek() override { return 0; }
+    int take() override { return 0; }
+  } source;
+  EXPECT_EQ(readSideFile(source).damagedLines, 100);
 }
 
 }  // namespace
