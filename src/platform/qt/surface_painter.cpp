@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <vector>
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_painter.h"
@@ -22,7 +23,10 @@ class Painting {
         scaleX_(size.width() / surface.width()),
         scaleY_(size.height() / surface.height()),
         pixelRatio_(pixelRatio),
-        texts_(painter, surface, size, pixelRatio) {}
+        texts_(painter, surface, size, pixelRatio) {
+    for (const Mark& mark : surface.marks())
+      if (mark.kind == Mark::Kind::text) textMarks_.push_back(&mark);
+  }
 
   void paint() {
     painter_.fillRect(QRectF({0, 0}, size_), colourOf(surface_.background()));
@@ -53,9 +57,8 @@ class Painting {
 
   /// A point that only gives a text its place is no part of the picture.
   [[nodiscard]] bool placesText(const Mark& point) const {
-    return std::any_of(surface_.marks().begin(), surface_.marks().end(), [&](const Mark& mark) {
-      return mark.kind == Mark::Kind::text && mark.x1 == point.x1 && mark.y1 == point.y1;
-    });
+    return std::any_of(textMarks_.begin(), textMarks_.end(),
+                       [&](const Mark* text) { return text->x1 == point.x1 && text->y1 == point.y1; });
   }
 
   void paintPoint(const Mark& mark) {
@@ -137,6 +140,7 @@ class Painting {
   double scaleX_, scaleY_;
   qreal pixelRatio_;
   TextPainter texts_;
+  std::vector<const Mark*> textMarks_;
 };
 
 }  // namespace
