@@ -44,6 +44,18 @@ TEST(SvgPage, WritesTextsAsTextsThatEveryReaderTakes) {
   EXPECT_EQ(std::count_if(svg.begin(), svg.end(), isControl), 0) << svg;
 }
 
+TEST(SvgPage, OutlinesLettersOnlyWhereTheyStandOnTheGraph) {
+  Surface ground("Fondo", 100, 50, 10, Colour::white);
+  ground.printAt(5, 30, Colour::black, "libero");
+  ground.line(0, 12, 100, 12, Colour::blue);
+  ground.printAt(5, 10, Colour::black, "sulla riga");
+  const std::string svg = svgOf(ground);
+  EXPECT_EQ(countIn(svg, "<text"), 2) << svg;
+  EXPECT_EQ(countIn(svg, "<path d=\"M"), 1) << svg;
+  EXPECT_EQ(countIn(svg, "stroke=\"#ffffff\" stroke-width=\"6\" fill=\"none\""), 1) << svg;
+  EXPECT_LT(svg.find("<path"), svg.find(">sulla riga<"));
+}
+
 TEST(SvgPage, PlacesASurfaceOnThePage) {
   const Surface ground("Fondo", 100, 50, 10);
   Surface panel("Grafico", 10, 10, 10, Colour::white);
