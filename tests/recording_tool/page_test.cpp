@@ -65,5 +65,13 @@ TEST(SvgPage, PlacesASurfaceOnThePage) {
   EXPECT_EQ(countIn(svg, "<rect x=\"100\" y=\"60\" width=\"20\" height=\"20\" fill=\"#00ff00\"/>"), 1) << svg;
 }
 
+TEST(SvgPage, ABarEndsWithItsSurface) {
+  const Surface ground("Fondo", 100, 50, 10);
+  Surface panel("Grafico", 10, 10, 10, Colour::white);
+  panel.box(5, 10, 6, -500, Colour::lightGreen);
+  const std::string svg = pageBytes(Page{"p", &ground, 50, {{&panel, {40, 20, 20, 20}}}}, PageFormat::svg);
+  EXPECT_EQ(countIn(svg, "<rect x=\"100\" y=\"40\" width=\"4\" height=\"40\" fill=\"#00ff00\"/>"), 1) << svg;
+}
+
 }  // namespace
 }  // namespace korvinel::tool

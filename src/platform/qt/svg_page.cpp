@@ -63,7 +63,9 @@ class SvgEngine : public QPaintEngine {
 
   void drawRects(const QRectF* rects, int count) override {
     for (const QRectF& untransformed : std::span(rects, static_cast<std::size_t>(count))) {
-      const QRectF rect = state->transform().mapRect(untransformed);
+      const QRectF visible = insideClip(untransformed);
+      if (visible.isEmpty()) continue;
+      const QRectF rect = state->transform().mapRect(visible);
       body_ += QStringLiteral("<rect") + attribute("x", rect.x()) + attribute("y", rect.y()) +
                attribute("width", rect.width()) + attribute("height", rect.height()) +
                attribute("fill", state->brush().color().name()) + QStringLiteral("/>\n");
@@ -104,6 +106,11 @@ class SvgEngine : public QPaintEngine {
   [[nodiscard]] const QString& body() const { return body_; }
 
  private:
+  /// A bar beyond the full scale ends with its panel.
+  [[nodiscard]] QRectF insideClip(const QRectF& rect) const {
+    return painter()->hasClipping() ? rect.intersected(painter()->clipBoundingRect()) : rect;
+  }
+
   QString body_;
 };
 
