@@ -10,12 +10,16 @@
 
 namespace korvinel {
 
-/// The simulated instrument, frame by frame and with its faults, at the other end of a headless program's line.
+/// The simulated instrument, with its faults and its bytes as they come over a cable, at the other end of a headless
+/// program's line.
 class InstrumentOnTheLine {
  public:
   InstrumentOnTheLine(platform::HeadlessPlatform& host, const instrument::Faults& faults,
-                      instrument::Model model = instrument::Model::eyesClosed)
-      : host_(host), instrument_(instrument::modelSource({{model}}, 1), 1, faults) {
+                      instrument::Model model = instrument::Model::eyesClosed, const instrument::Wiring& wiring = {})
+      : InstrumentOnTheLine(host, instrument::modelSource({{model}}, 1), faults, wiring) {}
+  InstrumentOnTheLine(platform::HeadlessPlatform& host, std::unique_ptr<instrument::FrameSource> source,
+                      const instrument::Faults& faults, const instrument::Wiring& wiring)
+      : host_(host), instrument_(std::move(source), 1, faults, wiring) {
     host_.serialPort.onWritten = [this](const std::string& bytes) { instrument_.receive(bytes, now()); };
     host_.time.onStep = [this] { exchange(); };
     host_.time.setStep(0.02);
@@ -27,6 +31,8 @@ class InstrumentOnTheLine {
     instrument_.plugIn();  // its stream has ended
     host_.time.after(seconds, [this] { host_.serialPort.plugIn(); });
   }
+
+  [[nodiscard]] std::int64_t bytesStreamed() const { return instrument_.bytesStreamed(); }
 
  private:
   [[nodiscard]] double now() const { return host_.time.seconds(); }

@@ -21,13 +21,14 @@ struct Switch {
   void (*apply)(Faults&);
 };
 
-constexpr std::array<Switch, 7> switches{{
+constexpr std::array<Switch, 8> switches{{
     {"no-answer", [](Faults& faults) { faults.noAnswer = true; }},
     {"wrong-answer", [](Faults& faults) { faults.wrongAnswer = "NO"; }},
     {"split-answer", [](Faults& faults) { faults.splitAnswer = true; }},
     {"repeat-answer", [](Faults& faults) { faults.repeatAnswer = true; }},
     {"test-keeps-streaming", [](Faults& faults) { faults.testKeepsStreaming = true; }},
     {"ignore-stop", [](Faults& faults) { faults.ignoreStop = true; }},
+    {"cut-frames", [](Faults& faults) { faults.cutFrames = true; }},
     {"flood", [](Faults& faults) { faults.flood = true; }},
 }};
 

@@ -18,6 +18,7 @@ struct Faults {
   bool testKeepsStreaming = false;              ///< the test command does not end a running stream
   std::int64_t ignoredStarts = 0;               ///< how many start commands are ignored, from the first on
   bool ignoreStop = false;                      ///< the stop command is ignored
+  bool cutFrames = false;                       ///< a start or a stop cuts the frame that is being sent
   bool flood = false;                           ///< streams 100 times too fast
   std::vector<std::int64_t> silentAfterBlocks;  ///< after each of these blocks: silent until the next start command
   std::vector<std::int64_t> hangUpAfterBlocks;  ///< after each of these blocks the cable is pulled out

@@ -17,12 +17,16 @@ std::string hex(std::string_view bytes) {
   return text;
 }
 
+/// Ten bits a byte at 19200 baud; less where a frame would not fit its time.
+double byteSeconds(double framesPerSecond) { return std::min(10.0 / 19200, 1 / framesPerSecond / 4); }
+
 }  // namespace
 
-Instrument::Instrument(std::unique_ptr<FrameSource> source, double speed, Faults faults)
+Instrument::Instrument(std::unique_ptr<FrameSource> source, double speed, Faults faults, const Wiring& wiring)
     : source_(std::move(source)),
       faults_(std::move(faults)),
-      framesPerSecond_(framesPerSecond * speed * (faults_.flood ? 100 : 1)) {}
+      framesPerSecond_(framesPerSecond * speed * (faults_.flood ? 100 : 1)),
+      wire_(wiring, byteSeconds(framesPerSecond_), 1 / framesPerSecond_) {}
 
 void Instrument::receive(std::string_view bytes, double now) {
   produceUpTo(now);
@@ -44,6 +48,7 @@ void Instrument::reportIgnored(const std::string& bytes) {
 
 void Instrument::obey(Command command, double now) {
   events_.push_back("received " + std::string(nameOf(command)) + hex(bytesOf(command)));
+  if (faults_.cutFrames && streaming_ && command != Command::test) wire_.cut(now);
   switch (command) {
     case Command::test:
       if (!faults_.testKeepsStreaming) streaming_ = false;
@@ -80,8 +85,8 @@ double Instrument::frameDue() const {
 }
 
 double Instrument::nextDue() const {
-  if (!outbox_.empty()) return 0;
-  return answers_.empty() ? frameDue() : std::min(frameDue(), answers_.front().due);
+  const double made = std::min(frameDue(), wire_.nextDue());
+  return answers_.empty() ? made : std::min(made, answers_.front().due);
 }
 
 void Instrument::produceUpTo(double now) {
@@ -90,7 +95,7 @@ void Instrument::produceUpTo(double now) {
     const double answerDue = answers_.empty() ? std::numeric_limits<double>::infinity() : answers_.front().due;
     if (std::min(answerDue, frameDue()) > now) return;
     if (answerDue <= frameDue()) {
-      outbox_.push_back(std::move(answers_.front().text));
+      wire_.putAnswer(answerDue, answers_.front().text);
       answers_.pop_front();
     } else if (frames++ < mostFramesAtOnce) {
       if (!interruptedByFault()) produceFrame();
@@ -123,7 +128,7 @@ void Instrument::produceFrame() {
   }
   std::string piece;
   for (const std::uint8_t sample : *frame) piece += onTheWire(faults_, ++bytesStreamed_, static_cast<char>(sample));
-  if (!piece.empty()) outbox_.push_back(std::move(piece));
+  if (!piece.empty()) wire_.put(frameDue(), piece);
   ++framesOfStream_;
   ++framesStreamed_;
 }
@@ -132,12 +137,12 @@ void Instrument::plugIn() {
   unplugged_ = streaming_ = false;
   recogniser_ = {};
   answers_.clear();
-  outbox_.clear();
+  wire_.clear();
 }
 
 std::vector<std::string> Instrument::takeDue(double now) {
   produceUpTo(now);
-  return std::exchange(outbox_, {});
+  return wire_.takeDue(now);
 }
 
 std::vector<std::string> Instrument::takeEvents() { return std::exchange(events_, {}); }

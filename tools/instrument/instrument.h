@@ -9,31 +9,36 @@
 #include "instrument/command_recogniser.h"
 #include "instrument/faults.h"
 #include "instrument/frame_source.h"
+#include "instrument/wire.h"
 
 namespace korvinel::instrument {
 
-/// The four-channel instrument without its cable: bytes and the time go in, bytes come out. Times are seconds of any
-/// clock that never goes back.
+/// The four-channel instrument and how its bytes come over the cable: bytes and the time go in, bytes come out. Times
+/// are seconds of any clock that never goes back.
 ///
 /// It answers the test command with "OK", streams frames after the start command, 128 a second, the first one 1/128 s
-/// after it, and stops after the stop command. A start command during the stream begins a new one, at channel 1. The
-/// test command ends a running stream, so that the answer can be told from samples.
+/// after it, and stops after the stop command. A start command during the stream begins a new one, at channel 1. It
+/// finishes a frame before it obeys. The test command ends a running stream, so that the answer can be told from
+/// samples.
 class Instrument {
  public:
-  /// `speed`: multiplies the 128 frames a second; above 0.
-  Instrument(std::unique_ptr<FrameSource> source, double speed, Faults faults);
+  /// `speed`: multiplies the 128 frames a second; above 0. A line too slow for it is made faster.
+  Instrument(std::unique_ptr<FrameSource> source, double speed, Faults faults,
+             const Wiring& wiring = {.pace = Pace::wholeFrames});
 
   void receive(std::string_view bytes, double now);
 
-  /// What has become due up to `now`, in order. A piece is an answer or a frame: the wire should carry it whole or not
-  /// at all. More than 4096 frames behind, the instrument goes on from `now` rather than catching up for ever.
+  /// What has come out of the cable up to `now`, in order: the adapter's chunks, or answers and frames. More than 4096
+  /// frames behind, the instrument goes on from `now` rather than catching up for ever.
   [[nodiscard]] std::vector<std::string> takeDue(double now);
 
-  [[nodiscard]] double nextDue() const;  ///< when the next piece is due; infinity while there is nothing to send
+  [[nodiscard]] double nextDue() const;  ///< when the next piece may be due; infinity while there is nothing to send
 
   /// The cable has been pulled out by a fault: nothing is received or sent until plugIn().
   [[nodiscard]] bool unplugged() const { return unplugged_; }
   void plugIn();  ///< as after power-up: not streaming, no half command, no answer due
+
+  [[nodiscard]] std::int64_t bytesStreamed() const { return bytesStreamed_; }  ///< since the program's start
 
   [[nodiscard]] std::vector<std::string> takeEvents();  ///< what has happened since the last call, for a log
 
@@ -58,8 +63,8 @@ class Instrument {
   Faults faults_;
   double framesPerSecond_;
   CommandRecogniser recogniser_;
-  std::deque<Answer> answers_;       // in the order of their times
-  std::vector<std::string> outbox_;  // due, not yet taken
+  std::deque<Answer> answers_;  // in the order of their times
+  Wire wire_;
   std::vector<std::string> events_;
   bool streaming_ = false, unplugged_ = false;
   double streamStart_ = 0;

@@ -10,9 +10,9 @@
 namespace korvinel::instrument {
 namespace {
 
-enum Key : int { help = 1, link, port, model, seed, play, once, speed, fault, replug, log };
+enum Key : int { help = 1, link, port, model, seed, play, once, speed, pace, chunk, latency, fault, replug, log };
 
-constexpr std::array<option, 12> longOptions{{
+constexpr std::array<option, 15> longOptions{{
     {"help", no_argument, nullptr, help},
     {"link", required_argument, nullptr, link},
     {"port", required_argument, nullptr, port},
@@ -21,6 +21,9 @@ constexpr std::array<option, 12> longOptions{{
     {"play", required_argument, nullptr, play},
     {"once", no_argument, nullptr, once},
     {"speed", required_argument, nullptr, speed},
+    {"pace", required_argument, nullptr, pace},
+    {"chunk", required_argument, nullptr, chunk},
+    {"latency", required_argument, nullptr, latency},
     {"fault", required_argument, nullptr, fault},
     {"replug", required_argument, nullptr, replug},
     {"log", required_argument, nullptr, log},
@@ -31,12 +34,26 @@ constexpr std::array<option, 12> longOptions{{
 struct Written {
   Options options;
   std::optional<std::int64_t> port;
-  bool hasModel = false, hasSeed = false;
+  bool hasModel = false, hasSeed = false, hasAdapter = false;
 };
 
 std::filesystem::path pathIn(const std::string& value, const char* what) {
   if (value.empty()) throw UsageError(std::string(what) + " needs a file name");
   return value;
+}
+
+Pace paceIn(const std::string& value) {
+  if (value == "uart") return Pace::backToBack;
+  if (value == "spread") return Pace::evenlySpread;
+  if (value == "frames") return Pace::wholeFrames;
+  throw UsageError("unknown pace '" + value + "'; the paces are uart, spread, frames");
+}
+
+void applyAdapter(Written& written, int key, const std::string& value) {
+  Wiring& wiring = written.options.wiring;
+  written.hasAdapter = true;
+  if (key == chunk) wiring.chunkBytes = static_cast<int>(wholeNumberIn(value, 1, 4096, "the bytes of a chunk"));
+  if (key == latency) wiring.latencySeconds = numberIn(value, 0, 1000, "the milliseconds of the latency") / 1000;
 }
 
 void apply(Written& written, int key, const std::string& value) {
@@ -56,6 +73,9 @@ void apply(Written& written, int key, const std::string& value) {
     case play: options.recording = pathIn(value, "--play"); break;
     case once: options.once = true; break;
     case speed: options.speed = numberIn(value, 0.001, 1000, "the speed"); break;
+    case pace: options.wiring.pace = paceIn(value); break;
+    case chunk:
+    case latency: applyAdapter(written, key, value); break;
     case fault: addFault(options.faults, value); break;
     case replug: options.replugSeconds = numberIn(value, 0, 86400, "the seconds before the cable comes back"); break;
     case log: options.log = pathIn(value, "--log"); break;
@@ -68,6 +88,8 @@ void refuseContradictions(const Written& written) {
   if (written.port && !options.link.empty()) throw UsageError("choose either --link or --port");
   if (options.recording && (written.hasModel || written.hasSeed))
     throw UsageError("choose either --play or --model with --seed");
+  if (written.hasAdapter && options.wiring.pace == Pace::wholeFrames)
+    throw UsageError("--chunk and --latency need --pace uart or spread");
   if (options.once && !options.recording) throw UsageError("--once needs --play");
   if (options.replugSeconds && options.faults.hangUpAfterBlocks.empty())
     throw UsageError("--replug needs --fault hang-up-after=N");
@@ -167,6 +189,15 @@ The signal
   --once              with --play: fall silent at the end of the file
   --speed X           X times 128 frames a second, 0.001 to 1000 (default 1)
 
+The cable
+  --pace PACE         how a frame's four bytes come: uart, back to back at 19200
+                      baud, then a pause (the default); spread, evenly over the
+                      frame's time; frames, all at once, as no cable does it
+  --chunk N           the adapter hands N bytes on at once, 1 to 4096 (default
+                      62, as on USB; a UART 1, 8 or 14), ...
+  --latency MS        ... or fewer when the first of them has waited for MS
+                      milliseconds or up to half less, 0 to 1000 (default 16)
+
 Faults (--fault may be given several times; bytes and blocks are counted from
 the start of the program, over all starts and stops)
   --fault no-answer             no answer to the test command
@@ -178,6 +209,7 @@ the start of the program, over all starts and stops)
   --fault ignore-start=N        ignores the first N start commands
   --fault ignore-stop           ignores the stop command
   --fault silent-after=N        after N blocks, silence until the next start
+  --fault cut-frames            a start or a stop cuts the frame being sent
   --fault lose-byte=N           the Nth byte streamed is lost (N from 1)
   --fault double-byte=N         the Nth byte streamed comes twice
   --fault flip-byte=N           the Nth byte streamed has all bits inverted

@@ -8,6 +8,7 @@
 
 #include "instrument/faults.h"
 #include "instrument/signal_model.h"
+#include "instrument/wire.h"
 
 namespace korvinel::instrument {
 
@@ -20,6 +21,7 @@ struct Options {
   std::optional<std::filesystem::path> recording;  ///< the raw file to play
   bool once = false;                               ///< fall silent at the recording's end
   double speed = 1;                                ///< factor on 128 frames a second
+  Wiring wiring;
   Faults faults;
   std::optional<double> replugSeconds;  ///< pause between a hang-up and the cable coming back
   std::optional<std::filesystem::path> log;

@@ -30,7 +30,7 @@ Session::Session(const Options& options, std::ostream& output)
     : options_(options),
       output_(output),
       log_(openLog(options)),
-      instrument_(sourceFor(options), options.speed, options.faults) {
+      instrument_(sourceFor(options), options.speed, options.faults, options.wiring) {
   connect();
 }
 

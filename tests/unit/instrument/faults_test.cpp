@@ -36,6 +36,7 @@ TEST(AddFault, SetsTheFaultItNames) {
   EXPECT_EQ(faultsOf({"ignore-start=2"}).ignoredStarts, 2);
   EXPECT_TRUE(faultsOf({"ignore-stop"}).ignoreStop);
   EXPECT_TRUE(faultsOf({"flood"}).flood);
+  EXPECT_TRUE(faultsOf({"cut-frames"}).cutFrames);
   EXPECT_EQ(faultsOf({"silent-after=0"}).silentAfterBlocks, Numbers{0});
   EXPECT_EQ(faultsOf({"hang-up-after=3"}).hangUpAfterBlocks, Numbers{3});
   EXPECT_EQ(faultsOf({"flip-byte=7"}).flippedBytes, Numbers{7});

@@ -28,6 +28,17 @@ TEST(ParseOptions, HasDefaults) {
   EXPECT_FALSE(options.help || options.once || options.recording || options.log || options.replugSeconds);
 }
 
+TEST(Options, TheCableIsThatOfAUsbAdapterUnlessAnotherIsNamed) {
+  EXPECT_EQ(parse({}).wiring.pace, Pace::backToBack);
+  EXPECT_EQ(parse({}).wiring.chunkBytes, 62);
+  EXPECT_EQ(parse({}).wiring.latencySeconds, 0.016);
+  const Options options = parse({"--pace", "spread", "--chunk", "8", "--latency", "2"});
+  EXPECT_EQ(options.wiring.pace, Pace::evenlySpread);
+  EXPECT_EQ(options.wiring.chunkBytes, 8);
+  EXPECT_EQ(options.wiring.latencySeconds, 0.002);
+  EXPECT_EQ(parse({"--pace=frames"}).wiring.pace, Pace::wholeFrames);
+}
+
 TEST(ParseOptions, ReadsEveryOption) {
   const Options options = parse({"--port=3", "--play", "eeg.raw", "--once", "--speed", "2.5", "--log", "log.txt",
                                  "--fault", "no-answer", "--fault=hang-up-after=2", "--replug", "1.5"});
@@ -75,6 +86,10 @@ TEST(ParseOptions, RefusesWhatItDoesNotKnow) {
       {{"--play", "a", "--model", "flat"}, "either --play or --model"},
       {{"--play", "a", "--seed", "2"}, "either --play or --model"},
       {{"--once"}, "--once needs --play"},
+      {{"--pace", "slow"}, "unknown pace 'slow'; the paces are uart, spread, frames"},
+      {{"--chunk", "0"}, "the bytes of a chunk"},
+      {{"--latency", "1001"}, "the milliseconds of the latency"},
+      {{"--pace", "frames", "--chunk", "8"}, "--chunk and --latency need --pace uart or spread"},
       {{"--replug", "2"}, "--replug needs --fault hang-up-after"},
       {{"--replug", "-2", "--fault", "hang-up-after=1"}, "must be a number from 0 to 86400"}};
   for (const auto& [arguments, message] : cases)
@@ -88,37 +103,18 @@ TEST(ParseOptions, NeedsALinkWhereThereIsNoDataFolder) {
 
 TEST(HelpText, NamesEveryOptionModelAndFault) {
   const std::string help = helpText();
-  for (const auto* word : {"--port N",
-                           "--link PATH",
-                           "--model MODEL",
-                           "--seed N",
-                           "--play FILE",
-                           "--once",
-                           "--speed X",
-                           "--replug SECONDS",
-                           "--log FILE",
-                           "--help",
-                           "eyes-closed",
-                           "eyes-open",
-                           "blinks",
-                           "mains-hum",
-                           "drowsy",
-                           "saturated",
-                           "flat",
-                           "no-answer",
-                           "wrong-answer",
-                           "late-answer=MS",
-                           "split-answer",
-                           "repeat-answer",
-                           "test-keeps-streaming",
-                           "ignore-start=N",
-                           "ignore-stop",
-                           "silent-after=N",
-                           "lose-byte=N",
-                           "double-byte=N",
-                           "flip-byte=N",
-                           "flood",
-                           "hang-up-after=N"})
+  for (const auto* word : {"--port N",       "--link PATH",    "--model MODEL",
+                           "--seed N",       "--play FILE",    "--once",
+                           "--speed X",      "--pace PACE",    "--chunk N",
+                           "--latency MS",   "cut-frames",     "--replug SECONDS",
+                           "--log FILE",     "--help",         "eyes-closed",
+                           "eyes-open",      "blinks",         "mains-hum",
+                           "drowsy",         "saturated",      "flat",
+                           "no-answer",      "wrong-answer",   "late-answer=MS",
+                           "split-answer",   "repeat-answer",  "test-keeps-streaming",
+                           "ignore-start=N", "ignore-stop",    "silent-after=N",
+                           "lose-byte=N",    "double-byte=N",  "flip-byte=N",
+                           "flood",          "hang-up-after=N"})
     EXPECT_NE(help.find(word), std::string::npos) << word;
 }
 

@@ -188,7 +188,8 @@ void runUnread(Session& session, std::chrono::milliseconds time) {
 
 TEST_F(SessionTest, LosesWholeFramesWhenNobodyReads) {
   std::ofstream(folder_ / "eeg.raw", std::ios::binary) << numberedFrames();
-  Session session(optionsWith({"--speed", "1000", "--play", (folder_ / "eeg.raw").string()}), output_);
+  Session session(optionsWith({"--speed", "1000", "--pace", "frames", "--play", (folder_ / "eeg.raw").string()}),
+                  output_);
   const Port port(link());
   port.write(start);
   // Half a megabyte a second: sooner or later the line is full while nobody reads, however busy the machine is.
