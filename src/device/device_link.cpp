@@ -1,52 +1,23 @@
 #include "device/command_bytes.h"
+#include "device/line_steps.h"
 #include "frame/main_state.h"
 #include "frame/waiting.h"
-#include "platform/dialogs.h"
-#include "platform/operation_edge.h"
 #include "platform/serial_port.h"
 #include "platform/timing.h"
 
 namespace korvinel {
 namespace {
 
-using platform::Choice;
 using platform::Colour;
-using platform::skipOnFault;
 
-constexpr auto lineSettings = "19200,N,8,1";
-constexpr int receiveBufferBytes = 1600;
-constexpr int bytesPerBlock = 1024;
 constexpr double answerTimeout = 2.0;  // seconds
-constexpr double blockTimeout = 4.0;   // seconds
-
-/// A line that fails stays silent until it is opened again: the time-outs tell the user.
-void send(MainState& state, std::string_view bytes) {
-  skipOnFault([&] { state.host.serialPort.write(bytes); });
-}
 
 void sendWithChecksum(MainState& state, std::string_view text) {
   state.commandChecksum = 0;
   state.commandText = text;
   for (const char byte : text) state.commandChecksum += static_cast<unsigned char>(byte);
   state.commandText += static_cast<char>(closingChecksum(state.commandChecksum));
-  send(state, state.commandText);
-}
-
-bool openPort(MainState& state) {
-  auto& port = state.host.serialPort;
-  return skipOnFault([&] {
-    port.close();
-    port.select(state.serialPort);
-    port.setSettings(lineSettings);
-    port.setReadLength(1);
-    port.setReceiveBuffer(receiveBufferBytes);
-    port.open();
-  });
-}
-
-void raiseLines(MainState& state) {
-  skipOnFault([&] { state.host.serialPort.raiseRts(); });
-  skipOnFault([&] { state.host.serialPort.raiseDtr(); });
+  sendBytes(state, state.commandText);
 }
 
 std::string readAnswer(MainState& state) {
@@ -71,13 +42,8 @@ bool shakeHands(MainState& state) {
   state.host.serialPort.setReadLength(2);
   state.linkReady = 0;
   sendWithChecksum(state, testCommandText);
-  return readAnswer(state) == "OK";
-}
-
-void askOrEnd(MainState& state, const std::string& text) {
-  const Choice choice = state.host.dialogs.ask(text, "Error!");
-  state.messageAnswer = static_cast<int>(choice);
-  if (choice == Choice::cancel) throw platform::ProgramEnd{};
+  // What may still come after the answer would stand in the place of the first samples.
+  return readAnswer(state) == "OK" && fallsSilent(state);
 }
 
 void showLinkReady(MainState& state) {
@@ -87,44 +53,13 @@ void showLinkReady(MainState& state) {
   state.window.messagePanel.printAt(2, 30, Colour::white, "Premere Start per cominciare..");
 }
 
-/// Waits until a whole block is there; false after the time-out.
-bool waitForBlock(MainState& state) {
-  const double start = state.readStartTime = state.host.clock.seconds();
-  for (;;) {
-    state.host.events.process();
-    if (state.host.serialPort.waiting() >= bytesPerBlock) return true;
-    if (state.host.clock.seconds() - start > blockTimeout) return false;
-  }
-}
-
-void askToRestartStream(MainState& state) {
-  state.sendStopCommand();
-  state.messageText1 = "Errore di comunicazione!\r";
-  state.messageText2 = "Verificare se lo strumento e' acceso\r";
-  state.messageText3 = "Premere OK per continuare\r";
-  state.messageText4 = "oppure Cancel per terminare.";
-  state.messageText1 += state.messageText2 + state.messageText3 + state.messageText4;
-  askOrEnd(state, state.messageText1);
-  if (!state.host.serialPort.isOpen() && openPort(state)) raiseLines(state);
-  state.sendStartCommand();
-}
-
-/// Frames of 4 bytes, channel 1 to 4. What is waiting beyond the block is dropped.
-void decodeBlock(MainState& state) {
-  const std::string bytes = state.host.serialPort.read();
-  state.streamPosition = 0;
-  for (int sample = 1; sample <= state.samplesPerBlock; ++sample)
-    for (int channel = 1; channel <= 4; ++channel) {
-      state.streamPosition += 1;
-      state.sampleBlock[channel][sample] =
-          static_cast<float>(static_cast<unsigned char>(bytes.at(static_cast<std::size_t>(state.streamPosition) - 1)));
-    }
-}
-
 }  // namespace
 
 void MainState::openLink() {
   linkPending = 1;
+  streamStopped = 1;
+  framesCut = 0;
+  alignmentFault.clear();
   while (!shakeHands(*this))
     askOrEnd(*this,
              "Errore di comunicazione!\rVerificare se i cavi sono connessi\r"
@@ -134,20 +69,17 @@ void MainState::openLink() {
 }
 
 void MainState::sendStartCommand() {
+  if (framesCut == 1 && streamStopped == 0) sendStopCommand();
+  if (streamStopped == 1) findFramesAnew(*this);
   host.serialPort.setReadLength(0);
   host.serialPort.discardInput();
   sendWithChecksum(*this, startCommandText);
+  streamStopped = 0;
 }
 
-void MainState::sendStopCommand() { send(*this, stopCommandBytes); }
-
-void MainState::readBlock() {
-  while (!waitForBlock(*this)) askToRestartStream(*this);
-  decodeBlock(*this);
-  smoothBlock();
-  checkArtefacts();
-  if (endRequested == 1 || stopRequested == 1) return;
-  if (artefactFlag == 1) rejectBlock();
+void MainState::sendStopCommand() {
+  sendBytes(*this, stopCommandBytes);
+  streamStopped = 1;
 }
 
 }  // namespace korvinel

@@ -63,14 +63,18 @@ struct MainState {
   std::string messageText1, messageText2, messageText3, messageText4, messageText5;  ///< lines of a message
 
   // Device link: written by device/
-  std::string commandText;    ///< the command being built and sent, as bytes
-  Int16 commandChecksum = 0;  ///< running byte sum of the command
-  Int16 linkReady = 0;        ///< 1 once the instrument has answered
-  Int16 sharedSelector = 0;   ///< seconds to wait in the handshake; the pair (1, 2) shown for rejected blocks
-  double timerMark = 0;       ///< start of the running wait or turn, seconds
-  double readStartTime = 0;   ///< start of the wait for a block, seconds
-  int messageAnswer = 0;      ///< last OK/Cancel box: 1 = OK, 2 = Cancel
-  int streamPosition = 0;     ///< byte inside the received block, from 1
+  std::string commandText;     ///< the command being built and sent, as bytes
+  Int16 commandChecksum = 0;   ///< running byte sum of the command
+  Int16 linkReady = 0;         ///< 1 once the instrument has answered
+  Int16 sharedSelector = 0;    ///< seconds to wait in the handshake; the pair (1, 2) shown for rejected blocks
+  double timerMark = 0;        ///< start of the running wait or turn, seconds
+  double readStartTime = 0;    ///< start of the wait for a block, seconds
+  int messageAnswer = 0;       ///< last OK/Cancel box: 1 = OK, 2 = Cancel
+  int streamPosition = 0;      ///< byte inside the received block, from 1
+  Int16 streamStopped = 1;     ///< no start command has been sent since the last stop or handshake
+  Int16 framesCut = 0;         ///< 1: at a stop the instrument, or the line, has left a frame unfinished
+  std::string lineFault;       ///< why the port could not be opened or its line has failed; "" = it works
+  std::string alignmentFault;  ///< why the stream had to be restarted to find its frames; "" = never since Start
 
   // Acquisition and artefacts: written by device/
   Int16 artefactFlag = 0;         ///< 1: the block just read was rejected
@@ -150,10 +154,15 @@ struct MainState {
   [[nodiscard]] bool closeWindow();
 
   // device/device_link.cpp
-  void openLink();          ///< handshake; returns with `linkReady` 1, or the program has ended
-  void sendStartCommand();  ///< drops pending input and starts the stream
+  void openLink();  ///< handshake; returns with `linkReady` 1, or the program has ended
+  /// Drops pending input and starts the stream. After a stop it first waits until the line is silent, for two seconds
+  /// at most; while the stream runs its frames are counted on.
+  void sendStartCommand();
   void sendStopCommand();
-  void readBlock();  ///< waits for a block, decodes, smooths and checks it
+
+  // device/block_reading.cpp
+  /// Waits for a block, decodes, smooths and checks it. A block whose channels may be out of their places is given up.
+  void readBlock();
 
   // device/acquisition_cycle.cpp
   void acquisitionTick();  ///< one turn

@@ -10,6 +10,8 @@ struct Machine {
   virtual void setThreadPriority(int stepsAboveNormal) = 0;  ///< of the calling thread; 1 = one step above normal
   virtual void setPriorityClass(int priorityClass) = 0;      ///< of the process; 128 = high
   virtual std::string homeFolder() = 0;  ///< the user's own, with the separator behind it, as the host writes paths
+  /// Writes a line to standard error, for whoever has started the program from a terminal.
+  virtual void tell(const std::string& line) = 0;
 };
 
 /// Windows beside the main window. They are opened and closed on the user-interface thread, not modal.

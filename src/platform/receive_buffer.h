@@ -7,7 +7,8 @@
 
 namespace korvinel::platform {
 
-/// What has arrived on a serial line and has not been read, oldest first.
+/// What has arrived on a serial line and has not been read, oldest first: single bytes, or frames of so many bytes.
+/// Frames are handed out, discarded and lost as a whole, so that a reader who takes what is there never cuts one.
 class ReceiveBuffer {
  public:
   /// `bytes`: 0 or more; what arrives beyond it is lost, as on the wire. What is here already stays.
@@ -16,22 +17,62 @@ class ReceiveBuffer {
   [[nodiscard]] int capacity() const { return static_cast<int>(capacity_); }
   [[nodiscard]] int readLength() const { return static_cast<int>(readLength_); }
 
-  [[nodiscard]] int waiting() const { return static_cast<int>(bytes_.size()); }
-  void keep(std::string_view arrived) { bytes_ += arrived.substr(0, capacity_ - std::min(capacity_, bytes_.size())); }
-  void clear() { bytes_.clear(); }
+  /// The next byte is the first of a frame; what is here is dropped. `bytesPerFrame`: 1 or more; 1 = single bytes.
+  void expectFrames(int bytesPerFrame);
+  [[nodiscard]] bool hasUnfinishedFrame() const { return !unfinished_.empty(); }
+  void dropUnfinished();  ///< it will not be finished: the next byte is the first of a frame
 
-  /// Takes the oldest bytes, at most the read length. Fewer, even none, is no error.
-  [[nodiscard]] std::string read() {
-    const std::size_t count = readLength_ == 0 ? bytes_.size() : std::min(bytes_.size(), readLength_);
-    std::string taken = bytes_.substr(0, count);
-    bytes_.erase(0, count);
-    return taken;
-  }
+  [[nodiscard]] int waiting() const { return static_cast<int>(bytes_.size()); }  ///< bytes of whole frames
+  void keep(std::string_view arrived);
+  void discard();                    ///< drops what is here; the frame that is under way is dropped once it is whole
+  void clear() { expectFrames(1); }  ///< forgets everything: single bytes again
+  [[nodiscard]] std::string read();  ///< the oldest bytes, at most the read length, down to a whole frame
 
  private:
+  void closeFrame();
+
   std::size_t capacity_ = 1600;
   std::size_t readLength_ = 0;
+  std::size_t frameBytes_ = 1;
   std::string bytes_;
+  std::string unfinished_;       // the beginning of a frame, never a whole one
+  bool dropUnfinished_ = false;  // its beginning has been discarded
 };
+
+inline void ReceiveBuffer::expectFrames(int bytesPerFrame) {
+  frameBytes_ = static_cast<std::size_t>(bytesPerFrame);
+  bytes_.clear();
+  dropUnfinished();
+}
+
+inline void ReceiveBuffer::keep(std::string_view arrived) {
+  for (const char byte : arrived) {
+    unfinished_ += byte;
+    if (unfinished_.size() == frameBytes_) closeFrame();
+  }
+}
+
+inline void ReceiveBuffer::closeFrame() {
+  if (!dropUnfinished_ && bytes_.size() + frameBytes_ <= capacity_) bytes_ += unfinished_;
+  dropUnfinished();
+}
+
+inline void ReceiveBuffer::dropUnfinished() {
+  unfinished_.clear();
+  dropUnfinished_ = false;
+}
+
+inline void ReceiveBuffer::discard() {
+  bytes_.clear();
+  dropUnfinished_ = !unfinished_.empty();
+}
+
+inline std::string ReceiveBuffer::read() {
+  const std::size_t most = readLength_ == 0 ? bytes_.size() : std::min(bytes_.size(), readLength_);
+  const std::size_t count = most - most % frameBytes_;
+  std::string taken = bytes_.substr(0, count);
+  bytes_.erase(0, count);
+  return taken;
+}
 
 }  // namespace korvinel::platform

@@ -21,6 +21,8 @@ struct RecordingMachine : Machine {
   void setThreadPriority(int steps) override { asked.push_back("thread " + std::to_string(steps)); }
   void setPriorityClass(int priorityClass) override { asked.push_back("process " + std::to_string(priorityClass)); }
   std::string homeFolder() override { return home; }
+  std::vector<std::string> told;  ///< the lines for standard error
+  void tell(const std::string& line) override { told.push_back(line); }
 };
 
 /// Remembers what was printed: "empty", "key 1", "print 10 3 190 145".
@@ -63,7 +65,7 @@ struct HeadlessPlatform {
   VirtualTimer pauseTimer{time};
   ScriptedDialogs dialogs;
   MemoryFiles files;
-  ScriptedSerialPort serialPort;
+  ScriptedSerialPort serialPort{time};
   ScriptedInstrument instrument{serialPort};
   RecordingMachine machine;
   RecordingPrinter printer;

@@ -13,7 +13,7 @@ void ScriptedInstrument::take(const std::string& command) {
 }
 
 void ScriptedInstrument::deliverIfPolled() {
-  if (!streaming_ || !line_.connected() || line_.waiting() > 0) return;
+  if (!streaming_ || !line_.connected() || line_.undelivered() > 0) return;
   line_.deliver(blocks.empty() ? idleBlock : blocks.front());
   if (!blocks.empty()) blocks.pop_front();
   ++blocksDelivered;

@@ -4,30 +4,32 @@
 #include <string>
 #include <vector>
 
-#include "platform/receive_buffer.h"
-#include "platform/serial_port.h"
+#include "platform/buffered_line.h"
+#include "platform/timing.h"
 
 namespace korvinel::platform {
 
-/// A serial line whose other end is played by a test or by a simulated instrument. Remembers what happened to it.
-class ScriptedSerialPort : public SerialPort {
+/// A serial line whose other end is played by a test or by a simulated instrument. Remembers what happened to it. What
+/// arrives waits in the system until somebody looks; a system that is full loses bytes, wherever a frame begins.
+class ScriptedSerialPort : public BufferedLine {
  public:
+  explicit ScriptedSerialPort(const Clock& clock) : clock_(clock) {}
   void select(int portNumber) override { selected_ = portNumber; }
   void setSettings(std::string_view settings) override { settings_ = settings; }
-  void setReceiveBuffer(int bytes) override { received_.setCapacity(bytes); }
-  void setReadLength(int bytes) override { received_.setReadLength(bytes); }
   void open() override;
   void close() override;
   [[nodiscard]] bool isOpen() const override { return open_; }
   void raiseRts() override { happened("rts"); }
   void raiseDtr() override { happened("dtr"); }
-  [[nodiscard]] int waiting() override { return received_.waiting(); }
   void discardInput() override;
-  [[nodiscard]] std::string read() override { return received_.read(); }
+  [[nodiscard]] std::string read() override;
   void write(std::string_view bytes) override;
 
   /// The other end's part.
-  void deliver(std::string_view bytes);  ///< what does not fit the receive buffer is lost, as on the wire
+  void deliver(std::string_view bytes);  ///< what the system has no room for is lost
+  [[nodiscard]] int undelivered() const { return static_cast<int>(system_.size()) + received().waiting(); }
+  void overrun() { overrun_ = true; }  ///< the system counts bytes that it had to lose
+  std::function<void()> beforeRead;    ///< what happens between the last look and a read
   std::function<void(const std::string& bytes)> onWritten;
   void unplug();  ///< the line fails at its next use; opening fails too
   void plugIn() { unplugged_ = false; }
@@ -36,17 +38,24 @@ class ScriptedSerialPort : public SerialPort {
   /// In order: "open 2 19200,N,8,1", "rts", "dtr", "discard", "write <decimal bytes>", "close".
   const std::vector<std::string>& history() const { return history_; }
   const std::string& written() const { return written_; }  ///< all bytes since the beginning
-  int readLength() const { return received_.readLength(); }
-  int capacity() const { return received_.capacity(); }
+  int readLength() const { return received().readLength(); }
+  int capacity() const { return received().capacity(); }
 
  private:
+  static constexpr std::size_t systemBuffer = 4096;
+
+  void takeFromSystem() override;
+  void dropFromSystem() override { system_.clear(); }
+  [[nodiscard]] double seconds() const override { return clock_.seconds(); }
   void happened(const std::string& event) { history_.push_back(event); }
 
+  const Clock& clock_;
   int selected_ = 0;
   std::string settings_;
   bool open_ = false;
   bool unplugged_ = false;
-  ReceiveBuffer received_;
+  bool overrun_ = false;
+  std::string system_;
   std::string written_;
   std::vector<std::string> history_;
 };

@@ -3,6 +3,7 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <cstdio>
 
 #include "platform/host_paths.h"
 
@@ -26,6 +27,8 @@ void PosixMachine::setPriorityClass(int priorityClass) {
 }
 
 std::string PosixMachine::homeFolder() { return platform::homeFolder() + "/"; }
+
+void PosixMachine::tell(const std::string& line) { std::fprintf(stderr, "korvinel: %s\n", line.c_str()); }
 
 void PosixMachine::askForNiceness() const {
   const int wanted = std::clamp(threadSteps_ + classSteps_, 0, mostSteps);

@@ -11,6 +11,7 @@ class PosixMachine : public Machine {
   void setThreadPriority(int stepsAboveNormal) override;
   void setPriorityClass(int priorityClass) override;
   std::string homeFolder() override;
+  void tell(const std::string& line) override;
 
  private:
   void askForNiceness() const;

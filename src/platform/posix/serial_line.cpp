@@ -1,9 +1,11 @@
 #include "platform/posix/serial_line.h"
 
 #include <fcntl.h>
+#include <linux/serial.h>
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <time.h>
 
 #include <array>
 #include <cctype>
@@ -60,6 +62,13 @@ void requireDeviceFile(const std::string& path) {
   if (!S_ISCHR(status.st_mode)) throw PortFault(path + " non e' una porta seriale");
 }
 
+[[noreturn]] void refuseToOpen(const std::string& path, int error) {
+  if (error == EACCES || error == EPERM)
+    throw PortFault("La porta seriale " + path + " non si apre: manca il permesso (gruppo dialout)");
+  if (error == EBUSY) throw PortFault("La porta seriale " + path + " e' gia' in uso");
+  throw PortFault("La porta seriale " + path + " non si apre: " + systemMessage(error));
+}
+
 }  // namespace
 
 LineSettings parseLineSettings(std::string_view settings) {
@@ -70,16 +79,23 @@ LineSettings parseLineSettings(std::string_view settings) {
   return parsed;
 }
 
+long countedLineErrors(int device) {
+  serial_icounter_struct counted{};
+  if (ioctl(device, TIOCGICOUNT, &counted) != 0) return 0;
+  return long{counted.overrun} + counted.buf_overrun + counted.frame + counted.brk;
+}
+
 void SerialLine::open() {
   close();
   const std::string path = devicePath_(portNumber_);
   requireDeviceFile(path);
   device_ = FileDescriptor(::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
-  if (!isOpen()) throw PortFault("La porta seriale " + path + " non si apre: " + systemMessage(errno));
+  if (!isOpen()) refuseToOpen(path, errno);
   if (isatty(device_.get()) == 0) fail(path + " non e' una porta seriale");
   // A second program on the same line would take half of the bytes.
   if (flock(device_.get(), LOCK_EX | LOCK_NB) != 0) fail("La porta seriale " + path + " e' gia' in uso");
   if (!configure()) fail("La porta seriale " + path + " non accetta le impostazioni: " + systemMessage(errno));
+  beginAnew();
 }
 
 bool SerialLine::configure() const {
@@ -98,7 +114,7 @@ bool SerialLine::configure() const {
 
 void SerialLine::close() {
   device_.reset();
-  received_.clear();
+  beginAnew();
 }
 
 void SerialLine::raise(int modemLine) {
@@ -108,20 +124,25 @@ void SerialLine::raise(int modemLine) {
   if (!lineIsMissing) fail("La porta seriale non risponde: " + systemMessage(errno));
 }
 
-int SerialLine::waiting() {
-  takeArrived();
-  return received_.waiting();
+void SerialLine::expectFrames(int bytesPerFrame, bool lineIsSilent) {
+  BufferedLine::expectFrames(bytesPerFrame, lineIsSilent);
+  knownErrors_ = isOpen() ? lineErrors_(device_.get()) : 0;
 }
 
-void SerialLine::discardInput() {
-  takeArrived();
+void SerialLine::dropFromSystem() {
   if (isOpen()) tcflush(device_.get(), TCIFLUSH);
-  received_.clear();
 }
 
-std::string SerialLine::read() {
+double SerialLine::seconds() const {
+  timespec now{};
+  clock_gettime(CLOCK_BOOTTIME, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+void SerialLine::takeFromSystem() {
   takeArrived();
-  return received_.read();
+  if (framed() && isOpen() && lineErrors_(device_.get()) != knownErrors_)
+    suspect("il sistema ha contato dei byte persi o guasti sulla linea");
 }
 
 /// Takes over what the system holds. A line that has failed is closed here and is silent from then on.
@@ -130,7 +151,7 @@ void SerialLine::takeArrived() {
   while (isOpen()) {
     const ssize_t count = ::read(device_.get(), chunk.data(), chunk.size());
     if (count > 0) {
-      received_.keep({chunk.data(), static_cast<std::size_t>(count)});
+      keep({chunk.data(), static_cast<std::size_t>(count)});
     } else if (count < 0 && errno == EINTR) {
       continue;
     } else {

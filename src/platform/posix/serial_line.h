@@ -6,9 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "platform/buffered_line.h"
 #include "platform/posix/file_descriptor.h"
-#include "platform/receive_buffer.h"
-#include "platform/serial_port.h"
 
 namespace korvinel::platform {
 
@@ -21,17 +20,20 @@ struct LineSettings {
 /// Throws PortFault for settings that no line has.
 [[nodiscard]] LineSettings parseLineSettings(std::string_view settings);
 
-/// A serial line on the system's terminal devices, pseudo-terminals included. It has a receive buffer of its own, into
-/// which everything that the system holds is taken at every look; what does not fit is lost, as on the wire.
-class SerialLine : public SerialPort {
+/// How many bytes the system has lost or received damaged on an open line since it began to count; 0 where it does not
+/// count (a pseudo-terminal).
+[[nodiscard]] long countedLineErrors(int device);
+
+/// A serial line on the system's terminal devices, pseudo-terminals included.
+class SerialLine : public BufferedLine {
  public:
-  /// `devicePath`: the device of a port number, asked at every opening.
-  explicit SerialLine(std::function<std::string(int portNumber)> devicePath) : devicePath_(std::move(devicePath)) {}
+  /// `devicePath`: the device of a port number, asked at every opening. `lineErrors`: as `countedLineErrors`.
+  explicit SerialLine(std::function<std::string(int portNumber)> devicePath,
+                      std::function<long(int device)> lineErrors = countedLineErrors)
+      : devicePath_(std::move(devicePath)), lineErrors_(std::move(lineErrors)) {}
 
   void select(int portNumber) override { portNumber_ = portNumber; }
   void setSettings(std::string_view settings) override { settings_ = parseLineSettings(settings); }
-  void setReceiveBuffer(int bytes) override { received_.setCapacity(bytes); }
-  void setReadLength(int bytes) override { received_.setReadLength(bytes); }
 
   void open() override;
   void close() override;
@@ -39,14 +41,15 @@ class SerialLine : public SerialPort {
   void raiseRts() override { raise(TIOCM_RTS); }
   void raiseDtr() override { raise(TIOCM_DTR); }
 
-  [[nodiscard]] int waiting() override;
-  void discardInput() override;
-  [[nodiscard]] std::string read() override;
+  void expectFrames(int bytesPerFrame, bool lineIsSilent) override;
   void write(std::string_view bytes) override;
 
  private:
   [[nodiscard]] bool configure() const;
   void raise(int modemLine);
+  void takeFromSystem() override;
+  void dropFromSystem() override;
+  [[nodiscard]] double seconds() const override;
   void takeArrived();
   [[nodiscard]] bool hungUp() const;
   void waitUntilWritable();
@@ -56,7 +59,8 @@ class SerialLine : public SerialPort {
   int portNumber_ = 1;
   LineSettings settings_;
   FileDescriptor device_;
-  ReceiveBuffer received_;
+  std::function<long(int)> lineErrors_;
+  long knownErrors_ = 0;
 };
 
 }  // namespace korvinel::platform

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 #include "platform/windows/wide_text.h"
 
@@ -9,6 +10,10 @@ namespace korvinel::platform {
 namespace {
 
 constexpr DWORD longestWriteMs = 500;
+/// Between two turns nobody reads: three seconds, 1536 bytes, and more on a slow machine. Longer than what is taken for
+/// a sign that bytes may be lost.
+constexpr DWORD driverQueue = 8192;
+static_assert(driverQueue > LineWatch::fullSystemBuffer);
 
 /// Lays "19200,N,8,1" over a port's state; whether a line can have it.
 bool lineState(const std::string& settings, DCB& state) {
@@ -35,11 +40,14 @@ void SerialLine::open() {
       CreateFileW(wideFromUtf8(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
   if (!isOpen()) {
     const DWORD error = GetLastError();
+    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND)
+      throw PortFault("La porta seriale " + path + " non c'e'");
     if (error == ERROR_ACCESS_DENIED) throw PortFault("La porta seriale " + path + " e' gia' in uso");
     throw PortFault("La porta seriale " + path + " non si apre: " + systemMessage(error));
   }
   if (GetFileType(device_.get()) != FILE_TYPE_CHAR) fail(path + " non e' una porta seriale");
   if (!configure()) fail("La porta seriale " + path + " non accetta le impostazioni: " + systemMessage(GetLastError()));
+  beginAnew();
 }
 
 bool SerialLine::configure() const {
@@ -48,14 +56,14 @@ bool SerialLine::configure() const {
   COMMTIMEOUTS timeouts{MAXDWORD, 0, 0, 0, longestWriteMs};
   DCB state{};
   state.DCBlength = sizeof state;
-  return SetupComm(device_.get(), static_cast<DWORD>(received_.capacity()), sendQueue) != 0 &&
-         GetCommState(device_.get(), &state) != 0 && lineState(settings_, state) &&
-         SetCommState(device_.get(), &state) != 0 && SetCommTimeouts(device_.get(), &timeouts) != 0;
+  return SetupComm(device_.get(), driverQueue, sendQueue) != 0 && GetCommState(device_.get(), &state) != 0 &&
+         lineState(settings_, state) && SetCommState(device_.get(), &state) != 0 &&
+         SetCommTimeouts(device_.get(), &timeouts) != 0;
 }
 
 void SerialLine::close() {
   device_.reset();
-  received_.clear();
+  beginAnew();
 }
 
 /// A device without modem lines refuses, which is no error; a lost one shows at the next look or write.
@@ -64,23 +72,15 @@ void SerialLine::raise(DWORD modemLine) {
   EscapeCommFunction(device_.get(), modemLine);
 }
 
-int SerialLine::waiting() {
-  takeArrived();
-  return received_.waiting();
-}
-
-void SerialLine::discardInput() {
-  takeArrived();
+void SerialLine::dropFromSystem() {
   if (isOpen()) PurgeComm(device_.get(), PURGE_RXCLEAR);
-  received_.clear();
 }
 
-std::string SerialLine::read() {
-  takeArrived();
-  return received_.read();
+double SerialLine::seconds() const {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-void SerialLine::takeArrived() {
+void SerialLine::takeFromSystem() {
   while (isOpen() && takePiece()) continue;
 }
 
@@ -93,13 +93,15 @@ bool SerialLine::takePiece() {
   DWORD count = 0;
   // This call also clears a framing or overrun error, which would hold up the reads.
   const bool alive = ClearCommError(device_.get(), &errors, &status) != 0;
+  if ((errors & (CE_OVERRUN | CE_RXOVER | CE_FRAME)) != 0)
+    suspect("il sistema ha contato dei byte persi o guasti sulla linea");
   const auto size = std::min<DWORD>(status.cbInQue, static_cast<DWORD>(piece.size()));
   if (alive && size == 0) return false;
   if (!alive || ReadFile(device_.get(), piece.data(), size, &count, nullptr) == 0) {
     close();
     return false;
   }
-  received_.keep({piece.data(), count});
+  keep({piece.data(), count});
   return count > 0;
 }
 

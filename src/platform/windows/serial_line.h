@@ -5,23 +5,19 @@
 #include <functional>
 #include <string>
 
-#include "platform/receive_buffer.h"
-#include "platform/serial_port.h"
+#include "platform/buffered_line.h"
 #include "platform/windows/file_handle.h"
 
 namespace korvinel::platform {
 
-/// A serial line on a COM port. It has a receive buffer of its own, into which everything that the driver holds is
-/// taken at every look; what does not fit is lost, as on the wire. The driver's queue is asked to have the same length.
-class SerialLine : public SerialPort {
+/// A serial line on a COM port.
+class SerialLine : public BufferedLine {
  public:
   /// `devicePath`: the device of a port number, asked at every opening.
   explicit SerialLine(std::function<std::string(int portNumber)> devicePath) : devicePath_(std::move(devicePath)) {}
 
   void select(int portNumber) override { portNumber_ = portNumber; }
   void setSettings(std::string_view settings) override;  ///< throws PortFault for settings that no line has
-  void setReceiveBuffer(int bytes) override { received_.setCapacity(bytes); }
-  void setReadLength(int bytes) override { received_.setReadLength(bytes); }
 
   void open() override;
   void close() override;
@@ -29,15 +25,14 @@ class SerialLine : public SerialPort {
   void raiseRts() override { raise(SETRTS); }
   void raiseDtr() override { raise(SETDTR); }
 
-  [[nodiscard]] int waiting() override;
-  void discardInput() override;
-  [[nodiscard]] std::string read() override;
   void write(std::string_view bytes) override;
 
  private:
   [[nodiscard]] bool configure() const;
   void raise(DWORD modemLine);
-  void takeArrived();
+  void takeFromSystem() override;
+  void dropFromSystem() override;
+  [[nodiscard]] double seconds() const override;
   [[nodiscard]] bool takePiece();
   [[noreturn]] void fail(const std::string& reason);
 
@@ -45,7 +40,6 @@ class SerialLine : public SerialPort {
   int portNumber_ = 1;
   std::string settings_ = "19200,N,8,1";
   FileHandle device_;
-  ReceiveBuffer received_;
 };
 
 }  // namespace korvinel::platform

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <cstdio>
+
 #include "platform/host_paths.h"
 
 namespace korvinel::platform {
@@ -30,6 +32,8 @@ void WindowsMachine::setPriorityClass(int priorityClass) {
 }
 
 std::string WindowsMachine::homeFolder() { return platform::homeFolder() + "\\"; }
+
+void WindowsMachine::tell(const std::string& line) { std::fprintf(stderr, "korvinel: %s\n", line.c_str()); }
 
 int WindowsScreenPrinter::systemMajorVersion() {
   OSVERSIONINFOA version{};

@@ -13,6 +13,7 @@ class WindowsMachine : public Machine {
   void setThreadPriority(int stepsAboveNormal) override;
   void setPriorityClass(int priorityClass) override;
   std::string homeFolder() override;
+  void tell(const std::string& line) override;
 };
 
 /// Lets the system itself take the picture of the active window; a printer from elsewhere prints it.

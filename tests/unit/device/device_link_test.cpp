@@ -5,6 +5,7 @@
 
 #include "device/command_bytes.h"
 #include "headless_program.h"
+#include "platform/line_watch.h"
 
 namespace korvinel {
 namespace {
@@ -247,6 +248,123 @@ TEST_F(LinkTest, AnUnpluggedInstrumentIsOneErrorAndOkOpensTheLineAgain) {
   EXPECT_EQ(host.dialogs.shown.size(), 1U);
   EXPECT_EQ(program.state.sampleBlock[1][50], 70.0F);
   EXPECT_EQ(std::count(host.serialPort.history().begin(), host.serialPort.history().end(), "open 2 19200,N,8,1"), 2);
+}
+
+TEST_F(LinkTest, ACablePulledOutBetweenTheLookAndTheReadingIsNoBlock) {
+  connect();
+  host.instrument.blocks = {blockOf(90), blockOf(70)};
+  readBlock();
+  ASSERT_EQ(program.state.sampleBlock[1][50], 90.0F);
+  host.serialPort.beforeRead = [&] {
+    host.serialPort.beforeRead = nullptr;
+    host.serialPort.unplug();
+  };
+  host.dialogs.choices = {Choice::ok};
+  host.dialogs.whileOpen = [&] {
+    EXPECT_EQ(program.state.sampleBlock[1][50], 90.0F);  // nothing was made of the bytes that did not come
+    host.serialPort.plugIn();
+    host.instrument.blocks = {blockOf(60)};
+  };
+  readBlock();
+  ASSERT_EQ(host.dialogs.shown.size(), 1U);
+  EXPECT_EQ(host.dialogs.shown[0].text, blockError);
+  EXPECT_EQ(program.state.sampleBlock[1][50], 60.0F);
+}
+
+TEST_F(LinkTest, WhyAPortCannotBeOpenedIsKeptAndWrittenToStandardErrorOnce) {
+  host.serialPort.unplug();
+  host.dialogs.choices = {Choice::ok, Choice::ok, Choice::ok};
+  std::string kept;
+  host.dialogs.whileOpen = [&] {
+    kept = program.state.lineFault;
+    if (host.dialogs.shown.size() == 3) host.serialPort.plugIn();
+  };
+  openLink();
+  EXPECT_EQ(kept, "COM2 non c'e'");
+  EXPECT_EQ(host.dialogs.shown[0].text, linkError);  // the box keeps its words
+  EXPECT_THAT(host.machine.told, ElementsAre("COM2 non c'e'"));
+  EXPECT_EQ(program.state.lineFault, "");
+}
+
+TEST_F(LinkTest, WhyALineHasFailedIsKeptUntilItIsOpenedAgain) {
+  connect();
+  host.serialPort.unplug();
+  program.state.sendStopCommand();
+  EXPECT_EQ(program.state.lineFault, "La porta seriale non risponde");
+  EXPECT_THAT(host.machine.told, ElementsAre("La porta seriale non risponde"));
+  host.serialPort.plugIn();
+  openLink();
+  EXPECT_EQ(program.state.lineFault, "");
+}
+
+TEST_F(LinkTest, FramesCutByTheLineAreNeverCutByTheReading) {
+  connect();
+  host.instrument.goSilent();
+  host.serialPort.discardInput();
+  std::string block;
+  for (int frame = 0; frame < 256; ++frame) block += "\x10\x20\x30\x40";
+  host.serialPort.deliver(block + "\x10");
+  readBlock();
+  host.serialPort.deliver("\x20\x30\x40" + block);
+  readBlock();
+  for (int channel = 1; channel <= 4; ++channel)
+    EXPECT_NEAR(program.state.sampleBlock[channel][1], 16.0F * static_cast<float>(channel), 1e-4);
+}
+
+TEST_F(LinkTest, AnOverflowCountedByTheSystemRestartsTheStreamWithoutABox) {
+  connect();
+  host.instrument.blocks = {blockOf(90), blockOf(70)};
+  host.serialPort.overrun();
+  readBlock();
+  EXPECT_TRUE(host.dialogs.shown.empty());
+  EXPECT_TRUE(host.serialPort.written().ends_with(startCommand + stopCommand + startCommand));
+  EXPECT_EQ(program.state.sampleBlock[1][50], 70.0F);  // not the block of which nobody knows where its frames begin
+  EXPECT_EQ(program.window.statusLabel.text(), "Allineamento dei canali incerto: flusso riavviato");
+  EXPECT_EQ(program.window.statusLabel.ink(), platform::Colour::lightRed);
+  EXPECT_NE(program.state.alignmentFault, "");
+  ASSERT_EQ(host.machine.told.size(), 1U);
+  EXPECT_EQ(host.machine.told[0], "allineamento dei canali incerto: " + program.state.alignmentFault);
+}
+
+TEST_F(LinkTest, ARestartReadsTheLineEmptyBeforeItStarts) {
+  connect();
+  host.instrument.goSilent();
+  host.serialPort.discardInput();
+  host.serialPort.deliver(blockOf(90));
+  host.serialPort.overrun();
+  // Bytes are still on their way when the stop is sent, and end in the middle of a frame.
+  for (const double delay : {0.03, 0.08, 0.15}) host.time.after(delay, [&] { host.serialPort.deliver("xyz"); });
+  double started = 0;
+  host.time.when([&] { return host.serialPort.written().ends_with(stopCommand + startCommand); },
+                 [&] { started = host.time.seconds(); });
+  const double begun = host.time.seconds();
+  host.instrument.blocks = {blockOf(70)};
+  readBlock();
+  EXPECT_GT(started - begun, 0.15 + platform::LineWatch::silence - 0.03);
+  EXPECT_EQ(program.state.sampleBlock[1][50], 70.0F);
+}
+
+TEST_F(LinkTest, AnInstrumentThatStreamedOnWhileItsAdapterWasOutIsStoppedFirst) {
+  connect();
+  host.serialPort.unplug();
+  host.dialogs.choices = {Choice::ok};
+  host.dialogs.whileOpen = [&] { host.serialPort.plugIn(); };
+  readBlock();
+  EXPECT_TRUE(host.serialPort.written().ends_with(startCommand + stopCommand + startCommand));
+}
+
+TEST_F(LinkTest, AnInstrumentThatTalksOnAfterItsAnswerIsAskedAgain) {
+  host.dialogs.choices = {Choice::ok};
+  std::function<void()> talk = [&] {
+    if (!host.dialogs.shown.empty()) return;
+    if (host.serialPort.written() == testCommand) host.serialPort.deliver("x");
+    host.time.after(0.05, talk);
+  };
+  talk();
+  openLink();
+  ASSERT_EQ(host.dialogs.shown.size(), 1U);
+  EXPECT_EQ(host.dialogs.shown[0].text, linkError);
+  EXPECT_EQ(program.state.linkReady, 1);
 }
 
 }  // namespace

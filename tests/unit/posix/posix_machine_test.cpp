@@ -46,5 +46,12 @@ TEST(PosixMachine, ANormalClassAsksForNothing) {
   EXPECT_EQ(nicenessAfter([](PosixMachine& machine) { machine.setPriorityClass(32); }), niceness());
 }
 
+TEST(PosixMachine, TellsALineOnStandardError) {
+  PosixMachine machine;
+  testing::internal::CaptureStderr();
+  machine.tell("La porta seriale /dev/ttyUSB0 non c'e'");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "korvinel: La porta seriale /dev/ttyUSB0 non c'e'\n");
+}
+
 }  // namespace
 }  // namespace korvinel::platform

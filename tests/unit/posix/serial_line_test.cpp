@@ -162,6 +162,59 @@ TEST_F(SerialLineOnATerminal, RefusesALineThatIsInUse) {
   EXPECT_FALSE(second.isOpen());
 }
 
+TEST_F(SerialLineOnATerminal, AStreamIsHandedOutInWholeFrames) {
+  openLine();
+  line.expectFrames(4, true);
+  farEnd.send("1234ab");
+  ASSERT_TRUE(arrives(4));
+  EXPECT_EQ(line.read(), "1234");
+  farEnd.send("cd5");
+  ASSERT_TRUE(arrives(4));
+  line.discardInput();
+  farEnd.send("678efgh");
+  ASSERT_TRUE(arrives(4));
+  EXPECT_EQ(line.read(), "efgh");
+  EXPECT_EQ(line.alignmentDoubt(), "");
+}
+
+TEST_F(SerialLineOnATerminal, ASystemThatWasFullPutsTheFramesInDoubt) {
+  openLine();
+  line.expectFrames(4, true);
+  farEnd.send(bytesUpTo(3000));
+  ASSERT_TRUE(eventually([&] { return farEnd.pending() == 3000; }));
+  EXPECT_EQ(line.waiting(), 1600);
+  EXPECT_EQ(line.alignmentDoubt(), "");
+  farEnd.send(bytesUpTo(4000));
+  ASSERT_TRUE(eventually([&] { return farEnd.pending() == 4000; }));
+  EXPECT_EQ(line.waiting(), 1600);
+  EXPECT_NE(line.alignmentDoubt(), "");
+  line.expectFrames(4, true);
+  EXPECT_EQ(line.alignmentDoubt(), "");
+}
+
+TEST_F(SerialLineOnATerminal, BytesThatTheSystemCountsAsLostPutTheFramesInDoubt) {
+  long errors = 7;
+  SerialLine counting([this](int) { return farEnd.device(); }, [&errors](int) { return errors; });
+  counting.open();
+  counting.expectFrames(4, true);
+  EXPECT_EQ(counting.waiting(), 0);
+  EXPECT_EQ(counting.alignmentDoubt(), "");
+  ++errors;
+  EXPECT_EQ(counting.waiting(), 0);
+  EXPECT_NE(counting.alignmentDoubt(), "");
+  counting.expectFrames(4, true);
+  EXPECT_EQ(counting.waiting(), 0);
+  EXPECT_EQ(counting.alignmentDoubt(), "");
+}
+
+TEST_F(SerialLineOnATerminal, ADeviceThatCountsNoErrorsIsNoDoubt) {
+  openLine();
+  line.expectFrames(4, true);
+  farEnd.send("1234");
+  ASSERT_TRUE(arrives(4));
+  EXPECT_EQ(line.alignmentDoubt(), "");
+}
+
 TEST(SerialLine, OpeningNamesWhatIsNoSerialPort) {
   const TemporaryFolder folder;
   writeFile(folder / "file", "text");

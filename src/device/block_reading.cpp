@@ -1,0 +1,85 @@
+#include <optional>
+#include <string>
+
+#include "device/line_steps.h"
+#include "frame/main_state.h"
+#include "platform/serial_port.h"
+#include "platform/timing.h"
+
+namespace korvinel {
+namespace {
+
+constexpr int bytesPerBlock = 1024;
+constexpr double blockTimeout = 4.0;  // seconds
+constexpr int mostRestarts = 3;       // without a question, for one block
+
+void restartStream(MainState& state, const std::string& reason) {
+  tellOfDoubt(state, reason);
+  state.sendStopCommand();
+  state.sendStartCommand();
+  state.readStartTime = state.host.clock.seconds();
+}
+
+/// Waits for a whole block and takes it with all that is waiting; nothing after the time-out. Where it is not certain
+/// that the bytes begin with channel 1 they are given up and the stream is restarted.
+std::optional<std::string> waitForBlock(MainState& state) {
+  auto& port = state.host.serialPort;
+  state.readStartTime = state.host.clock.seconds();
+  for (int restarts = 0;;) {
+    state.host.events.process();
+    if (port.waiting() >= bytesPerBlock) {
+      const std::string doubt = port.alignmentDoubt();
+      if (!doubt.empty()) {
+        if (++restarts > mostRestarts) return std::nullopt;
+        restartStream(state, doubt);
+      } else if (std::string bytes = port.read(); bytes.size() >= bytesPerBlock) {
+        return bytes;  // a cable pulled out since the look gives fewer
+      }
+    }
+    if (state.host.clock.seconds() - state.readStartTime > blockTimeout) return std::nullopt;
+  }
+}
+
+/// The stop did not reach the instrument, which may stream on.
+void openLineAgain(MainState& state) {
+  if (!openPort(state)) return;
+  raiseLines(state);
+  state.sendStopCommand();
+}
+
+void askToRestartStream(MainState& state) {
+  state.sendStopCommand();
+  state.messageText1 = "Errore di comunicazione!\r";
+  state.messageText2 = "Verificare se lo strumento e' acceso\r";
+  state.messageText3 = "Premere OK per continuare\r";
+  state.messageText4 = "oppure Cancel per terminare.";
+  state.messageText1 += state.messageText2 + state.messageText3 + state.messageText4;
+  askOrEnd(state, state.messageText1);
+  if (!state.host.serialPort.isOpen()) openLineAgain(state);
+  state.sendStartCommand();
+}
+
+/// Frames of 4 bytes, channel 1 to 4. What has come beyond the block is dropped.
+void decodeBlock(MainState& state, const std::string& bytes) {
+  state.streamPosition = 0;
+  for (int sample = 1; sample <= state.samplesPerBlock; ++sample)
+    for (int channel = 1; channel <= 4; ++channel) {
+      state.streamPosition += 1;
+      state.sampleBlock[channel][sample] =
+          static_cast<float>(static_cast<unsigned char>(bytes.at(static_cast<std::size_t>(state.streamPosition) - 1)));
+    }
+}
+
+}  // namespace
+
+void MainState::readBlock() {
+  std::optional<std::string> block;
+  while (!(block = waitForBlock(*this))) askToRestartStream(*this);
+  decodeBlock(*this, *block);
+  smoothBlock();
+  checkArtefacts();
+  if (endRequested == 1 || stopRequested == 1) return;
+  if (artefactFlag == 1) rejectBlock();
+}
+
+}  // namespace korvinel

@@ -1,0 +1,92 @@
+#include "device/line_steps.h"
+
+#include "frame/main_state.h"
+#include "platform/dialogs.h"
+#include "platform/line_watch.h"
+#include "platform/machine.h"
+#include "platform/serial_port.h"
+#include "platform/timing.h"
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+
+constexpr auto lineSettings = "19200,N,8,1";
+constexpr int receiveBufferBytes = 1600;
+constexpr int bytesPerFrame = 4;
+constexpr double drainTimeout = 2.0;  // seconds
+
+template <typename Step>
+bool attempt(MainState& state, Step&& step) {
+  try {
+    step();
+    return true;
+  } catch (const platform::PortFault& fault) {
+    if (state.lineFault != fault.what()) state.host.machine.tell(fault.what());
+    state.lineFault = fault.what();
+    return false;
+  }
+}
+
+}  // namespace
+
+void sendBytes(MainState& state, std::string_view bytes) {
+  attempt(state, [&] { state.host.serialPort.write(bytes); });
+}
+
+bool openPort(MainState& state) {
+  auto& port = state.host.serialPort;
+  return attempt(state, [&] {
+    port.close();
+    port.select(state.serialPort);
+    port.setSettings(lineSettings);
+    port.setReadLength(1);
+    port.setReceiveBuffer(receiveBufferBytes);
+    port.open();
+    state.lineFault.clear();
+  });
+}
+
+void raiseLines(MainState& state) {
+  attempt(state, [&] { state.host.serialPort.raiseRts(); });
+  attempt(state, [&] { state.host.serialPort.raiseDtr(); });
+}
+
+bool fallsSilent(MainState& state) {
+  auto& port = state.host.serialPort;
+  const double start = state.host.clock.seconds();
+  for (;;) {
+    static_cast<void>(port.waiting());
+    if (port.silentFor() >= platform::LineWatch::silence) return true;
+    if (state.host.clock.seconds() - start > drainTimeout) return false;
+    state.host.events.process();
+  }
+}
+
+void findFramesAnew(MainState& state) {
+  auto& port = state.host.serialPort;
+  const bool cutBefore = port.leftFrameUnfinished();
+  const bool silent = fallsSilent(state);
+  // The stop has cut a frame, or one has lost a byte before: the blocks so far may be rotated.
+  if (silent && !cutBefore && port.leftFrameUnfinished()) {
+    state.framesCut = 1;
+    tellOfDoubt(state, "un gruppo di campioni è rimasto incompleto");
+  }
+  port.expectFrames(bytesPerFrame, silent);
+}
+
+void tellOfDoubt(MainState& state, const std::string& reason) {
+  state.alignmentFault = reason;
+  state.window.statusLabel.setInk(Colour::lightRed);
+  state.window.statusLabel.setText("Allineamento dei canali incerto: flusso riavviato");
+  state.host.machine.tell("allineamento dei canali incerto: " + reason);
+}
+
+void askOrEnd(MainState& state, const std::string& text) {
+  const platform::Choice choice = state.host.dialogs.ask(text, "Error!");
+  state.messageAnswer = static_cast<int>(choice);
+  if (choice == platform::Choice::cancel) throw platform::ProgramEnd{};
+}
+
+}  // namespace korvinel
