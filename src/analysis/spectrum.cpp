@@ -1,6 +1,7 @@
 #include "analysis/spectrum.h"
 
 #include "analysis/transform.h"
+#include "values/real32.h"
 
 namespace korvinel {
 namespace {
@@ -26,7 +27,7 @@ Fixed meanDeviation(const Fixed* samples) {
 void scaleAmplitudes(Fixed deviation, const Fixed* shape, const float* calibration, float* amplitude) {
   const Fixed scale = deviation * amplitudeScale;
   for (int i = 1; i <= keptIndexes; ++i)
-    amplitude[i] = static_cast<float>((scale * shape[i]).toDouble() * static_cast<double>(calibration[i]));
+    amplitude[i] = toFloat((scale * shape[i]).toDouble() * static_cast<double>(calibration[i]));
 }
 
 float runningMean(float mean, float value, int count) {

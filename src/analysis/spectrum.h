@@ -19,7 +19,8 @@ constexpr IndexRange mainsRange{100, 114};  ///< 49.5..56.5 Hz, where the mains 
 [[nodiscard]] Fixed meanDeviation(const Fixed* samples);
 
 /// Calibrated amplitudes in microvolts: the shape (peak 150) times 0.02 of the block's deviation, so that the peak gets
-/// three times the deviation, times the calibration factor of each index. All arrays: indexes 1..128.
+/// three times the deviation, times the calibration factor of each index. All arrays: indexes 1..128. A RuntimeError
+/// (overflow) at the first index whose amplitude is beyond a 32-bit float.
 void scaleAmplitudes(Fixed deviation, const Fixed* shape, const float* calibration, float* amplitude);
 
 /// The incremental mean of `count` values, the newest of which is `value`: (value - mean) / count + mean, calculated in

@@ -23,7 +23,7 @@ auto readItem(const char* file, int number, const std::string& meaning, Read&& r
 int readSettings(ByteSource& file) {
   constexpr auto name = "Instal8s.val";
   const auto text = [&](int number) { return readItem(name, number, "testo", [&] { return readField(file); }); };
-  const auto number = [&](int item) { return readItem(name, item, "numero", [&] { return readNumber(file); }); };
+  const auto number = [&](int item) { return readItem(name, item, "numero", [&] { return readFloat(file); }); };
   text(1);
   text(2);
   const Int16 port = readItem(name, 3, "numero della porta seriale", [&] { return Int16::nearest(readNumber(file)); });
@@ -37,8 +37,7 @@ void readCalibration(ByteSource& file, Bounded<float, 130>& factors) {
   constexpr int stored = 64;
   constexpr int lastUsed = 128;
   for (int index = 1; index <= stored; ++index)
-    factors[index] =
-        readItem("Factors.val", index, "fattore di calibrazione", [&] { return static_cast<float>(readNumber(file)); });
+    factors[index] = readItem("Factors.val", index, "fattore di calibrazione", [&] { return readFloat(file); });
   for (int index = stored + 1; index <= lastUsed; ++index) factors[index] = 1.0F;
 }
 

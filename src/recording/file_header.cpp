@@ -4,6 +4,7 @@
 
 #include "values/code_page.h"
 #include "values/int16.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {
@@ -16,10 +17,20 @@ void splitDateField(FileHeader& header, const std::string& bytes) {
   header.date = utf8FromCodePage(bytes.substr(0, dateLength));
 }
 
+/// 0, which is no block, where the number is too large: the note's words are kept.
+float noteTime(ByteSource& source) {
+  try {
+    return readFloat(source);
+  } catch (const RuntimeError& fault) {
+    if (fault.fault != Fault::overflow) throw;
+    return 0;
+  }
+}
+
 /// Notes beyond the sixtieth are read, so that the samples behind them are found, but not kept.
 void readNotes(FileHeader& header, ByteSource& source) {
   for (int note = 1; note <= header.notesInFile; ++note) {
-    const float time = readFloat(source);
+    const float time = noteTime(source);
     const std::string text = readField(source);
     if (note > mostNotes) continue;
     header.noteTimes[note] = time;

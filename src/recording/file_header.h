@@ -22,7 +22,8 @@ struct FileHeader {
 };
 
 /// Reads the header line and all note lines, so that the source stands at the first sample. A negative number of notes
-/// counts as none. The type tag is not looked at. A RuntimeError where a field is missing or no number.
+/// counts as none. The type tag is not looked at. A note's time beyond the 32-bit floats becomes 0, no block. A
+/// RuntimeError where a field is missing or no number.
 [[nodiscard]] FileHeader readHeader(ByteSource& source);
 
 }  // namespace korvinel

@@ -1,9 +1,7 @@
 #include "values/field_reader.h"
 
-#include <cmath>
-#include <limits>
-
 #include "values/number_text.h"
+#include "values/real32.h"
 #include "values/runtime_error.h"
 
 namespace korvinel {
@@ -52,11 +50,6 @@ std::string readField(ByteSource& source) {
 
 double readNumber(ByteSource& source) { return wholeNumber(readField(source)); }
 
-float readFloat(ByteSource& source) {
-  const double number = readNumber(source);
-  if (std::abs(number) > static_cast<double>(std::numeric_limits<float>::max()))
-    throw RuntimeError(Fault::overflow, "Numero troppo grande per un campo di 32 bit");
-  return static_cast<float>(number);
-}
+float readFloat(ByteSource& source) { return toFloat(readNumber(source)); }
 
 }  // namespace korvinel

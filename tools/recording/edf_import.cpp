@@ -2,6 +2,7 @@
 
 #include <edflib.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
@@ -30,6 +31,9 @@ std::string dateOf(const edf_hdr_struct& header) {
                 header.startdate_year);
   return text.data();
 }
+
+/// As a 32-bit float, which not every double fits into. All that lies beyond a recording's range is limited anyway.
+float microvolts(double sample) { return static_cast<float>(std::clamp(sample, -1e6, 1e6)); }
 
 /// A recording that is being made, by the program's own recording and assembling.
 class Importing {
@@ -77,7 +81,7 @@ class Importing {
       longest = std::max(longest, samples.size());
       for (int s = 1; s <= samplesPerRecord; ++s) {
         const auto index = static_cast<std::size_t>(s) - 1;
-        state_.sampleBlock[channel][s] = index < samples.size() ? static_cast<float>(samples[index]) + middle : middle;
+        state_.sampleBlock[channel][s] = index < samples.size() ? microvolts(samples[index]) + middle : middle;
         countChange(state_.sampleBlock[channel][s]);
       }
     }

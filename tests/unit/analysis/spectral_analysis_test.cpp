@@ -160,6 +160,12 @@ TEST_F(SpectralAnalysis, MainsHumIsMeasuredPerChannel) {
   EXPECT_GT(state_.mainsDisturbance[2], Fixed(50));
 }
 
+TEST_F(SpectralAnalysis, AnAmplitudeBeyondA32BitFloatIsAFault) {
+  fillAllChannels(state_, [](int s) { return 128 + sineAt(s, 5, 100); });
+  state_.binCalibration[6] = 3e38F;
+  EXPECT_THROW(state_.analyseBlockSpectra(), RuntimeError);
+}
+
 TEST(LargestAmplitude, LooksAtBothEndsOfTheRangeAndNoFurther) {
   Bounded<float, 130> spectrum;
   spectrum[99] = spectrum[115] = 90;

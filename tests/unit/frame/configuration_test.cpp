@@ -42,6 +42,12 @@ TEST(ReadSettings, APortThatIsNoNumberOrDoesNotFitIsRefused) {
   EXPECT_THAT(failureOf("\"a\",\"b\",40000,0,0,0,0,x,y"), HasSubstr("elemento 3"));
 }
 
+TEST(ReadSettings, ANumberBeyondA32BitFloatIsRefusedAndNamed) {
+  EXPECT_THAT(failureOf("a,b,2,0,1e39,0,0,x,y"), HasSubstr("elemento 5 (numero)"));
+  EXPECT_THAT(failureOf("a,b,1e39,0,0,0,0,x,y"), HasSubstr("elemento 3 (numero della porta seriale)"));
+  EXPECT_EQ(portOf("a,b,2,0,3e38,0,0,x,y"), 2);
+}
+
 std::string factorsUpTo(int count) {
   std::string text;
   for (int i = 1; i <= count; ++i) text += std::to_string(i) + (i % 8 == 0 ? "\r\n" : ",");
@@ -62,16 +68,27 @@ TEST(ReadCalibration, SixtyFourFactorsThenOnesThenZeros) {
   EXPECT_EQ(factors[130], 0);
 }
 
-TEST(ReadCalibration, AMissingFactorIsNamed) {
-  const std::string text = factorsUpTo(63);
+std::string calibrationFailureOf(const std::string& text) {
   TextSource file(text);
   Bounded<float, 130> factors;
   try {
     readCalibration(file, factors);
-    FAIL();
   } catch (const RuntimeError& error) {
-    EXPECT_THAT(error.what(), HasSubstr("C:\\QUARVEL5\\Factors.val: manca o non e' valido l'elemento 64"));
+    return error.what();
   }
+  return "";
+}
+
+TEST(ReadCalibration, AMissingFactorIsNamed) {
+  EXPECT_THAT(calibrationFailureOf(factorsUpTo(63)),
+              HasSubstr("C:\\QUARVEL5\\Factors.val: manca o non e' valido l'elemento 64"));
+}
+
+TEST(ReadCalibration, AFactorBeyondA32BitFloatIsRefusedAndNamed) {
+  for (const char* factor : {"1e39", "-1e39", "3.5e38", "1e400"})
+    EXPECT_THAT(calibrationFailureOf("1,2," + std::string(factor) + "," + factorsUpTo(64)), HasSubstr("elemento 3 "))
+        << factor;
+  EXPECT_EQ(calibrationFailureOf("3.4e38,-3.4e38,1e-60," + factorsUpTo(64)), "");
 }
 
 }  // namespace

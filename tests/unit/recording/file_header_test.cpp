@@ -90,10 +90,24 @@ TEST(FileHeader, BadHeadersAreFaults) {
                                "\"R\",\"21/11/2026 V3\",\"4canali\",40000\r\n",
                                "\"R\",\"21/11/2026 V3\",\"4canali\",1e99999\r\n",
                                "\"R\",\"21/11/2026 V3\",\"4canali\",32767\r\n2,\"x\"\r\n",
-                               "\"R\",\"21/11/2026 V3\",\"4canali\",1\r\n1e39,\"x\"\r\n",
+                               "\"R\",\"21/11/2026 V3\",\"4canali\",1\r\nsei,\"x\"\r\n",
                                std::string(100'000, 'x'),
                                "\"" + std::string(100'000, 'x')};
   for (const std::string& bytes : cases) EXPECT_THROW((void)headerOf(bytes), RuntimeError) << bytes.substr(0, 60);
+}
+
+TEST(FileHeader, ANoteTimeBeyondA32BitFloatIsAFaultOfThatTimeAlone) {
+  for (const char* time : {"1e39", "-1e39", "1e400"}) {
+    const std::string bytes =
+        "\"R\",\"21/11/2026 V3\",\"4canali\",2\r\n" + std::string(time) + ",\"x\"\r\n7,\"y\"\r\nS";
+    TextSource source(bytes);
+    const FileHeader header = readHeader(source);
+    EXPECT_EQ(header.noteCount, 2) << time;
+    EXPECT_EQ(header.noteTimes[1], 0.0F) << time;
+    EXPECT_EQ(header.noteTexts[1], "x") << time;
+    EXPECT_EQ(header.noteTimes[2], 7.0F) << time;
+    EXPECT_EQ(source.take(), 'S') << time;
+  }
 }
 
 TEST(FileHeader, AgreesWithTheReferenceRecordings) {

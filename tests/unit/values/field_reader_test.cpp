@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 #include "values/runtime_error.h"
@@ -62,6 +63,14 @@ TEST(ReadNumber, RefusesTexts) {
   TextSource source("12.5,abc");
   EXPECT_EQ(readNumber(source), 12.5);
   EXPECT_THROW(static_cast<void>(readNumber(source)), RuntimeError);
+}
+
+TEST(ReadFloat, RefusesWhatIsBeyondA32BitFloatAndTakesItsField) {
+  TextSource source("1e39,-3.5e38,340282346638528859811704183484516925440,7");
+  EXPECT_THROW(static_cast<void>(readFloat(source)), RuntimeError);
+  EXPECT_THROW(static_cast<void>(readFloat(source)), RuntimeError);
+  EXPECT_EQ(readFloat(source), std::numeric_limits<float>::max());
+  EXPECT_EQ(readFloat(source), 7.0F);
 }
 
 }  // namespace

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cmath>
+#include <limits>
+
+#include "values/runtime_error.h"
+
+namespace korvinel {
+
+/// The 32-bit float nearest to a double. A RuntimeError (overflow) where its magnitude is beyond the largest one: the
+/// plain conversion has no defined result there. NaN and the infinities stay what they are.
+[[nodiscard]] inline float toFloat(double number) {
+  constexpr auto largest = static_cast<double>(std::numeric_limits<float>::max());
+  if (std::abs(number) > largest && !std::isinf(number))
+    throw RuntimeError(Fault::overflow, "Numero troppo grande per un campo di 32 bit");
+  return static_cast<float>(number);
+}
+
+}  // namespace korvinel
