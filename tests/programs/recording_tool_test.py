@@ -77,6 +77,15 @@ class CommandLine(ToolTest):
             self.assertIn("Try 'korvinel-recording --help'.", self.run_tool(*arguments, expect=2).stderr, arguments)
         self.assertEqual(os.listdir(self.folder), [])
 
+    def test_an_interval_that_ends_before_it_begins_is_refused(self):
+        shelf = self.shelf(1)
+        interval = ['--first', '30', '--last', '10']
+        for arguments in (['report', golden('examination.QVD'), '-o', 'a.pdf'], ['batch', shelf, '-o', 'a.csv'],
+                          ['analyse', golden('examination.QVD'), '--json', 'a.json']):
+            self.assertIn('--first 30 lies behind --last 10', self.run_tool(*arguments, *interval, expect=2).stderr)
+        self.assertEqual(os.listdir(self.folder), ['shelf'])
+        self.run_tool('report', golden('examination.QVD'), '-o', 'a.pdf', '--first', '10', '--last', '10')
+
     def test_messages_name_the_file_and_what_is_wrong(self):
         for arguments in (['info', 'nowhere.QVD'], ['export', 'nowhere.QVD', '-o', 'a.edf'], ['import', 'nowhere.edf', '-o', 'a.QVD'],
                           ['analyse', 'nowhere.QVD', '--json', '-'], ['recover', 'nowhere.XXX', '-o', 'a.QVD']):
@@ -97,11 +106,42 @@ class CommandLine(ToolTest):
         self.assertEqual(found[0]['blocks'], 40)
         self.assertEqual(found[0]['notes'][0], [3, 'inizio'])
 
-    def test_the_input_is_never_replaced(self):
-        shutil.copy(golden('eeg.QVD'), self.path('a.QVD'))
-        os.link(self.path('a.QVD'), self.path('b.csv'))
-        self.run_tool('export', 'a.QVD', '-o', 'b.csv', '--force', expect=2)
-        self.assertEqual(os.path.getsize(self.path('b.csv')), os.path.getsize(golden('eeg.QVD')))
+    def test_what_is_read_is_never_replaced(self):
+        os.makedirs(self.path('in'))
+        for name, content in (('a.QVD', 'eeg.QVD'), ('b.QVD', 'eeg.QVD'), ('f.val', 'eeg.factors.val')):
+            shutil.copy(golden(content), self.path('in/' + name))
+        before = {name: self.bytes('in/' + name) for name in os.listdir(self.path('in'))}
+        for ending in ('csv', 'pdf', 'json', 'QVD'):
+            os.link(self.path('in/a.QVD'), self.path('hard.' + ending))
+            os.symlink('in/f.val', self.path('soft.' + ending))
+        os.symlink('in', self.path('tables'))
+        os.link(self.path('in/a.QVD'), self.path('in/spectra.csv'))
+        os.link(self.path('in/b.QVD'), self.path('in/t.csv.part'))
+        factors = ['--factors', 'in/f.val']
+        for arguments in (['export', 'in/a.QVD', '-o', 'hard.csv'], ['report', 'in/a.QVD', '-o', 'hard.pdf'],
+                          ['report', 'in/a.QVD', '-o', 'soft.pdf', *factors],
+                          ['analyse', 'in/a.QVD', '--json', 'hard.json'], ['analyse', 'in/a.QVD', '--csv', 'tables'],
+                          ['analyse', 'in/a.QVD', '--json', 'soft.json', *factors],
+                          ['import', 'in/a.QVD', '-o', 'hard.QVD'], ['recover', 'in/a.QVD', '-o', 'tables/../hard.QVD'],
+                          ['batch', 'in', '-o', 'in/b.QVD'], ['batch', 'in', '-o', 'hard.csv'],
+                          ['batch', 'in', '-o', 'soft.csv', *factors], ['batch', 'in', '-o', 'in/t.csv']):
+            self.assertIn('is a file that is being read', self.run_tool(*arguments, '--force', expect=2).stderr, arguments)
+            self.assertEqual({name: self.bytes('in/' + name) for name in before}, before, arguments)
+
+    def bytes(self, name):
+        with open(self.path(name), 'rb') as file:
+            return file.read()
+
+    def test_two_outputs_of_one_name_are_refused(self):
+        done = self.run_tool('analyse', golden('eeg.QVD'), '--json', 't/../t/spectra.csv', '--csv', 't', '--force', expect=2)
+        self.assertIn('is also the table spectra.csv', done.stderr)
+
+    def test_a_file_that_is_no_unfinished_batch_is_not_begun_anew(self):
+        with open(self.path('t.csv.part'), 'w', encoding='ascii') as file:
+            file.write('a letter')
+        done = self.run_tool('batch', self.shelf(1), '-o', 't.csv', '--force', expect=1)
+        self.assertIn('t.csv.part: is not left of an interrupted run', done.stderr)
+        self.assertEqual(self.bytes('t.csv.part'), b'a letter')
 
 
 class Outputs(ToolTest):
@@ -140,6 +180,19 @@ class Outputs(ToolTest):
                 self.assertIn('=%g' % (value / 10000), text)
         self.assertIn('Nome: Bianchi Anna', text)
         self.assertIn('117s', text)
+
+    def test_the_page_has_the_maxima_unless_the_means_are_asked_for(self):
+        for option, rows in (([], 'max'), (['--max'], 'max'), (['--mean'], 'mean')):
+            self.run_tool('report', golden('examination.QVD'), '-o', 'a.svg', '--force', *option)
+            report = json.loads(self.run_tool('analyse', golden('examination.QVD'), '--json', '-').stdout)['report']
+            page = self.texts('a.svg')
+            for band, label in (('Delta', 'Delta='), ('Alpha', 'Alpha  =')):
+                self.assertIn('%s%g' % (label, report[rows + band][0] / 10000), page, option)
+            self.assertNotIn('Delta=0', page)
+
+    def texts(self, name):
+        with open(self.path(name), encoding='utf-8') as file:
+            return re.findall(r'>([^<]*)</text>', file.read())
 
     def test_analyse_writes_to_standard_output_and_into_tables(self):
         numbers = json.loads(self.run_tool('analyse', golden('eeg.QVD'), '--json', '-', '--csv', 'tables').stdout)

@@ -87,6 +87,49 @@ TEST_F(Batch, IsNotResumedWithOtherOptions) {
   EXPECT_NE(errorOf([&] { run(2, true); }).find("other options"), std::string::npos);
 }
 
+/// Bytes that are no UTF-8, which a name may hold on Linux.
+TEST_F(Batch, AResumedTableEqualsAnUninterruptedOneWhateverBytesTheNamesHold) {
+  std::filesystem::remove_all(folder_ / "shelf");
+  std::filesystem::create_directory(folder_ / "shelf");
+  writeFile(folder_ / "shelf/r\xE9.QVD", bytesOf(goldenPath("eeg.QVD")));
+  writeFile(folder_ / "shelf/r\xE8\xC3.QVD", bytesOf(goldenPath("examination.QVD")));
+  writeFile(folder_ / "shelf/r\xC3\xA8.QVD", "no recording");
+  EXPECT_EQ(run(1), 1);
+  const std::string whole = bytesOf(table_);
+  EXPECT_NE(whole.find("r\xE9.QVD,"), std::string::npos);
+  BatchOptions options;
+  options.output = table_ + "2";
+  {
+    BatchJournal journal(options);
+    for (const std::string& recording : recordingsIn({folder_ / "shelf"}))
+      journal.add(recording, batchRow(recording, options.analysis));
+  }
+  options.resume = true;
+  EXPECT_EQ(runBatch(recordingsIn({folder_ / "shelf"}), options), 1);
+  EXPECT_TRUE(bytesOf(options.output) == whole);
+}
+
+TEST_F(Batch, RowsOfNamesThatDifferInBytesThatAreNoUtf8AreNotMixedUp) {
+  const std::string first = writeFile(folder_ / "r\xE8.QVD", "same"), second = writeFile(folder_ / "r\xE9.QVD", "same");
+  std::filesystem::last_write_time(second, std::filesystem::last_write_time(first));
+  BatchOptions options;
+  options.output = table_;
+  { BatchJournal(options).add(first, {"the row of another person\n", false}); }
+  options.resume = true;
+  const BatchJournal journal(options);
+  ASSERT_NE(journal.rowOf(first), nullptr);
+  EXPECT_EQ(journal.rowOf(second), nullptr);
+}
+
+TEST_F(Batch, ASubjectThatLooksLikeAFormulaIsAText) {
+  std::string recording = recordings::file(7);
+  recording.replace(recording.find("Rossi"), 5, "=cmd|'/c calc'!A1");
+  writeFile(folder_ / "shelf/r10.QVD", recording);
+  run(1);
+  const std::string table = bytesOf(table_);
+  EXPECT_NE(table.find("r10.QVD,'=cmd|'/c calc'!A1,"), std::string::npos) << table.substr(0, 2000);
+}
+
 TEST_F(Batch, FindsRecordingsInNestedFoldersInNameOrderOnce) {
   std::filesystem::create_directories((folder_ / "shelf/a/b"));
   writeFile((folder_ / "shelf/a/b/x.qvd"), "");

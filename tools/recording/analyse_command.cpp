@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "recording/analysis_output.h"
+#include "recording/host_files.h"
 #include "recording/report_page.h"
 #include "recording/safe_output.h"
 #include "recording/tool_error.h"
@@ -22,13 +23,18 @@ std::unique_ptr<Workbench> analysed(const std::string& recording, const Analysis
   return bench;
 }
 
-void writeTables(const Workbench& bench, const AnalyseTargets& targets) {
+void writeTables(const Workbench& bench, const AnalyseTargets& targets, const std::vector<std::string>& inputs) {
   std::error_code error;
   fs::create_directories(pathOf(targets.csvFolder), error);
   if (error) throw ToolError(targets.csvFolder, "cannot be created: " + error.message());
   const auto tables = analysisTables(bench);
   const auto placeOf = [&](const std::string& name) { return utf8Of(pathOf(targets.csvFolder) / name); };
-  for (const auto& [name, table] : tables) requireWritable(placeOf(name), "", targets.force);
+  for (const auto& [name, table] : tables) {
+    requireApart(placeOf(name), inputs);
+    if (!targets.json.empty() && absolutePath(placeOf(name)) == absolutePath(targets.json))
+      throw UsageError(targets.json + ": is also the table " + name);
+    requireWritable(placeOf(name), "", targets.force);
+  }
   for (const auto& [name, table] : tables) writeWhole(placeOf(name), table, targets.force);
 }
 
@@ -37,9 +43,13 @@ void writeTables(const Workbench& bench, const AnalyseTargets& targets) {
 void analyse(const std::string& recording, const AnalysisOptions& options, const AnalyseTargets& targets) {
   if (targets.json.empty() && targets.csvFolder.empty()) throw UsageError("analyse needs --json OUT or --csv DIR");
   const bool toOutput = targets.json == "-";
-  if (!targets.json.empty() && !toOutput) requireWritable(targets.json, recording, targets.force);
+  const std::vector<std::string> inputs = {recording, options.factorsFile};
+  if (!targets.json.empty() && !toOutput) {
+    requireApart(targets.json, inputs);
+    requireWritable(targets.json, recording, targets.force);
+  }
   const auto bench = analysed(recording, options);
-  if (!targets.csvFolder.empty()) writeTables(*bench, targets);
+  if (!targets.csvFolder.empty()) writeTables(*bench, targets, inputs);
   if (toOutput)
     std::cout << textOf(analysisJson(*bench));
   else if (!targets.json.empty())
@@ -49,8 +59,12 @@ void analyse(const std::string& recording, const AnalysisOptions& options, const
 
 void report(const std::string& recording, const AnalysisOptions& options, const std::string& output, bool force) {
   requirePageEnding(output);
+  requireApart(output, {recording, options.factorsFile});
   requireWritable(output, recording, force);
-  writeReport(*analysed(recording, options), recording, output, force);
+  AnalysisOptions shown = options;
+  // Without a choice the panels would say 0 in every band, as if the person had no such rhythm.
+  shown.maxima = !shown.means;
+  writeReport(*analysed(recording, shown), recording, output, force);
 }
 
 void exportRecording(const std::string& recording, const std::string& output, const ExportOptions& options) {

@@ -102,6 +102,10 @@ std::vector<std::string> recordingsIn(const std::vector<std::string>& places) {
 }
 
 int runBatch(const std::vector<std::string>& recordings, const BatchOptions& options) {
+  for (const std::string& output : {options.output, options.output + ".part"}) {
+    requireApart(output, recordings);
+    requireApart(output, {options.analysis.factorsFile});
+  }
   requireWritable(options.output, "", options.force);
   try {
     BatchJournal journal(options);

@@ -57,6 +57,15 @@ void addAnalysis(CLI::App& command, Written& written) {
       ->type_name("FILE");
 }
 
+AnalysisOptions analysisOf(const Written& written) {
+  AnalysisOptions options = written.analysis;
+  if (options.first && options.last && *options.first > *options.last)
+    throw UsageError("--first " + std::to_string(*options.first) + " lies behind --last " +
+                     std::to_string(*options.last));
+  takeCalibration(options, written.factors);
+  return options;
+}
+
 template <typename Run>
 CLI::App& addCommand(CLI::App& program, Written& written, const char* name, const char* what, const char* example,
                      Run run) {
@@ -96,9 +105,8 @@ void addRecover(CLI::App& program, Written& written) {
 void addAnalyse(CLI::App& program, Written& written) {
   CLI::App& command = addCommand(program, written, "analyse", "Calculate every history and every number of the report",
                                  "analyse esame.QVD --json esame.json", [](Written& w) {
-                                   w.analysis.factors = calibrationBytes(w.factors);
                                    w.targets.force = w.force;
-                                   analyse(w.file, w.analysis, w.targets);
+                                   analyse(w.file, analysisOf(w), w.targets);
                                  });
   addFile(command, written, "FILE", "a recording");
   command.add_option("--json", written.targets.json, "write JSON; - is standard output")->type_name("OUT");
@@ -108,15 +116,14 @@ void addAnalyse(CLI::App& program, Written& written) {
 }
 
 void addReport(CLI::App& program, Written& written) {
-  CLI::App& command = addCommand(program, written, "report", "Write the report's page: a PDF, PNG or SVG file",
-                                 "report esame.QVD -o esame.pdf --max", [](Written& w) {
-                                   w.analysis.factors = calibrationBytes(w.factors);
-                                   report(w.file, w.analysis, w.output, w.force);
-                                 });
+  CLI::App& command =
+      addCommand(program, written, "report", "Write the report's page: a PDF, PNG or SVG file",
+                 "report esame.QVD -o esame.pdf", [](Written& w) { report(w.file, analysisOf(w), w.output, w.force); });
   addFile(command, written, "FILE", "a recording");
   addOutput(command, written, "the page: .pdf, .png or .svg");
   addAnalysis(command, written);
-  auto* maxima = command.add_flag("--max", written.analysis.maxima, "write the maxima of the bands into the panels");
+  auto* maxima =
+      command.add_flag("--max", written.analysis.maxima, "write the maxima of the bands into the panels (default)");
   command.add_flag("--mean", written.analysis.means, "write the means of the bands into the panels")->excludes(maxima);
   command.add_option("--scale", written.analysis.microvolts, "full scale of the spectra in microvolts (default 30)")
       ->type_name("N")
@@ -154,8 +161,7 @@ void addBatch(CLI::App& program, Written& written) {
   written.batch.jobs = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
   CLI::App& command = addCommand(program, written, "batch", "Analyse many recordings into one table, a row each",
                                  "batch shelf -o shelf.csv --jobs 4", [](Written& w) {
-                                   w.analysis.factors = calibrationBytes(w.factors);
-                                   w.batch.analysis = w.analysis;
+                                   w.batch.analysis = analysisOf(w);
                                    w.batch.output = w.output;
                                    w.batch.force = w.force;
                                    w.exitCode = runBatch(recordingsIn(w.files), w.batch);

@@ -81,8 +81,13 @@ void writeWhole(const std::string& path, std::string_view bytes, bool force) {
   output.commit();
 }
 
+void requireApart(const std::string& output, const std::vector<std::string>& inputs) {
+  for (const std::string& input : inputs)
+    if (isSameFile(output, input)) throw UsageError(output + ": is a file that is being read, " + input);
+}
+
 void requireWritable(const std::string& path, const std::string& input, bool force) {
-  if (isSameFile(path, input)) throw UsageError(path + ": is the file that is being read");
+  requireApart(path, {input});
   refuseExisting(path, force);
 }
 

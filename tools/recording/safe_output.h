@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files.h"
 
@@ -35,6 +36,9 @@ class SafeOutput {
 
 /// Writes a whole file that way.
 void writeWhole(const std::string& path, std::string_view bytes, bool force);
+
+/// UsageError where `output`, by whatever name or link, is one of the files that are being read.
+void requireApart(const std::string& output, const std::vector<std::string>& inputs);
 
 /// ToolError where `path` exists and may not be replaced, UsageError where it is the file that is being read.
 void requireWritable(const std::string& path, const std::string& input, bool force);

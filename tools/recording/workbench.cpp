@@ -51,15 +51,15 @@ platform::Files& ToolFiles::at(const std::string& path) {
   return *disk_;
 }
 
-std::string calibrationBytes(const std::string& path) {
+void takeCalibration(AnalysisOptions& options, const std::string& path) {
   const std::string dataFolder = platform::userDataFolder();
   const bool installed = std::filesystem::exists(platform::hostPath(dataFolder, programRoot));
-  if (path.empty() && !installed) return platform::defaultFactors();
-  const std::string file = path.empty() ? platform::hostPath(dataFolder, calibrationPath) : path;
+  options.factors = platform::defaultFactors();
+  options.factorsFile = path.empty() && installed ? platform::hostPath(dataFolder, calibrationPath) : path;
+  if (options.factorsFile.empty()) return;
   constexpr int most = 1'000'000;
-  std::string bytes = readAll(file, most);
-  requireFactors(file, bytes);
-  return bytes;
+  options.factors = readAll(options.factorsFile, most);
+  requireFactors(options.factorsFile, options.factors);
 }
 
 Workbench::Workbench(const AnalysisOptions& options)

@@ -42,15 +42,16 @@ class ToolFiles : public platform::Files {
 /// What the user may choose before a recording is analysed.
 struct AnalysisOptions {
   std::string factors;                 ///< bytes of the calibration file
+  std::string factorsFile;             ///< the file that they were read from, "" if from none
   bool ocular = false;                 ///< ocular artefacts are removed
   std::optional<int> first, last;      ///< the report's interval; the whole recording if not given
   bool maxima = false, means = false;  ///< the band values written in the report's panels
   std::optional<int> microvolts;       ///< full scale of the report's spectra, 1..200
 };
 
-/// The bytes of the calibration file: of `path`, or of the installation if it is empty (64 factors of 1 where nothing
-/// is installed). ToolError where the file cannot be used.
-[[nodiscard]] std::string calibrationBytes(const std::string& path);
+/// Puts the calibration into the options: of the file `path`, or of the installation if it is empty (64 factors of 1
+/// where nothing is installed). ToolError where the file cannot be used.
+void takeCalibration(AnalysisOptions& options, const std::string& path);
 
 /// The whole program without a screen, for one recording. It is worked as a user would: through its controls.
 class Workbench {
