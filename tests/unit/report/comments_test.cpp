@@ -82,6 +82,26 @@ TEST(BuildVerdicts, TheSymmetryFollowsTheMeanLevels) {
   }
 }
 
+/// The limits are 32-bit floats: a ratio of 0.8 lies below the first, one of 1.05 above the third.
+TEST(BuildVerdicts, RatiosOfExactlyEightTenthsAndTwentyOneTwentiethsLieBeyondTheirLimits) {
+  struct Case {
+    float left, right;
+    const char* line;
+  };
+  const Case cases[] = {
+      {8, 10, "F1-F2 molto sbilanciato a destra"},      {4, 5, "F1-F2 molto sbilanciato a destra"},
+      {8.001F, 10, "F1-F2 legg. sbilanciato a destra"}, {9.5F, 10, "Buona simmetria frontale"},
+      {10.499F, 10, "Buona simmetria frontale"},        {21, 20, "F1-F2 legg. sbilanciato a sinistra"},
+      {12, 10, "F1-F2 legg. sbilanciato a sinistra"}};
+  for (const Case& c : cases) {
+    VerdictReport program;
+    program.setLevel(1, c.left);
+    program.setLevel(2, c.right);
+    program.report.buildVerdicts();
+    EXPECT_EQ(program.report.reportLines[9], c.line) << c.left << " / " << c.right;
+  }
+}
+
 TEST(BuildVerdicts, TheTemporalSymmetryIsTakenFromTheFrontalLevels) {
   VerdictReport program;
   program.setLevel(1, 5);
