@@ -135,7 +135,7 @@ void MainWindowView::addLabels(MainWindow& model) {
   const auto add = [this](platform::Label& label, const Rect& rect, const platform::Help& text) {
     put(new LabelView(label, ground_), rect, text);
   };
-  add(model.statusLabel, geometry::statusLabel, help::statusLabel);
+  put(new LabelView(model.statusLabel, ground_, LabelView::Lines::broken), geometry::statusLabel, help::statusLabel);
   add(model.fileNameCaption, geometry::fileNameCaption, help::fileNameCaption);
   add(model.subjectCaption, geometry::subjectCaption, help::subjectCaption);
   add(model.dateLabel, geometry::dateLabel, help::dateLabel);

@@ -1,10 +1,10 @@
 #include "app/program.h"
 
 #include <QApplication>
-#include <algorithm>
 #include <cstdio>
 
 #include "app/wiring.h"
+#include "frame/fault_sentence.h"
 #include "platform/disk/installation.h"
 #include "platform/host_paths.h"
 
@@ -16,7 +16,7 @@ Program::Program(std::string dataFolder)
              [this](const std::string& path) { return platform::programPath(dataFolder_, path); }},
       serialPort_([this](int portNumber) { return platform::serialDevice(dataFolder_, portNumber); }),
       view_(window_, [this] { return mayClose(); }) {
-  edge_.onFault = [this](const std::string& message) { tell(message); };
+  edge_.onFault = [this](const std::exception& fault) { tell(fault); };
   edge_.onEnd = [this] { end(); };
   tieControls(state_, edge_);
   windows_.attach(view_, platform_);
@@ -45,11 +45,10 @@ void Program::end() {
   QApplication::exit(0);
 }
 
-void Program::tell(const std::string& fault) {
-  std::string line = fault;
-  std::replace(line.begin(), line.end(), '\r', ' ');
-  std::fprintf(stderr, "korvinel: operazione interrotta: %s\n", line.c_str());
-  window_.statusLabel.setText("Operazione interrotta: " + line);
+void Program::tell(const std::exception& fault) {
+  const std::string sentence = faultSentence(fault);
+  std::fprintf(stderr, "korvinel: %s\n", sentence.c_str());
+  window_.statusLabel.setText(sentence);
 }
 
 }  // namespace korvinel

@@ -24,7 +24,7 @@ class Program {
  private:
   bool mayClose();
   void end();
-  void tell(const std::string& fault);
+  void tell(const std::exception& fault);
 
   std::string dataFolder_;
   platform::PathNotation paths_;

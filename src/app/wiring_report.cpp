@@ -1,5 +1,7 @@
 #include "app/wiring_report.h"
 
+#include "frame/fault_sentence.h"
+
 namespace korvinel {
 namespace {
 
@@ -22,8 +24,8 @@ void runReport(ReportState& state, platform::OperationEdge& edge, void (ReportSt
     try {
       state.window.statusLabel.setText("");
       (state.*operation)();
-    } catch (const RuntimeError& fault) {
-      state.window.statusLabel.setText(std::string("Operazione interrotta: ") + fault.what());
+    } catch (const std::exception& fault) {
+      state.window.statusLabel.setText(faultSentence(fault));
       throw;
     }
   });

@@ -26,7 +26,7 @@ constexpr Rect secondTrace{10, 284, 340, 240};
 constexpr Rect messagePanel{366, 284, 356, 256};
 constexpr Rect startPicture{454, 322, 180, 200};
 constexpr Rect controlPanel{732, 284, 282, 396};  ///< ground of the labels, boxes and scales
-constexpr Rect statusLabel{744, 294, 258, 20};
+constexpr Rect statusLabel{744, 252, 258, 62};    ///< a long text grows upward, onto the ground above the panel
 constexpr Rect noteBox{744, 317, 258, 26};
 constexpr Rect fileNameCaption{744, 355, 74, 26};
 constexpr Rect fileNameBox{820, 355, 182, 26};

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <exception>
 #include <functional>
-#include <string>
 #include <utility>
 
 #include "platform/timing.h"
@@ -23,7 +23,7 @@ bool skipOnFault(Step&& step) {
 /// The edge between an event and its operation: a fault ends that operation only, ProgramEnd ends the program.
 class OperationEdge {
  public:
-  std::function<void(const std::string& message)> onFault;  ///< told of every fault
+  std::function<void(const std::exception& fault)> onFault;  ///< told of every fault
   std::function<void()> beforeEnd;  ///< called once, when the program ends: saves what is unsaved
   std::function<void()> onEnd;      ///< called once after it
 
@@ -37,7 +37,7 @@ class OperationEdge {
     } catch (const ProgramEnd&) {
       end();
     } catch (const std::exception& fault) {
-      if (onFault) onFault(fault.what());
+      if (onFault) onFault(fault);
     }
   }
 

@@ -42,12 +42,51 @@ TEST(ControlViews, ALabelTooLongForItsPlaceSaysItAllInATip) {
   EXPECT_EQ(view.toolTip(), view.text());
 }
 
+constexpr auto longFault =
+    "Operazione interrotta: Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto. (Divisione per "
+    "zero: l'intervallo non ha blocchi)";
+
+TEST(ControlViews, AFaultIsShownWholeInBrokenLines) {
+  Label model("Stato");
+  Window window;
+  LabelView view(model, &window, LabelView::Lines::broken);
+  view.resize(258, 62);
+  model.setText(longFault);
+  view.grab();
+  EXPECT_EQ(view.toolTip(), "") << "nothing is left out";
+  EXPECT_EQ(view.text(), longFault) << "for a screen reader";
+}
+
+TEST(ControlViews, BrokenLinesThatAreTooManyEndInATip) {
+  Label model("Stato");
+  Window window;
+  LabelView view(model, &window, LabelView::Lines::broken);
+  view.resize(258, 30);
+  model.setText(longFault);
+  view.grab();
+  EXPECT_EQ(view.toolTip().replace('\n', ' '), longFault);
+  EXPECT_EQ(view.text(), longFault);
+}
+
 /// Whether a colour is anywhere on the picture.
 bool holds(const QImage& picture, QRgb colour) {
   for (int y = 0; y < picture.height(); ++y)
     for (int x = 0; x < picture.width(); ++x)
       if (picture.pixel(x, y) == colour) return true;
   return false;
+}
+
+TEST(ControlViews, AShortTextStandsAtTheFootOfALabelWithBrokenLines) {
+  Label model("Stato");
+  Window window;
+  LabelView view(model, &window, LabelView::Lines::broken);
+  view.resize(258, 62);
+  model.setText("Registrazione");
+  model.setInk(Colour::lightRed);
+  const QRgb red = qRgb(255, 0, 0);
+  const QImage picture = view.grab().toImage();
+  EXPECT_FALSE(holds(picture.copy(0, 0, 258, 40), red));
+  EXPECT_TRUE(holds(picture.copy(0, 40, 258, 22), red));
 }
 
 TEST(ControlViews, ALabelsInkThatCannotBeReadOnThePanelStandsOnACell) {

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "campaign.h"
+#include "frame/fault_sentence.h"
 #include "head_blocks.h"
 #include "headless_report.h"
 #include "recording/data_paths.h"
@@ -62,7 +63,7 @@ class Monkey {
     program_.host.files.content.merge(filesAtTheBeginning());
     program_.host.dialogs.whileOpen = [this] { beModal(); };
     program_.host.dialogs.onQuestion = [this](const std::string& text) { return savesOrGivesUp(text); };
-    program_.host.edge.onFault = [this](const std::string& fault) { judge(fault); };
+    program_.host.edge.onFault = [this](const std::exception& fault) { judge(fault); };
     program_.state.startUp();
     program_.host.instrument.idleBlock = dice_.from(blocks());
   }
@@ -242,11 +243,12 @@ class Monkey {
   }
 
   /// Every fault is told to the user; these are the ones that bad files and bad intervals may lead to.
-  void judge(const std::string& fault) {
+  void judge(const std::exception& cause) {
+    const std::string fault = cause.what();
     const bool emptyRecording = program_.shared.fileBlockCount == 0 && fault == "Divisione per zero";
     const bool allowed = emptyRecording || fault.starts_with("Impossibile ") ||
                          fault.starts_with("La lettura si e' fermata") ||
-                         program_.reportWindow.statusLabel.text() == "Operazione interrotta: " + fault;
+                         program_.reportWindow.statusLabel.text() == faultSentence(cause);
     if (!allowed) ADD_FAILURE() << fault << "\n" << lastActs();
   }
 

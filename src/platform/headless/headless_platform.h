@@ -56,7 +56,7 @@ struct HeadlessPlatform {
   HeadlessPlatform() {
     time.onStep = [this] { instrument.deliverIfPolled(); };
     dialogs.edge = &edge;
-    edge.onFault = [this](const std::string& message) { faults.push_back(message); };
+    edge.onFault = [this](const std::exception& fault) { faults.emplace_back(fault.what()); };
   }
 
   OperationEdge edge;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "platform/qt/fitted_text.h"
 #include "platform/qt/help.h"
 #include "platform/qt/qt_text.h"
 
@@ -41,17 +42,6 @@ QPalette paletteFor(const QWidget& widget, Colour colour, Colour usual, QPalette
   return palette;
 }
 
-/// The font with letters as large as fit, but no smaller than three quarters of its size.
-QFont fittedFont(QFont font, const QString& text, const QSize& room) {
-  const auto fits = [&] {
-    const QSize size = QFontMetrics(font).size(0, text);
-    return size.width() <= room.width() && size.height() <= room.height();
-  };
-  const int smallest = std::max(1, font.pixelSize() * 3 / 4);
-  while (font.pixelSize() > smallest && !fits()) font.setPixelSize(font.pixelSize() - 1);
-  return font;
-}
-
 /// A new caption leaves the button its key.
 void setCaption(QAbstractButton& button, const std::string& caption) {
   const QKeySequence key = button.shortcut();
@@ -61,7 +51,7 @@ void setCaption(QAbstractButton& button, const std::string& caption) {
 
 }  // namespace
 
-LabelView::LabelView(Label& model, QWidget* parent) : QLabel(parent) {
+LabelView::LabelView(Label& model, QWidget* parent, Lines lines) : QLabel(parent), lines_(lines) {
   setTextFormat(Qt::PlainText);
   setObjectName(toQt(model.name()));
   setAccessibleDescription(toQt(model.name()));
@@ -75,24 +65,21 @@ void LabelView::follow(const Label& model) {
 }
 
 void LabelView::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
-  painter.setFont(fittedFont(font(), text(), size()));
-  QStringList lines = text().split('\n');
-  bool whole = true;
-  for (QString& line : lines) {
-    const QString shown = painter.fontMetrics().elidedText(line, Qt::ElideRight, width());
-    whole = whole && shown == line;
-    line = shown;
-  }
+  const bool broken = lines_ == Lines::broken;
+  const FittedText fitted = (broken ? inBrokenLines : lineByLine)(font(), text(), size());
+  const QString shown = fitted.lines.join('\n');
   const QString help = inLines(whatsThis());
-  const QString tip = whole ? help : help.isEmpty() ? text() : text() + "\n" + help;
+  const QString tip = fitted.whole ? help : help.isEmpty() ? text() : inLines(text()) + "\n" + help;
   if (tip != toolTip()) setToolTip(tip);
-  const QRect place = painter.fontMetrics().boundingRect(rect(), Qt::AlignLeft | Qt::AlignVCenter, lines.join('\n'));
+  const auto alignment = Qt::AlignLeft | (broken ? Qt::AlignBottom : Qt::AlignVCenter);
+  QPainter painter(this);
+  painter.setFont(fitted.font);
+  const QRect place = painter.fontMetrics().boundingRect(rect(), alignment, shown);
   const Rgb ground = fromQt(palette().color(QPalette::Window));
   const Rgb cell = cellBehind(fromQt(ink_), ground);
   if (cell != ground) painter.fillRect(place, toQt(cell));
   painter.setPen(ink_);
-  painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, lines.join('\n'));
+  painter.drawText(rect(), alignment, shown);
 }
 
 ButtonView::ButtonView(Button& model, QWidget* parent) : QPushButton(parent) {

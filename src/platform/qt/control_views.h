@@ -13,10 +13,13 @@
 /// and described by the model's name; everything else is named by the model.
 namespace korvinel::platform {
 
-/// Letters shrink where a text is too large for its label; what still does not fit is shown in a tool tip.
+/// Letters shrink where a text is too large for its label; what still does not fit is shown in a tool tip, and read by
+/// a screen reader in any case.
 class LabelView : public QLabel {
  public:
-  LabelView(Label& model, QWidget* parent);
+  /// The model's own lines in the middle of the place, or one text broken into lines that grow upward from its foot.
+  enum class Lines { own, broken };
+  LabelView(Label& model, QWidget* parent, Lines lines = Lines::own);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -24,6 +27,7 @@ class LabelView : public QLabel {
  private:
   void follow(const Label& model);
 
+  Lines lines_;
   QColor ink_;
 };
 

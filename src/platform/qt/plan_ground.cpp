@@ -33,11 +33,11 @@ void PlanGround::resizeEvent(QResizeEvent* event) {
         QRect(QPoint(across(place.x), down(place.y)), QPoint(across(place.right()) - 1, down(place.bottom()) - 1)));
 }
 
-void showFitting(QWidget& window, const QSize& plan) {
+void showFitting(QWidget& window, const QSize& client) {
   constexpr QSize frame(16, 38);  // what a window manager usually puts around the client area
   const QSize screenSize = window.screen()->availableSize();
-  const QSize needed = plan + frame;
-  window.resize(plan.boundedTo(screenSize));
+  const QSize needed = client + frame;
+  window.resize(client.boundedTo(screenSize));
   if (needed.width() > screenSize.width() || needed.height() > screenSize.height())
     window.showMaximized();
   else

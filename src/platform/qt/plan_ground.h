@@ -35,7 +35,7 @@ class PlanGround : public SurfaceView {
   FocusRing ring_{this};
 };
 
-/// Shows a window at its plan's own size, or filling a screen that is too small for it.
-void showFitting(QWidget& window, const QSize& plan);
+/// Shows a window with a client area of this size, or filling a screen that is too small for it.
+void showFitting(QWidget& window, const QSize& client);
 
 }  // namespace korvinel::platform

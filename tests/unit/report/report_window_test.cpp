@@ -222,7 +222,9 @@ TEST(LoadReport, AFlatRecordingEndsInADivisionByZeroAndWhatWasDrawnStays) {
   program.fillHistories(1, 10, 0, 0);
   program.openReport();
   EXPECT_EQ(program.host.faults, Texts{"Divisione per zero"});
-  EXPECT_EQ(program.reportWindow.statusLabel.text(), "Operazione interrotta: Divisione per zero");
+  EXPECT_EQ(program.reportWindow.statusLabel.text(),
+            "Operazione interrotta: Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto. "
+            "(Divisione per zero)");
   EXPECT_TRUE(program.reportWindow.spectrum4.shows("T6"));
   EXPECT_TRUE(program.reportWindow.coherence4.shows("Coerenza F2-T6=0"));
   EXPECT_EQ(program.reportWindow.intervalLabel.text(), "30s");

@@ -1,0 +1,33 @@
+#include "frame/fault_sentence.h"
+
+#include <algorithm>
+#include <new>
+
+#include "values/runtime_error.h"
+
+namespace korvinel {
+namespace {
+
+/// Empty where the fact is in plain words itself.
+std::string meaningOf(const std::exception& fault) {
+  if (dynamic_cast<const std::bad_alloc*>(&fault) != nullptr) return "La memoria del computer non basta.";
+  const auto* known = dynamic_cast<const RuntimeError*>(&fault);
+  if (known == nullptr) return "Il programma ha fatto un errore.";
+  switch (known->fault) {
+    case Fault::divisionByZero: return "Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto.";
+    case Fault::overflow: return "Un numero e' troppo grande per il programma.";
+    case Fault::subscript: return "E' stato chiesto un dato che il programma non ha.";
+    default: return "";
+  }
+}
+
+}  // namespace
+
+std::string faultSentence(const std::exception& fault) {
+  std::string fact = fault.what();
+  std::replace(fact.begin(), fact.end(), '\r', ' ');
+  const std::string meaning = meaningOf(fault);
+  return "Operazione interrotta: " + (meaning.empty() ? fact : meaning + " (" + fact + ")");
+}
+
+}  // namespace korvinel

@@ -1,0 +1,53 @@
+#include "frame/fault_sentence.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+#include "values/fixed.h"
+#include "values/int16.h"
+#include "values/runtime_error.h"
+
+namespace korvinel {
+namespace {
+
+template <typename Act>
+std::string sentenceAfter(Act&& act) {
+  try {
+    act();
+  } catch (const std::exception& fault) {
+    return faultSentence(fault);
+  }
+  return "";
+}
+
+TEST(FaultSentence, SaysInPlainWordsWhatAFaultOfTheNumbersMeans) {
+  EXPECT_EQ(sentenceAfter([] { (void)(Fixed(1) / Fixed(0)); }),
+            "Operazione interrotta: Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto. "
+            "(Divisione per zero)");
+  EXPECT_EQ(sentenceAfter([] { (void)Int16(40'000); }),
+            "Operazione interrotta: Un numero e' troppo grande per il programma. (Numero troppo grande per un campo di "
+            "16 bit)");
+  EXPECT_EQ(
+      sentenceAfter([] { throw RuntimeError(Fault::subscript, "La lettura si e' fermata.\rIndice fuori"); }),
+      "Operazione interrotta: E' stato chiesto un dato che il programma non ha. (La lettura si e' fermata. Indice "
+      "fuori)");
+}
+
+TEST(FaultSentence, LeavesWhatIsInPlainWordsAndMakesItOneLine) {
+  EXPECT_EQ(sentenceAfter([] { throw RuntimeError(Fault::output, "Disco pieno:\rC:\\a"); }),
+            "Operazione interrotta: Disco pieno: C:\\a");
+}
+
+TEST(FaultSentence, ExplainsWhatTheLibrariesThrow) {
+  EXPECT_EQ(
+      sentenceAfter([] { throw std::bad_alloc(); }).find("Operazione interrotta: La memoria del computer non basta. ("),
+      0U);
+  EXPECT_EQ(sentenceAfter([] {
+              (void)std::string("a").at(5);
+            }).find("Operazione interrotta: Il programma ha fatto un errore. ("),
+            0U);
+}
+
+}  // namespace
+}  // namespace korvinel
