@@ -16,6 +16,8 @@ namespace plan = report_geometry;
 
 constexpr QSize smallestClient(900, 620);
 constexpr double letterHeight = 16;  // of the plan
+constexpr int twipsPerPixel = 15;    // twentieths of a point, 96 dots an inch
+constexpr QSize openingClient(15360 / twipsPerPixel, 11000 / twipsPerPixel);
 
 }  // namespace
 
@@ -72,7 +74,8 @@ void ReportWindowView::addLabels(ReportWindow& model) {
   };
   add(model.scaleLabel, plan::scaleLabel, help::scaleLabel);
   add(model.intervalLabel, plan::intervalLabel, help::intervalLabel);
-  add(model.statusLabel, plan::statusLabel, help::statusLabel);
+  put(new platform::LabelView(model.statusLabel, ground_, platform::LabelView::Lines::broken), plan::statusLabel,
+      help::statusLabel);
 }
 
 void ReportWindowView::addFrame(const platform::Rect& place) {
@@ -82,7 +85,7 @@ void ReportWindowView::addFrame(const platform::Rect& place) {
   ground_->put(frame, place);
 }
 
-void ReportWindowView::showFitting() { platform::showFitting(*this, {plan::width, plan::height}); }
+void ReportWindowView::showFitting() { platform::showFitting(*this, openingClient); }
 
 void ReportWindowView::closeEvent(QCloseEvent* event) {
   event->accept();

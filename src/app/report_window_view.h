@@ -16,7 +16,7 @@ class ReportWindowView : public QMainWindow {
   /// `onClosed`: called once the window has been closed, by the user or by the program.
   ReportWindowView(ReportWindow& model, QWidget* owner, std::function<void()> onClosed);
 
-  void showFitting();  ///< at the plan's own size, or filling a screen that is too small for it
+  void showFitting();  ///< at 1024 x 733 pixels, or filling a screen that is too small for it
 
  protected:
   void closeEvent(QCloseEvent* event) override;

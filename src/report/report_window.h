@@ -47,7 +47,8 @@ struct ReportWindow {
 /// The small window of comments: one surface that grows downward with every printing of the comments.
 struct CommentWindow {
   static constexpr int linesOfComment = 18;
-  platform::Surface text{"Testo dei commenti", 680, linesOfComment * 20, 20};
+  static constexpr int lineHeight = 16;  ///< of letters of 10 points, at 96 dots an inch
+  platform::Surface text{"Testo dei commenti", 544, linesOfComment* lineHeight, lineHeight};
 };
 
 }  // namespace korvinel

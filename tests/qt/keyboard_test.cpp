@@ -258,7 +258,7 @@ TEST(Keyboard, TheCommentsScrollByTheArrowsAndCloseByEscape) {
   for (int line = 0; line < 40; ++line) windows.commentModel.text.printBelow("una riga");
   auto* scroll = windows.commentView.findChild<QScrollArea*>();
   auto* text = windows.commentView.findChild<QWidget*>("Testo dei commenti");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return text->height() > 700; }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return text->height() > 600; }));
   const int before = text->y();
   QTest::keyClick(scroll, Qt::Key_PageUp);
   EXPECT_GT(text->y(), before);

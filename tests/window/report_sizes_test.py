@@ -71,7 +71,7 @@ class ReportSizes(unittest.TestCase):
             program = self.open_report(scale)
             if scale == 1:
                 place = program.extents(GROUND)
-                self.assertEqual((place.width, place.height), (1200, 900), 'opens at the size of its plan')
+                self.assertEqual((place.width, place.height), (1024, 733), 'the size it opens at')
             for width, height in windows:
                 case = '%dx%d' % (width, height)
                 self.resize(program, scale, width, height)
