@@ -26,22 +26,22 @@ constexpr Rect secondTrace{10, 284, 340, 240};
 constexpr Rect messagePanel{366, 284, 356, 256};
 constexpr Rect startPicture{454, 322, 180, 200};
 constexpr Rect controlPanel{732, 284, 282, 396};  ///< ground of the labels, boxes and scales
-constexpr Rect statusLabel{744, 252, 258, 62};    ///< a long text grows upward, onto the ground above the panel
-constexpr Rect noteBox{744, 317, 258, 26};
-constexpr Rect fileNameCaption{744, 355, 74, 26};
-constexpr Rect fileNameBox{820, 355, 182, 26};
-constexpr Rect subjectCaption{744, 388, 74, 26};
-constexpr Rect subjectBox{820, 388, 182, 26};
-constexpr Rect ocularCheck{744, 422, 258, 24};
-constexpr Rect dateLabel{744, 456, 148, 20};
-constexpr Rect blockLabel{896, 456, 106, 20};
-constexpr Rect timeLabel{744, 479, 148, 20};
-constexpr Rect replayPositionLabel{896, 479, 106, 20};
-constexpr Rect zLabel{744, 504, 258, 38};
-constexpr Rect amplitudeLabel{744, 560, 258, 18};
-constexpr Rect amplitudeBar{744, 581, 258, 20};
-constexpr Rect speedLabel{744, 615, 258, 18};
-constexpr Rect speedBar{744, 636, 258, 20};
+constexpr Rect statusLabel{744, 288, 258, 52};    ///< three lines, so that a reason can be read whole
+constexpr Rect noteBox{744, 343, 258, 26};
+constexpr Rect fileNameCaption{744, 378, 74, 26};
+constexpr Rect fileNameBox{820, 378, 182, 26};
+constexpr Rect subjectCaption{744, 409, 74, 26};
+constexpr Rect subjectBox{820, 409, 182, 26};
+constexpr Rect ocularCheck{744, 440, 258, 24};
+constexpr Rect dateLabel{744, 471, 148, 20};
+constexpr Rect blockLabel{896, 471, 106, 20};
+constexpr Rect timeLabel{744, 493, 148, 20};
+constexpr Rect replayPositionLabel{896, 493, 106, 20};
+constexpr Rect zLabel{744, 516, 258, 38};
+constexpr Rect amplitudeLabel{744, 566, 258, 18};
+constexpr Rect amplitudeBar{744, 587, 258, 20};
+constexpr Rect speedLabel{744, 619, 258, 18};
+constexpr Rect speedBar{744, 640, 258, 20};
 
 // Third row: the time strip, three units a block, and the slider under it
 constexpr Rect timeStrip{62, 554, 640, 84};

@@ -50,7 +50,7 @@ TEST(ControlViews, AFaultIsShownWholeInBrokenLines) {
   Label model("Stato");
   Window window;
   LabelView view(model, &window, LabelView::Lines::broken);
-  view.resize(258, 62);
+  view.resize(258, 52);
   model.setText(longFault);
   view.grab();
   EXPECT_EQ(view.toolTip(), "") << "nothing is left out";
@@ -80,13 +80,13 @@ TEST(ControlViews, AShortTextStandsAtTheFootOfALabelWithBrokenLines) {
   Label model("Stato");
   Window window;
   LabelView view(model, &window, LabelView::Lines::broken);
-  view.resize(258, 62);
+  view.resize(258, 52);
   model.setText("Registrazione");
   model.setInk(Colour::lightRed);
   const QRgb red = qRgb(255, 0, 0);
   const QImage picture = view.grab().toImage();
-  EXPECT_FALSE(holds(picture.copy(0, 0, 258, 40), red));
-  EXPECT_TRUE(holds(picture.copy(0, 40, 258, 22), red));
+  EXPECT_FALSE(holds(picture.copy(0, 0, 258, 30), red));
+  EXPECT_TRUE(holds(picture.copy(0, 30, 258, 22), red));
 }
 
 TEST(ControlViews, ALabelsInkThatCannotBeReadOnThePanelStandsOnACell) {
