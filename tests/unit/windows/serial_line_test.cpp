@@ -92,6 +92,14 @@ TEST_F(WindowsSerialLine, ReadTakesAtMostTheReadLengthOldestFirst) {
   EXPECT_EQ(line.read(), "");
 }
 
+TEST_F(WindowsSerialLine, AStreamIsHandedOutInWholeFrames) {
+  line.expectFrames(4, true);
+  line.write("echo 123456\n");
+  ASSERT_TRUE(arrives(4));
+  EXPECT_EQ(line.read(), "1234");
+  EXPECT_EQ(line.read(), "");
+}
+
 TEST_F(WindowsSerialLine, AReadNeverWaits) {
   const auto before = std::chrono::steady_clock::now();
   EXPECT_EQ(line.read(), "");
