@@ -125,6 +125,30 @@ TEST(ConcludeRecording, ADiskThatFilledInMidRecordingGivesTheRestToAnotherPlace)
   EXPECT_EQ(program.host.files.content[stick + "prova.QVD"], program.whole);
 }
 
+TEST(ConcludeRecording, LeavesNothingBehindForTheNextExamination) {
+  Recording program;
+  program.host.files.goneFolder = folder;
+  program.host.dialogs.choices = {Choice::ok};
+  program.host.dialogs.folders = {stick};
+  program.stop();
+  ASSERT_TRUE(program.host.files.content.contains(stick + "prova.QVD"));
+  program.host.files.goneFolder.clear();
+  program.window.fileNameBox.type("due");
+  program.window.subjectBox.type("Verdi");
+  program.window.Starts1.press();
+  program.acquireBlocks(1);
+  program.window.Registra.press();
+  program.acquireBlocks(2);
+  EXPECT_TRUE(program.isTold("Una registrazione precedente non era stata conclusa."));
+  program.host.dialogs.shown.clear();
+  program.stop();
+  EXPECT_EQ(program.host.dialogs.shown.size(), 1U) << "the advice at every end, and nothing of the other";
+  const std::string& data = program.host.files.content.at(folder + "due.QVD");
+  EXPECT_TRUE(data.starts_with("\"Verdi\",\"21/11/2026 V3\",\"4canali\",1\r\n1,\"Nota: \"\r\n"));
+  EXPECT_FALSE(program.host.files.content.contains(recordings::temporary));
+  EXPECT_FALSE(program.host.files.content.contains(folder + "Tempor1.NOT"));
+}
+
 TEST(ConcludeRecording, AFailedWriteAtTheEndKeepsTheNotesWithTheBlocks) {
   for (const int room : {0, 30, 70, 1500}) {
     Recording program;
