@@ -62,6 +62,20 @@ TEST(Inspection, NamesEachDamageWithItsByte) {
   }
 }
 
+TEST(Inspection, TwoRecordingsAreFoundBehindAFirstOneThatIsCutOffAnywhere) {
+  const std::string first = recordings::file(3);
+  for (std::size_t cut = 0; cut <= 1036; cut += 7) {
+    const std::string begun = first.substr(0, first.size() - cut);
+    const Inspection found = inspected(begun + recordings::file(2));
+    ASSERT_FALSE(found.defects.empty()) << cut;
+    EXPECT_EQ(found.defects.back().offset, static_cast<std::int64_t>(begun.size())) << cut;
+    EXPECT_EQ(found.defects.back().what,
+              "the file holds two recordings: a second recording begins here, it is not read");
+    EXPECT_EQ(found.blocks, cut < 1036 ? 3 : 2) << cut;
+    EXPECT_EQ(found.defects.size(), cut % 1036 == 0 ? 1U : 2U) << cut;
+  }
+}
+
 TEST(Inspection, ADamagedFileOfAnyLengthHasAtMostAThousandDefects) {
   const Inspection found = inspected(header + std::string(4'000'000, '\0'));
   EXPECT_EQ(found.defects.size(), 1000U);

@@ -1,6 +1,7 @@
 #include "recording/inspection.h"
 
 #include <regex>
+#include <utility>
 
 #include "recording/channel_record.h"
 #include "values/number_text.h"
@@ -77,30 +78,45 @@ void judgeRecord(Inspection& found, std::int64_t offset, std::string_view record
     add(found, offset + samplesPerRecord, "no '-' and line end behind the samples" + where);
 }
 
-/// Saving under an existing name puts a whole second recording behind the first.
-bool beginsSecondRecording(Inspection& found, std::int64_t offset, const std::string& block) {
-  const std::size_t tag = block.find("\",\"4canali\",");
-  if (block.empty() || block.front() != '"' || tag == std::string::npos) return false;
-  add(found, offset, "a second recording begins here, it is not read");
-  return true;
+constexpr auto nowhere = std::string::npos;
+
+/// Where a header line begins in the bytes.
+std::size_t headerLineIn(const std::string& bytes) {
+  static const std::regex line("\"[^\"\r\n]*\",\"\\d\\d/\\d\\d/\\d{4} V[34]\",\"4canali\",");
+  std::smatch match;
+  if (bytes.find("\",\"4canali\",") == nowhere || !std::regex_search(bytes, match, line)) return nowhere;
+  return static_cast<std::size_t>(match.position());
 }
 
+/// A whole block, or what is there of it.
+void judgeBlock(Inspection& found, std::int64_t offset, std::string_view block) {
+  ++found.blocks;
+  for (int channel = 1; channel <= 4; ++channel) {
+    const std::size_t start = static_cast<std::size_t>(channel - 1) * channelRecordBytes;
+    if (start >= block.size()) break;
+    judgeRecord(found, offset + static_cast<std::int64_t>(start), block.substr(start, channelRecordBytes), channel);
+  }
+  if (block.size() < blockBytes)
+    add(found, offset,
+        "block " + std::to_string(found.blocks) + " is cut off: it has " + std::to_string(block.size()) + " of " +
+            std::to_string(blockBytes) + " bytes");
+}
+
+/// Saving under an existing name puts a whole second recording behind the first, which may itself be cut off: its
+/// header can begin anywhere in a block and go on in the next.
 void inspectByteBlocks(platform::InputFile& file, Inspection& found) {
-  while (!file.atEnd()) {
-    const std::int64_t offset = file.position();
-    const std::string block = takeBytes(file, blockBytes);
-    if (beginsSecondRecording(found, offset, block)) return;
-    ++found.blocks;
-    for (int channel = 1; channel <= 4; ++channel) {
-      const std::size_t start = static_cast<std::size_t>(channel - 1) * channelRecordBytes;
-      if (start >= block.size()) break;
-      judgeRecord(found, offset + static_cast<std::int64_t>(start),
-                  std::string_view(block).substr(start, channelRecordBytes), channel);
-    }
-    if (block.size() < blockBytes)
-      add(found, offset,
-          "block " + std::to_string(found.blocks) + " is cut off: it has " + std::to_string(block.size()) + " of " +
-              std::to_string(blockBytes) + " bytes");
+  std::int64_t offset = file.position();
+  std::string block = takeBytes(file, blockBytes);
+  while (!block.empty()) {
+    std::string next = takeBytes(file, blockBytes);
+    const std::size_t header = headerLineIn(block + next);
+    const bool secondBegins = header < block.size();
+    if (secondBegins) block.resize(header);
+    if (!block.empty()) judgeBlock(found, offset, block);
+    offset += static_cast<std::int64_t>(block.size());
+    if (secondBegins)
+      return add(found, offset, "the file holds two recordings: a second recording begins here, it is not read");
+    block = std::move(next);
   }
 }
 
