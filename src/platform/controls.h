@@ -65,16 +65,19 @@ class Button : public Control {
   Colour backColour_ = Colour::buttonFace;
 };
 
-/// One line of text. What the user types or pastes is cleaned of characters that the data files cannot hold.
+/// One line of text. What the user types or pastes is cleaned of characters that would break the data files' lines.
+/// Read-only, it shows its text and takes none.
 class TextBox : public Control {
  public:
   TextBox(std::string name, EntryKind kind, bool enabled = true)
       : Control(std::move(name)), kind_(kind), enabled_(enabled) {}
   const std::string& text() const { return text_; }
   bool enabled() const { return enabled_; }
+  bool readOnly() const { return readOnly_; }
   Colour backColour() const { return backColour_; }
   void setText(const std::string& text) { assign(text_, text); }
   void setEnabled(bool enabled) { assign(enabled_, enabled); }
+  void setReadOnly(bool readOnly) { assign(readOnly_, readOnly); }
   void setBackColour(Colour colour) { assign(backColour_, colour); }
 
   /// Asks for the keyboard. `focusRequests` counts the asking.
@@ -87,7 +90,7 @@ class TextBox : public Control {
 
   /// The user's new content of the box, cleaned; a view shows `text()` afterwards.
   void type(const std::string& text) {
-    if (!enabled_) return;
+    if (!enabled_ || readOnly_) return;
     text_ = cleanEntry(text, kind_);
     changed();
   }
@@ -100,6 +103,7 @@ class TextBox : public Control {
   EntryKind kind_;
   std::string text_;
   bool enabled_;
+  bool readOnly_ = false;
   Colour backColour_ = Colour::white;
   int focusRequests_ = 0;
 };

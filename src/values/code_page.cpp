@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace korvinel {
 namespace {
@@ -30,8 +31,12 @@ void appendUtf8(std::string& text, CodePoint character) {
   if (character < 0x80) return put(character);
   if (character < 0x800) {
     put(0xC0 | (character >> 6));
-  } else {
+  } else if (character < 0x10000) {
     put(0xE0 | (character >> 12));
+    put(0x80 | ((character >> 6) & 0x3F));
+  } else {
+    put(0xF0 | (character >> 18));
+    put(0x80 | ((character >> 12) & 0x3F));
     put(0x80 | ((character >> 6) & 0x3F));
   }
   put(0x80 | (character & 0x3F));
@@ -62,11 +67,17 @@ CodePoint takeCharacter(std::string_view& text) {
 
 bool isControl(CodePoint character) { return character < 0x20 || (character >= 0x7F && character <= 0x9F); }
 
+/// Marks of direction, joiners and blanks without width, which come along with pasted texts.
+bool isInvisible(CodePoint character) {
+  return (character >= 0x200B && character <= 0x200F) || (character >= 0x2028 && character <= 0x202E) ||
+         (character >= 0x2060 && character <= 0x206F) || character == 0xFEFF;
+}
+
 bool isAccepted(CodePoint character, EntryKind kind) {
   constexpr std::string_view neverInFields = "\",";
   constexpr std::string_view neverInNames = "/\\:*?<>|";
-  if (character == invalid || isControl(character) || byteOf(character) < 0) return false;
-  if (character > 0x7F) return true;
+  if (character == invalid || isControl(character) || isInvisible(character)) return false;
+  if (character > 0x7F) return kind != EntryKind::fileName || byteOf(character) >= 0;
   const char plain = static_cast<char>(character);
   if (neverInFields.find(plain) != std::string_view::npos) return false;
   return kind != EntryKind::fileName || neverInNames.find(plain) == std::string_view::npos;
@@ -109,6 +120,29 @@ std::string cleanEntry(std::string_view utf8, EntryKind kind) {
     if (isAccepted(character, kind)) appendUtf8(clean, character);
   }
   return clean;
+}
+
+std::string lettersOutsidePage(std::string_view utf8) {
+  constexpr std::size_t most = 10;
+  std::vector<CodePoint> letters;
+  while (!utf8.empty()) {
+    const CodePoint character = takeCharacter(utf8);
+    const bool known = std::find(letters.begin(), letters.end(), character) != letters.end();
+    if (character != invalid && byteOf(character) < 0 && !known) letters.push_back(character);
+  }
+  std::string list;
+  for (std::size_t i = 0; i < std::min(letters.size(), most); ++i) {
+    if (i > 0) list += ", ";
+    appendUtf8(list, letters[i]);
+  }
+  return letters.size() > most ? list + "..." : list;
+}
+
+bool isBlank(std::string_view utf8) {
+  constexpr CodePoint noBreakSpace = 0xA0;
+  while (!utf8.empty())
+    if (const CodePoint character = takeCharacter(utf8); character != ' ' && character != noBreakSpace) return false;
+  return true;
 }
 
 std::string upperCase(std::string_view utf8) {

@@ -17,9 +17,16 @@ namespace korvinel {
 /// What a box accepts as input that ends in a data file or in its name.
 enum class EntryKind { text, fileName };
 
-/// The text without the characters that the files cannot hold: double quotes, commas, control characters, characters
-/// outside the page; for a file name also path separators and the characters that file systems forbid (: * ? < > |).
+/// The text without the characters that would break a file's lines: double quotes, commas, control characters, and
+/// those that nobody can see; for a file name also path separators, the characters that file systems forbid (: * ? < >
+/// |) and letters outside the page. In other texts those letters stay, so that whoever typed them can be told of them.
 [[nodiscard]] std::string cleanEntry(std::string_view utf8, EntryKind kind);
+
+/// The letters of a text that the page does not hold, each once, separated by ", "; beyond the tenth "...". "" = none.
+[[nodiscard]] std::string lettersOutsidePage(std::string_view utf8);
+
+/// Whether a text is empty or holds nothing but blanks.
+[[nodiscard]] bool isBlank(std::string_view utf8);
 
 /// Upper case within the code page ("e" with accent included), for comparing file names.
 [[nodiscard]] std::string upperCase(std::string_view utf8);

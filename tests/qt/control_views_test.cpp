@@ -185,6 +185,35 @@ TEST(ControlViews, APastedTextIsCleanedToo) {
   EXPECT_EQ(model.text(), "abcd");
 }
 
+TEST(ControlViews, AReadOnlyBoxTakesNothingLooksSoAndCanBeRead) {
+  TextBox model("Nome del file", EntryKind::fileName);
+  Window window;
+  QLineEdit* box = makeView(model, &window);
+  QTest::keyClicks(box, "prova");
+  const QPalette usual = box->palette();
+  model.setReadOnly(true);
+  QTest::keyClicks(box, "x");
+  box->setText("y");
+  EXPECT_EQ(box->text(), "prova");
+  EXPECT_EQ(model.text(), "prova");
+  EXPECT_TRUE(box->isEnabled());
+  EXPECT_NE(box->palette().color(QPalette::Base), usual.color(QPalette::Base));
+  EXPECT_EQ(box->palette().color(QPalette::Text), QColor(Qt::black));
+  model.setReadOnly(false);
+  QTest::keyClicks(box, "x");
+  EXPECT_EQ(model.text(), "provax");
+  EXPECT_EQ(box->palette().color(QPalette::Base), usual.color(QPalette::Base));
+}
+
+TEST(ControlViews, AnAccentApartFromItsLetterIsJoinedToIt) {
+  TextBox model("Soggetto", EntryKind::text);
+  Window window;
+  QLineEdit* box = makeView(model, &window);
+  box->insert("Nicolo\u0300 Rossi");
+  EXPECT_EQ(model.text(), "Nicol\u00F2 Rossi");
+  EXPECT_EQ(box->text(), "Nicol\u00F2 Rossi");
+}
+
 TEST(ControlViews, EnterIsTheKey13) {
   TextBox model("Nota", EntryKind::text);
   Window window;

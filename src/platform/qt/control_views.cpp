@@ -125,9 +125,12 @@ void showText(const TextBox& model, QLineEdit& box) {
 
 void takeText(TextBox& model, QLineEdit& box) {
   const QString typed = box.text();
-  model.type(typed.toStdString());
+  // An accent that comes apart from its letter, as some systems hand it on, is joined to it first.
+  const QString whole = typed.normalized(QString::NormalizationForm_C);
+  model.type(whole.toStdString());
   if (typed == toQt(model.text())) return;
   showText(model, box);
+  if (whole == toQt(model.text())) return;
   QToolTip::showText(box.mapToGlobal(QPoint(0, box.height())),
                      "Tolti i caratteri che i file dei dati non possono contenere", &box);
 }
@@ -154,7 +157,9 @@ QLineEdit* makeView(TextBox& model, QWidget* parent) {
     // Else the toolkit would pass the keyboard on to the next control, for the user's next key to press it.
     if (!model.enabled() && box->hasFocus() && *before) (*before)->setFocus(Qt::OtherFocusReason);
     box->setEnabled(model.enabled());
-    box->setPalette(paletteFor(*box, model.backColour(), Colour::white, QPalette::Base, QPalette::Text));
+    box->setReadOnly(model.readOnly());
+    const Colour ground = model.readOnly() ? Colour::buttonFace : model.backColour();
+    box->setPalette(paletteFor(*box, ground, Colour::white, QPalette::Base, QPalette::Text));
   });
   return box;
 }

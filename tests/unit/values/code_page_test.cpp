@@ -18,9 +18,33 @@ TEST(CodePage, KnowsItalianLettersAndTheEuro) {
 
 TEST(CodePage, WhatItDoesNotHoldBecomesAQuestionMark) { EXPECT_EQ(codePageFromUtf8("Ελ 😀 \xFF"), "?? ? ?"); }
 
-TEST(CleanEntry, DropsWhatADataFileCannotHold) {
-  EXPECT_EQ(cleanEntry("Rossi, \"Anna\"\t\n Ω è", EntryKind::text), "Rossi Anna  è");
+TEST(CleanEntry, DropsWhatWouldBreakADataFilesLines) {
+  EXPECT_EQ(cleanEntry("Rossi, \"Anna\"\t\n è", EntryKind::text), "Rossi Anna è");
   EXPECT_EQ(cleanEntry("occhi: aperti/chiusi?", EntryKind::text), "occhi: aperti/chiusi?");
+}
+
+TEST(CleanEntry, LeavesLettersOutsideThePageInATextForThemToBeTold) {
+  EXPECT_EQ(cleanEntry("Ngọc Ω 日 😀", EntryKind::text), "Ngọc Ω 日 😀");
+  EXPECT_EQ(cleanEntry("Ngọc Ω 日 😀", EntryKind::fileName), "Ngc   ");
+}
+
+TEST(CleanEntry, DropsWhatNobodyCanSee) {
+  EXPECT_EQ(cleanEntry("\uFEFFRos\u200Bsi\u202E \u2060A\u2028", EntryKind::text), "Rossi A");
+}
+
+TEST(LettersOutsidePage, AreListedOnceInTheirOrderUpToTen) {
+  EXPECT_EQ(lettersOutsidePage("Nicolò € – Rossi"), "");
+  EXPECT_EQ(lettersOutsidePage(""), "");
+  EXPECT_EQ(lettersOutsidePage("Ngọc Thị ọ😀"), "ọ, ị, 😀");
+  EXPECT_EQ(lettersOutsidePage("αβγδεζηθικ"), "α, β, γ, δ, ε, ζ, η, θ, ι, κ");
+  EXPECT_EQ(lettersOutsidePage("αβγδεζηθικλ"), "α, β, γ, δ, ε, ζ, η, θ, ι, κ...");
+}
+
+TEST(IsBlank, KnowsBothBlanksOfThePage) {
+  EXPECT_TRUE(isBlank(""));
+  EXPECT_TRUE(isBlank("  \u00A0 "));
+  EXPECT_FALSE(isBlank(" . "));
+  EXPECT_FALSE(isBlank("\u3000"));
 }
 
 TEST(CleanEntry, DropsWhatAFileNameCannotHold) {
