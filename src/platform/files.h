@@ -23,6 +23,14 @@ struct OutputFile {
   virtual void synchronise() = 0;  ///< puts what was written on the disk; a RuntimeError (output) if it fails
 };
 
+/// Why no file can have a name.
+enum class NameFault {
+  none,
+  tooLong,
+  device,   ///< the system keeps it for a device
+  letters,  ///< a separator of folders, or a character that the system forbids
+};
+
 /// Files by their path (UTF-8): the program's own notation "C:\QUARVEL5\..." under its root, else the host's paths.
 /// What fails is a RuntimeError that names the file: input where a file cannot be read, output where it cannot be
 /// written.
@@ -35,6 +43,9 @@ struct Files {
   [[nodiscard]] virtual bool exists(const std::string& path) = 0;
   virtual void remove(const std::string& path) = 0;
   virtual void rename(const std::string& from, const std::string& to) = 0;  ///< an existing `to` is an error
+  /// Why no file can be made in `folder` under `name` (with its ending), by the rules of the system and the limit of
+  /// the folder's own file system. Looks at the name alone: not whether it is taken, nor whether there is room.
+  [[nodiscard]] virtual NameFault nameFault(const std::string& folder, const std::string& name) = 0;
   /// Names (without folder) of the files whose name ends in `ending`, upper and lower case alike. A folder that is not
   /// there has none.
   [[nodiscard]] virtual std::vector<std::string> list(const std::string& folder, const std::string& ending) = 0;

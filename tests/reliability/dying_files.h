@@ -50,6 +50,9 @@ class DyingFiles : public platform::Files {
     lengths_[to] = lengths_[from];
     lengths_.erase(from);
   }
+  platform::NameFault nameFault(const std::string& folder, const std::string& name) override {
+    return real_.nameFault(folder, name);
+  }
   std::vector<std::string> list(const std::string& folder, const std::string& ending) override {
     return real_.list(folder, ending);
   }

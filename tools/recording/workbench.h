@@ -30,6 +30,9 @@ class ToolFiles : public platform::Files {
   [[nodiscard]] bool exists(const std::string& path) override { return at(path).exists(path); }
   void remove(const std::string& path) override { at(path).remove(path); }
   void rename(const std::string& from, const std::string& to) override { at(from).rename(from, to); }
+  [[nodiscard]] platform::NameFault nameFault(const std::string& folder, const std::string& name) override {
+    return at(folder).nameFault(folder, name);
+  }
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override {
     return at(folder).list(folder, ending);
   }

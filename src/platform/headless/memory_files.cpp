@@ -53,12 +53,14 @@ std::unique_ptr<InputFile> MemoryFiles::openForReading(const std::string& path) 
 
 std::unique_ptr<OutputFile> MemoryFiles::create(const std::string& path) {
   refuseIfReadOnly(path);
+  refuseBadName(path);
   content[path].clear();
   return std::make_unique<MemoryOutput>(*this, path);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::openForAppending(const std::string& path) {
   refuseIfReadOnly(path);
+  refuseBadName(path);
   content[path];
   return std::make_unique<MemoryOutput>(*this, path);
 }
@@ -70,11 +72,19 @@ void MemoryFiles::remove(const std::string& path) {
 
 void MemoryFiles::rename(const std::string& from, const std::string& to) {
   refuseIfReadOnly(from);
+  refuseBadName(to);
   const auto found = content.find(from);
   if (found == content.end() || content.contains(to))
     throw RuntimeError(Fault::output, "Impossibile rinominare il file " + from);
   content[to] = std::move(found->second);
   content.erase(from);
+}
+
+NameFault MemoryFiles::nameFault(const std::string& /*folder*/, const std::string& name) {
+  if (name.empty() || name.find_first_of("/\\") != std::string::npos) return NameFault::letters;
+  const std::string stem = upperCase(name.substr(0, name.find('.')));
+  if (std::find(devices.begin(), devices.end(), stem) != devices.end()) return NameFault::device;
+  return name.size() > longestName ? NameFault::tooLong : NameFault::none;
 }
 
 std::vector<std::string> MemoryFiles::list(const std::string& folder, const std::string& ending) {
@@ -85,6 +95,12 @@ std::vector<std::string> MemoryFiles::list(const std::string& folder, const std:
     if (name.find('\\') == std::string::npos && upperCase(name).ends_with(upperCase(ending))) names.push_back(name);
   }
   return names;
+}
+
+void MemoryFiles::refuseBadName(const std::string& path) {
+  const std::size_t name = path.find_last_of("/\\") + 1;
+  if (nameFault(path.substr(0, name), path.substr(name)) != NameFault::none)
+    throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path);
 }
 
 void MemoryFiles::refuseIfReadOnly(const std::string& path) const {

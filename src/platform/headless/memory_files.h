@@ -9,7 +9,8 @@
 
 namespace korvinel::platform {
 
-/// Files in memory, by their full path. Can be told to run out of space or to refuse writing.
+/// Files in memory, by their full path. Can be told to run out of space or to refuse writing. A file whose name breaks
+/// the rules of `nameFault` can be neither created nor renamed to.
 class MemoryFiles : public Files {
  public:
   std::map<std::string, std::string> content;                         ///< path -> bytes
@@ -18,12 +19,16 @@ class MemoryFiles : public Files {
   std::string goneFolder;                                             ///< nothing in it is there any more; "" = none
   std::vector<std::string> unreadable;                                ///< paths that exist but cannot be opened
 
+  std::size_t longestName = 255;     ///< bytes
+  std::vector<std::string> devices;  ///< names, in upper case and without ending, that the system keeps for devices
+
   [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
   [[nodiscard]] bool exists(const std::string& path) override { return !isGone(path) && content.contains(path); }
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
+  [[nodiscard]] NameFault nameFault(const std::string& folder, const std::string& name) override;
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
 
  private:
@@ -31,6 +36,7 @@ class MemoryFiles : public Files {
     return !goneFolder.empty() && path.starts_with(goneFolder);
   }
   void refuseIfReadOnly(const std::string& path) const;
+  void refuseBadName(const std::string& path);
 };
 
 }  // namespace korvinel::platform

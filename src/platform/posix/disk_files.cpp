@@ -11,6 +11,7 @@
 #include "platform/buffered_input.h"
 #include "platform/host_paths.h"
 #include "platform/posix/file_descriptor.h"
+#include "platform/posix/name_rules.h"
 #include "values/code_page.h"
 #include "values/runtime_error.h"
 
@@ -140,6 +141,10 @@ void DiskFiles::rename(const std::string& from, const std::string& to) {
   const Place target = place(to);
   if (!renameToNewName(source.onDisk, target.onDisk))
     fail(Fault::output, "rinominare", source, systemMessage(errno) + ": " + target.path);
+}
+
+NameFault DiskFiles::nameFault(const std::string& folder, const std::string& name) {
+  return nameFaultIn(place(folder).onDisk, name);
 }
 
 std::vector<std::string> DiskFiles::list(const std::string& folder, const std::string& ending) {

@@ -16,6 +16,8 @@ class DiskFiles : public Files {
   [[nodiscard]] bool exists(const std::string& path) override;
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
+  /// A backslash separates folders, as in the program's own notation.
+  [[nodiscard]] NameFault nameFault(const std::string& folder, const std::string& name) override;
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
 
   /// A path in the program's notation, and on this machine's disk.

@@ -31,6 +31,31 @@ bool namesDevice(const std::wstring& path) {
   return full.starts_with(L"\\\\.\\");
 }
 
+/// The name up to its first dot, without the blanks there. Older systems take "NUL.QVD" for the device, newer ones only
+/// "NUL"; a file that only some of them can open is no recording.
+std::wstring stemOf(const std::wstring& name) {
+  const std::wstring stem = name.substr(0, name.find(L'.'));
+  return stem.substr(0, stem.find_last_not_of(L' ') + 1);
+}
+
+/// The system drops blanks and dots from the end of a name.
+bool holdsForbiddenLetters(const std::wstring& name) {
+  const auto isControl = [](wchar_t letter) { return letter < 0x20; };
+  return name.empty() || name.find_first_of(L"<>:\"/\\|?*") != std::wstring::npos || name.ends_with(L' ') ||
+         name.ends_with(L'.') || std::any_of(name.begin(), name.end(), isControl);
+}
+
+/// In UTF-16 units.
+std::size_t longestName(const std::wstring& folder) {
+  constexpr DWORD usual = 255;
+  std::wstring volume(MAX_PATH, L'\0');
+  DWORD longest = usual;
+  if (GetVolumePathNameW(folder.c_str(), volume.data(), MAX_PATH) == 0 ||
+      GetVolumeInformationW(volume.c_str(), nullptr, 0, nullptr, &longest, nullptr, nullptr, 0) == 0)
+    return usual;
+  return longest;
+}
+
 /// Opens what is an ordinary file; gives why it failed, or "".
 std::string openOrdinaryFile(const std::string& path, DWORD access, DWORD share, DWORD disposition, FileHandle& file) {
   const std::string noFile = "non e' un normale file";
@@ -128,6 +153,15 @@ void DiskFiles::remove(const std::string& path) {
 void DiskFiles::rename(const std::string& from, const std::string& to) {
   if (MoveFileExW(wideFromUtf8(from).c_str(), wideFromUtf8(to).c_str(), MOVEFILE_WRITE_THROUGH) == 0)
     fail(Fault::output, "rinominare", from, systemMessage(GetLastError()) + ": " + to);
+}
+
+NameFault DiskFiles::nameFault(const std::string& folder, const std::string& name) {
+  const std::wstring wide = wideFromUtf8(name);
+  if (holdsForbiddenLetters(wide)) return NameFault::letters;
+  if (namesDevice(wideFromUtf8(folder + name)) || namesDevice(stemOf(wide))) return NameFault::device;
+  const std::wstring place = wideFromUtf8(folder);
+  const bool fits = wide.size() <= longestName(place) && place.size() + wide.size() < MAX_PATH;
+  return fits ? NameFault::none : NameFault::tooLong;
 }
 
 std::vector<std::string> DiskFiles::list(const std::string& folder, const std::string& ending) {

@@ -14,10 +14,11 @@ class DiskFiles : public Files {
   [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
-  /// A name that the system keeps for a device counts as taken, so that no recording is begun under it.
+  /// A name that the system keeps for a device counts as taken.
   [[nodiscard]] bool exists(const std::string& path) override;
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
+  [[nodiscard]] NameFault nameFault(const std::string& folder, const std::string& name) override;
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
 };
 

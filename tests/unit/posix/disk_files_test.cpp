@@ -178,5 +178,27 @@ TEST_F(DiskFilesInAFolder, ListsFilesByTheirEndingInAnyCaseSorted) {
   EXPECT_THAT(files.list(root + "NOWHERE\\", ".QVD"), IsEmpty());
 }
 
+TEST_F(DiskFilesInAFolder, ANameIsAsLongAsTheFileSystemTakes) {
+  const std::string data = root + "DATAFILE\\";
+  for (const std::string& letter : {std::string("a"), std::string("\u00E8"), std::string("\u20AC")}) {
+    std::string name;
+    while (files.nameFault(data, name + letter + ".QVD") == NameFault::none) name += letter;
+    EXPECT_EQ(faultOf([&] { static_cast<void>(files.create(data + name + ".QVD")); }).second, "no fault")
+        << name.size();
+    EXPECT_EQ(files.nameFault(data, name + letter + ".QVD"), NameFault::tooLong);
+    EXPECT_EQ(faultOf([&] { static_cast<void>(files.create(data + name + letter + ".QVD")); }).first, Fault::output)
+        << name.size();
+    EXPECT_GT(name.size(), 240U);
+  }
+}
+
+TEST_F(DiskFilesInAFolder, ANameThatWouldLieInAnotherFolderIsNone) {
+  for (const char* name : {"a/b.QVD", "a\\b.QVD", "", ".", ".."})
+    EXPECT_EQ(files.nameFault(root + "DATAFILE\\", name), NameFault::letters) << name;
+  for (const char* name : {"NUL.QVD", "COM1.QVD", "a:b.QVD", " a .QVD", "...QVD"})
+    EXPECT_EQ(files.nameFault(root + "DATAFILE\\", name), NameFault::none) << name;
+  EXPECT_EQ(files.nameFault(root + "NOWHERE\\", std::string(300, 'a')), NameFault::tooLong);
+}
+
 }  // namespace
 }  // namespace korvinel::platform

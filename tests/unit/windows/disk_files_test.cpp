@@ -122,5 +122,24 @@ TEST_F(WindowsDiskFiles, ListsFilesByTheirEndingInAnyCaseSorted) {
   EXPECT_THAT(files.list(folder + "nowhere\\", ".QVD"), IsEmpty());
 }
 
+TEST_F(WindowsDiskFiles, ANameOfADeviceIsNoNameOfAFile) {
+  for (const char* name : {"NUL.QVD", "com1.QVD", "LPT9 .QVD", "aux", "CON.x.QVD"})
+    EXPECT_EQ(files.nameFault(folder, name), NameFault::device) << name;
+  for (const char* name : {"NULLO.QVD", "COM.QVD", "aNUL.QVD", " .QVD"})
+    EXPECT_EQ(files.nameFault(folder, name), NameFault::none) << name;
+}
+
+TEST_F(WindowsDiskFiles, ANameWithLettersThatTheSystemForbidsOrDropsIsNone) {
+  for (const char* name : {"", "a/b.QVD", "a\\b.QVD", "a:b.QVD", "a*.QVD", "a?.QVD", "a\t.QVD", "a.QVD ", "a.QVD."})
+    EXPECT_EQ(files.nameFault(folder, name), NameFault::letters) << name;
+}
+
+TEST_F(WindowsDiskFiles, ANameWithItsFolderIsAtMost259Units) {
+  const std::string longest(259 - folder.size(), 'a');
+  EXPECT_EQ(files.nameFault(folder, longest), NameFault::none);
+  EXPECT_EQ(files.nameFault(folder, longest + "a"), NameFault::tooLong);
+  EXPECT_EQ(files.nameFault(folder, std::string(260, 'a')), NameFault::tooLong);
+}
+
 }  // namespace
 }  // namespace korvinel::platform

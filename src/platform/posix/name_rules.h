@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+
+namespace korvinel::platform {
+
+/// As Files::nameFault, for a folder by its path on the disk. The limit is the one of the file system that holds the
+/// folder, and never above 255 bytes and 255 UTF-16 units: some file systems report more than they keep.
+[[nodiscard]] NameFault nameFaultIn(const std::string& folder, const std::string& name);
+
+}  // namespace korvinel::platform
