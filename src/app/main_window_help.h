@@ -11,12 +11,12 @@ using platform::Help;
 constexpr Help fileNameBox{
     "Nome del file del nuovo esame, senza .QVD, che viene aggiunto. Non accetta virgole, virgolette e i segni vietati "
     "nei "
-    "nomi dei file. Quando si apre un file mostra il suo nome.",
+    "nomi dei file. Durante la registrazione non si puo' cambiare. Quando si apre un file mostra il suo nome.",
     'N'};
 constexpr Help subjectBox{
     "Nome della persona esaminata: va nel file e nel rapporto. Non accetta virgole e virgolette. Quando si apre un "
     "file "
-    "mostra il nome che contiene.",
+    "mostra il nome che contiene. Durante la registrazione non si puo' cambiare.",
     'G'};
 constexpr Help noteBox{
     "Testo della nota: Invio la conferma, ma non se e' vuota. La casella si apre con Annota. Il testo resta nel file "

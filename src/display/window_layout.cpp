@@ -5,7 +5,6 @@
 #include "display/grid.h"
 #include "display/window_geometry.h"
 #include "frame/main_state.h"
-#include "platform/timing.h"
 #include "values/number_text.h"
 
 namespace korvinel {
@@ -80,9 +79,7 @@ void MainState::drawGraphFrames() {
 void MainState::drawAxesAndLabels() {
   printAxisCaptions(window.axisCaptions);
   drawFrequencyAxis();
-  recordingDate = platform::dateText(host.clock.localTime());
-  shared.dataFileName = window.fileNameBox.text() + ".QVD";
-  shared.subjectName = window.subjectBox.text();
+  takeNames();
   window.fileNameCaption.setText("Nome File");
   window.subjectCaption.setText("Soggetto");
   window.dateLabel.setText("Data =" + recordingDate);

@@ -1,6 +1,7 @@
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
 #include "platform/timing.h"
+#include "values/code_page.h"
 #include "values/number_text.h"
 
 namespace korvinel {
@@ -31,19 +32,9 @@ bool refuse(MainState& state, const char* message) {
 bool startIsAllowed(MainState& state) {
   if (!inItalian(state)) return true;
   if (state.intervalSelectable == 1 && state.stopRequested == 0) return refuse(state, "Premere prima Stop!");
-  if (!state.window.fileNameBox.text().empty()) return true;
+  if (!isBlank(state.window.fileNameBox.text())) return true;
   refuse(state, "Scrivere nome del file!");
   state.window.fileNameBox.requestFocus();
-  return false;
-}
-
-bool namesAreUsable(MainState& state) {
-  state.checkFileName();
-  if (!inItalian(state)) return true;
-  if (state.fileNameExists == 1) return refuse(state, "Questo nome di file esiste gia'!Cambiare nome!");
-  if (!state.window.subjectBox.text().empty()) return true;
-  refuse(state, "Scrivere nome del soggetto!");
-  state.window.subjectBox.requestFocus();
   return false;
 }
 
@@ -74,20 +65,24 @@ void MainState::startCommand() {
   // Between Stop and the turn that ends the acquisition a new start would throw the recording away.
   if (acquisitionRunning == 1 || acquisitionPending()) return;
   if (!startIsAllowed(*this)) return;
+  const std::string typedNote = window.noteBox.text();
   clearForStart(*this);
-  if (!namesAreUsable(*this)) return;
+  if (!namesAreUsable()) return tellNoteIsDropped(typedNote);
   window.blockLabel.setText("");
   drawGraphFrames();
   openLink();
   startAcquisition();
+  tellNoteIsDropped(typedNote);
 }
 
 void MainState::startAcquisition() {
+  const std::vector<std::string> carriedNotes = notesToCarryOver();
   resetAnalysis();
   drawGraphFrames();
   acquisitionRunning = 1;
   endRequested = replayActive = stopRequested = recordingArmed = intervalSelectable = 0;
   noteCount = pairToggleCount = blockCount = 0;
+  carryNotesOver(carriedNotes);
   sharedSelector = 1;
   keepNotesAndNames();
   sendStartCommand();

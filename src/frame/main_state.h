@@ -126,6 +126,8 @@ struct MainState {
   Int16 nobodyToAsk = 0;                   ///< the program ends where no box can be shown: faults go to standard error
   std::function<void()> finishAssembling;  ///< while a data file is written: the rest of it, letting no events in
   std::string fileDateField;               ///< of the opened file, as it stands there: date and version tag
+  Int16 openNote = 0;           ///< 0..60, the note whose text is being typed; 0: none was begun with "Annota"
+  std::string recordingNotice;  ///< what is to be told of the data file once it is written; "" = nothing
 
   // Displays: written by display/
   Int16 microvoltScale = 60;  ///< full scale of the spectrum panels, microvolts
@@ -233,8 +235,23 @@ struct MainState {
   void checkFileName();   ///< sets `fileNameExists`
   void startRecording();  ///< "Registra"
   void endRecording();    ///< at the end of an acquisition
+
+  // recording/recording_names.cpp
+  /// Checks the names in the boxes as they stand: the name that is checked by `checkFileName`, the one that will be
+  /// written, and the subject. Says what is wrong and returns whether a recording may be made under them.
+  [[nodiscard]] bool namesAreUsable();
+  /// Takes the names and the date of the coming recording.
+  void takeNames();
+
+  // recording/notes.cpp
   void beginNote();       ///< "Annota": counts and stamps a note, and opens the note box
   void noteKey(int key);  ///< a key in the note box; Enter (13) takes the note's text
+  /// The texts of the notes that a new count takes over, to be asked for before the notes are cleared: those confirmed
+  /// since "Registra" and, empty and last, the one being typed.
+  [[nodiscard]] std::vector<std::string> notesToCarryOver() const;
+  void carryNotesOver(const std::vector<std::string>& texts);  ///< counts and stamps them in the new count
+  /// Tells that a text typed in the note box is not kept; "" tells nothing.
+  void tellNoteIsDropped(const std::string& text);
 
   // recording/file_opening.cpp
   void openDataFile();       ///< "Apri File": reads a whole file through the analysis and shows its summary

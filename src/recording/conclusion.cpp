@@ -11,7 +11,9 @@
 #include "recording/channel_record.h"
 #include "recording/data_file.h"
 #include "recording/data_paths.h"
+#include "recording/notes.h"
 #include "recording/record_line.h"
+#include "recording/recording_names.h"
 #include "recording/safe_keeping.h"
 #include "recording/side_file.h"
 
@@ -140,14 +142,16 @@ void concludeRecording(MainState& state) {
   const platform::LastWords guard(state.host.dialogs);
   findAnotherPlace(state);
   tellOnce(state);
+  if (!state.recordingNotice.empty()) tell(state, std::exchange(state.recordingNotice, ""));
 }
 
 void bringRecordingHome(MainState& state) {
   skipOnFault([&] {
-    if (const auto rest = std::exchange(state.finishAssembling, {}))
-      rest();
-    else if (state.recordingActive == 1)
-      assembleWithoutEvents(state);
+    if (const auto rest = std::exchange(state.finishAssembling, {})) return rest();
+    if (state.recordingActive != 1) return;
+    takeOpenNote(state);
+    takeFreeName(state);
+    assembleWithoutEvents(state);
   });
   state.recordingActive = state.recordingArmed = 0;
   skipOnFault([&] { concludeRecording(state); });

@@ -7,7 +7,8 @@ namespace korvinel {
 /// What is still to be done when a recording has been assembled: nobody leaves without knowing where it is.
 
 /// Where neither the data file nor the files set aside hold all of the recording, asks for another place until the data
-/// file is there or the user gives the recording up. Then tells what failed or was mended, and where everything is.
+/// file is there or the user gives the recording up. Then tells what failed or was mended, and where everything is,
+/// and tells and empties `recordingNotice`.
 /// Nothing happens where there is nothing to tell, or where it has been told. Where nobody can be asked, the user's
 /// home folder is the place, and standard error is told.
 void concludeRecording(MainState& state);

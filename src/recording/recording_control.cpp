@@ -3,7 +3,8 @@
 #include "platform/dialogs.h"
 #include "recording/conclusion.h"
 #include "recording/data_paths.h"
-#include "recording/file_header.h"
+#include "recording/notes.h"
+#include "recording/recording_names.h"
 #include "values/code_page.h"
 
 namespace korvinel {
@@ -38,13 +39,8 @@ void tellOfSetAsideRecording(MainState& state) {
 
 void switchRecordingOff(MainState& state) {
   state.window.Registra.setBackColour(state.startButtonColour);
+  lockNames(state, false);
   state.recordingActive = state.recordingArmed = 0;
-}
-
-void closeNoteBox(MainState& state) {
-  state.window.noteBox.setText("");
-  state.window.noteBox.setBackColour(Colour::white);
-  state.window.noteBox.setEnabled(false);
 }
 
 }  // namespace
@@ -60,7 +56,11 @@ void MainState::checkFileName() {
 
 void MainState::startRecording() {
   if (acquisitionRunning == 0 || !openFilePath.empty() || recordingActive == 1) return;
+  // The names may have been edited since Start. From here on they stay as they were checked.
+  if (!namesAreUsable()) return;
+  takeNames();
   if (!temporaryFileIsReady(*this)) return tellOfSetAsideRecording(*this);
+  lockNames(*this, true);
   recordingArmed = recordingActive = 1;
   window.Registra.setBackColour(Colour::yellow);
   window.statusLabel.setInk(Colour::lightRed);
@@ -72,36 +72,14 @@ void MainState::endRecording() {
   if (recordingActive != 1) return;
   window.firstTrace.clear();
   if (inItalian(*this)) window.firstTrace.printAt(1, 1, Colour::white, "Attendere..");
+  takeOpenNote(*this);
+  takeFreeName(*this);
   assembleDataFile();
   switchRecordingOff(*this);
   waitAtLeast(*this, 0.5);
   concludeRecording(*this);
   temporaryContent.clear();
   temporaryWritten = 0;
-}
-
-void MainState::beginNote() {
-  if (!openFilePath.empty()) return;
-  if (noteCount >= mostNotes) return showStatus(*this, "Massimo 60 note!");
-  window.noteBox.setEnabled(true);
-  window.noteBox.setBackColour(Colour::yellow);
-  showStatus(*this, "Scrivi una nota poi premi Invio");
-  const double x = blockCount * 3;
-  window.Picture6.line(x, 1, x, 13, Colour::lightRed);
-  window.noteBox.setText("");
-  window.noteBox.requestFocus();
-  noteCount += 1;
-  noteTimes[noteCount] = static_cast<float>(blockCount < 2 ? 2 : static_cast<int>(blockCount));
-  keepNotesAndNames();
-}
-
-void MainState::noteKey(int key) {
-  constexpr int enter = 13;
-  if (key != enter || window.noteBox.text().empty()) return;
-  if (recordingActive == 1) noteTexts[noteCount] = window.noteBox.text();
-  keepNotesAndNames();
-  showStatus(*this, recordingActive == 1 ? "Registrazione Attiva" : "Registrazione Disattiva");
-  closeNoteBox(*this);
 }
 
 }  // namespace korvinel

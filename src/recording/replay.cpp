@@ -111,8 +111,10 @@ bool replayIsAllowed(MainState& state) {
 void replayOpenFile(MainState& state) {
   state.shared.replayStartBlock = state.window.Slider1.value();
   if (state.shared.replayStartBlock > state.shared.fileBlockCount) return rewind(state);
+  const std::string typedNote = state.window.noteBox.text();
   openForReplay(state);
   beginReplay(state);
+  state.tellNoteIsDropped(typedNote);
   try {
     if (!replayBlocks(state)) return;
   } catch (const RuntimeError& fault) {

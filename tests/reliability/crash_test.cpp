@@ -14,8 +14,8 @@
 #include "recording/channel_record.h"
 #include "temporary_folder.h"
 
-/// The program is killed, or the machine loses its power, at any moment of two recordings under one name and their
-/// assembling. A child process records on a real disk and tells what it has accepted; what is left must hold it.
+/// The program is killed, or the machine loses its power, at any moment of two recordings and their assembling. A child
+/// process records on a real disk and tells what it has accepted; what is left must hold it.
 namespace korvinel {
 namespace {
 
@@ -24,9 +24,7 @@ using platform::DiskFiles;
 
 enum class Death { ofTheProgram, ofTheMachine };
 
-// A name that ends in "QVD" is checked as it stands but recorded with a second ending: it can be recorded twice.
-const std::string name = "prova.QVD";
-const std::string dataFile = "prova.QVD.QVD";
+const std::vector<std::string> names = {"prima", "seconda"};
 const std::vector<std::string> subjects = {"Rossi", "Verdi"};
 const std::vector<std::string> notes = {"occhi chiusi", "respiro profondo"};
 
@@ -100,8 +98,8 @@ void losePower(const std::string& file, const DyingFiles::Length& length, int ho
   dying = &files;
   RecordedExamination examination(files);
   const Witness witness(examination, pipe);
-  examination.run(name, 7, subjects[0], notes[0]);
-  examination.run(name, 4, subjects[1], notes[1]);
+  examination.run(names[0], 7, subjects[0], notes[0]);
+  examination.run(names[1], 4, subjects[1], notes[1]);
   sendAll(pipe, "E" + std::to_string(files.steps()));
   _exit(0);
 }
@@ -211,8 +209,8 @@ std::string recovered(const std::string& folder) {
 /// Everybody's notes are there, and nobody has another's.
 void expectNamesAndNotes(const std::string& folder, const Testimony& testimony) {
   const std::string left = recovered(folder);
-  const std::string data = contentOf(folder + "/drive_c/QUARVEL5/DATAFILE/" + dataFile);
   for (std::size_t i = 0; i < testimony.recordings.size(); ++i) {
+    const std::string data = contentOf(folder + "/drive_c/QUARVEL5/DATAFILE/" + names[i] + ".QVD");
     const std::string ofThisOne = "\"" + subjects[i] + "\",\"21/11/2026 V3\",\"4canali\",1\r\n";
     const bool running = i + 1 == testimony.recordings.size();
     const bool hasBlocks = data.find(ofThisOne) != std::string::npos || left.starts_with(ofThisOne);

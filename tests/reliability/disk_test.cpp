@@ -129,7 +129,7 @@ TEST(Disk, MayTurnReadOnlyOrLoseItsFolderAtAnyBlock) {
     }
 }
 
-TEST(Disk, AFileOfTheSameNameThatAppearsMeanwhileIsKeptInFront) {
+TEST(Disk, AFileOfTheSameNameThatAppearsMeanwhileIsLeftAlone) {
   const Undisturbed whole;
   MemoryFiles files;
   writeSettings(files);
@@ -137,7 +137,8 @@ TEST(Disk, AFileOfTheSameNameThatAppearsMeanwhileIsKeptInFront) {
   examination.host.time.when([&] { return examination.state.blockCount == 2; },
                              [&] { files.content[dataFile] = "somebody's"; });
   examination.run("prova", blocks);
-  EXPECT_EQ(files.content[dataFile], "somebody's" + whole.data);
+  EXPECT_EQ(files.content[dataFile], "somebody's");
+  EXPECT_EQ(files.content[recordings::folder + "prova (2).QVD"], whole.data);
 }
 
 /// A disk that, once it is worn, gives the first bytes of a file and then errors.
