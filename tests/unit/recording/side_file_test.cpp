@@ -58,7 +58,7 @@ TEST(SideFileOfARecording, HoldsNamesDateAndNotesAsTheyAreBegunAndConfirmed) {
   EXPECT_EQ(read.damagedLines, 0);
 }
 
-TEST(SideFileOfARecording, HasTheSubjectAsCorrectedBeforeTheExaminationIsCountedAnew) {
+TEST(SideFileOfARecording, HasTheSubjectAsCorrectedBeforeRegistra) {
   HeadlessProgram program;
   program.startAcquisition("prova", "Rosi");
   program.acquireBlocks(1);
@@ -68,14 +68,16 @@ TEST(SideFileOfARecording, HasTheSubjectAsCorrectedBeforeTheExaminationIsCounted
   const SideFile read = readText(program.host.files.content[side]);
   EXPECT_EQ(read.subject, program.shared.subjectName);
   EXPECT_EQ(read.subject, "Rossi Anna");
-  EXPECT_EQ(read.temporarySubject, "Rosi") << "as the temporary file has it";
+  EXPECT_EQ(read.temporarySubject, "Rossi Anna") << "as the temporary file has it";
 }
 
-TEST(SideFileOfARecording, ForgetsTheNotesThatWereBegunBeforeRegistra) {
+TEST(SideFileOfARecording, ForgetsTheNotesThatWereConfirmedBeforeRegistra) {
   HeadlessProgram program;
   program.startAcquisition();
   program.acquireBlocks(1);
   program.window.Annotax.press();
+  program.window.noteBox.type("prima");
+  program.window.noteBox.pressKey(13);
   program.window.Registra.press();
   EXPECT_EQ(readText(program.host.files.content[side]).noteCount, 1);
   program.host.time.runUntil([&] { return program.state.recordingArmed == 0; });
