@@ -50,7 +50,7 @@ class HazardsTest(unittest.TestCase):
         self.assertGreater(len(there), 700)
         for cells in rows():
             for name in re.findall(r'`([^`]+)`', cells[2]):
-                self.assertIn(name, there, 'no such test: ' + cells[0])
+                self.assertTrue(name in there, 'no such test: %s (%s)' % (name, cells[0]))
 
 
 if __name__ == '__main__':
