@@ -10,8 +10,12 @@ namespace {
 
 class MemoryInput : public InputFile {
  public:
-  explicit MemoryInput(std::string bytes) : bytes_(std::move(bytes)) {}
-  int peek() override { return next_ < bytes_.size() ? static_cast<unsigned char>(bytes_[next_]) : end; }
+  MemoryInput(std::string path, std::string bytes, std::size_t failingAt)
+      : path_(std::move(path)), bytes_(std::move(bytes)), failingAt_(failingAt) {}
+  int peek() override {
+    if (next_ >= failingAt_) throw RuntimeError(Fault::input, "Impossibile leggere il file " + path_);
+    return next_ < bytes_.size() ? static_cast<unsigned char>(bytes_[next_]) : end;
+  }
   int take() override {
     const int byte = peek();
     if (byte != end) ++next_;
@@ -20,7 +24,8 @@ class MemoryInput : public InputFile {
   [[nodiscard]] std::int64_t position() const override { return static_cast<std::int64_t>(next_); }
 
  private:
-  std::string bytes_;
+  std::string path_, bytes_;
+  std::size_t failingAt_;
   std::size_t next_ = 0;
 };
 
@@ -48,7 +53,9 @@ std::unique_ptr<InputFile> MemoryFiles::openForReading(const std::string& path) 
   const auto found = content.find(path);
   if (refused || isGone(path) || found == content.end())
     throw RuntimeError(Fault::input, "Impossibile leggere il file " + path);
-  return std::make_unique<MemoryInput>(found->second);
+  const auto failing = failingAt.find(path);
+  return std::make_unique<MemoryInput>(path, found->second,
+                                       failing == failingAt.end() ? std::string::npos : failing->second);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::create(const std::string& path) {

@@ -18,6 +18,7 @@ class MemoryFiles : public Files {
   bool readOnly = false;                                              ///< nothing can be created, written or removed
   std::string goneFolder;                                             ///< nothing in it is there any more; "" = none
   std::vector<std::string> unreadable;                                ///< paths that exist but cannot be opened
+  std::map<std::string, std::size_t> failingAt;                       ///< path -> byte that cannot be read
 
   std::size_t longestName = 255;     ///< bytes
   std::vector<std::string> devices;  ///< names, in upper case and without ending, that the system keeps for devices
