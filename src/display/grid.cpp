@@ -18,7 +18,6 @@ void dottedLineDown(Surface& surface, double x, double spacing) {
 
 void drawGrid(Surface& surface, double stepX, double stepY) {
   constexpr double spacing = 8;
-  surface.clear();
   for (int i = 1; i * stepY < surface.height(); ++i) dottedLineAcross(surface, i * stepY, spacing);
   for (int i = 1; i * stepX < surface.width(); ++i) dottedLineDown(surface, i * stepX, spacing);
 }

@@ -40,6 +40,7 @@ void recallBlock(MainState& state) {
 /// Low frequencies at the bottom; `start` is the bars' foot, `endOf` gives their other end.
 template <typename BarEnd>
 void drawBars(MainState& state, Surface& panel, int channel, double start, BarEnd&& endOf) {
+  panel.clear();
   drawGrid(panel, spectrumGridStep, spectrumGridStep);
   for (int i = 1; i <= state.displayedBins; ++i) {
     state.bandColour = barColour(i);

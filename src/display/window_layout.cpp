@@ -71,6 +71,14 @@ void drawRuler(Surface& ruler, int microvoltScale, bool zeroAtRight) {
 
 }  // namespace
 
+void MainState::clearPictures() {
+  MainWindow& w = window;
+  for (Surface* surface : {&w.firstTrace, &w.secondTrace, &w.coherenceGraph, &w.leftSpectrum, &w.rightSpectrum,
+                           &w.firstNumbers, &w.secondNumbers, &w.Picture6})
+    surface->clear();
+  for (platform::Label* label : {&w.timeLabel, &w.zLabel, &w.replayPositionLabel}) label->setText("");
+}
+
 void MainState::drawGraphFrames() {
   drawAxesAndLabels();
   drawGrids();

