@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "device/baseline.h"
+#include "frame/held_flag.h"
 #include "frame/main_state.h"
 #include "platform/operation_edge.h"
 #include "platform/timing.h"
@@ -62,7 +63,15 @@ void runTurn(MainState& state) {
   }
   skipOnFault([&] { state.readBlock(); });
   if (state.stopRequested == 1) return finish(state);
-  if (state.artefactFlag == 0) handleAcceptedBlock(state);
+  if (state.artefactFlag == 0) return handleAcceptedBlock(state);
+  if (state.endRequested == 1) finish(state);
+}
+
+/// Until the acquisition has been ended another turn comes, whatever has happened in this one: turns alone look at
+/// what Stop and End ask for.
+void keepTurning(MainState& state) {
+  const bool turnComes = state.host.tickTimer.enabled() || state.host.pauseTimer.enabled();
+  if (state.intervalSelectable == 0 && !turnComes) state.host.tickTimer.setEnabled(true);
 }
 
 /// The two trace graphs and the channels of the pair shown on them.
@@ -79,9 +88,9 @@ TracePair tracePair(MainState& state) {
 }  // namespace
 
 void MainState::acquisitionTick() {
-  turnRunning = 1;
-  runTurn(*this);
-  turnRunning = 0;
+  const HeldFlag running(turnRunning);
+  skipOnFault([&] { runTurn(*this); });
+  keepTurning(*this);
 }
 
 void MainState::pauseElapsed() {

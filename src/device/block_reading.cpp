@@ -73,8 +73,13 @@ void decodeBlock(MainState& state, const std::string& bytes) {
 }  // namespace
 
 void MainState::readBlock() {
+  artefactFlag = 1;  // until a whole block has been checked there is none to accept
   std::optional<std::string> block;
-  while (!(block = waitForBlock(*this))) askToRestartStream(*this);
+  while (!(block = waitForBlock(*this))) {
+    // Whoever has asked for the end is not asked whether to go on.
+    if (endRequested == 1 || stopRequested == 1) return;
+    askToRestartStream(*this);
+  }
   decodeBlock(*this, *block);
   smoothBlock();
   checkArtefacts();

@@ -1,5 +1,6 @@
 #include "device/command_bytes.h"
 #include "device/line_steps.h"
+#include "frame/held_flag.h"
 #include "frame/main_state.h"
 #include "frame/waiting.h"
 #include "platform/serial_port.h"
@@ -56,7 +57,7 @@ void showLinkReady(MainState& state) {
 }  // namespace
 
 void MainState::openLink() {
-  linkPending = 1;
+  const HeldFlag pending(linkPending);
   streamStopped = 1;
   framesCut = 0;
   alignmentFault.clear();
@@ -65,7 +66,6 @@ void MainState::openLink() {
              "Errore di comunicazione!\rVerificare se i cavi sono connessi\r"
              "oppure se lo strumento e' acceso!\rPremere OK per continuare.");
   showLinkReady(*this);
-  linkPending = 0;
 }
 
 void MainState::sendStartCommand() {

@@ -1,3 +1,4 @@
+#include "frame/held_flag.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
 #include "platform/timing.h"
@@ -14,6 +15,8 @@ bool inItalian(const MainState& state) { return state.shared.languageFlag == "It
 void clearForStart(MainState& state) {
   state.window.noteBox.setText("");
   state.openFilePath.clear();
+  state.openFileTitle.clear();
+  state.nextFileCommand = FileCommand::none;
   state.intervalSelectable = state.recordingArmed = state.linkReady = state.endRequested = 0;
   state.stopRequested = state.acquisitionRunning = state.recordingActive = 0;
   state.messageAnswer = 0;
@@ -52,6 +55,9 @@ void handBlockRangeOn(MainState& state) {
   state.shared.analysisLastBlock = state.blockCount;
 }
 
+/// Whether anything still comes that looks at `endRequested`: a turn, or a block of a file.
+bool endIsLookedAt(const MainState& state) { return state.acquisitionPending() || state.fileLoopRunning == 1; }
+
 void warnOfShortRecordings(MainState& state) {
   state.headerText1 = "Attenzione: per una Analisi affidabile \r";
   state.headerText2 = "occorrono almeno 7 minuti di dati eeg!\r";
@@ -62,15 +68,21 @@ void warnOfShortRecordings(MainState& state) {
 }  // namespace
 
 void MainState::startCommand() {
+  if (acquisitionRunning == 1 || linkPending == 1) return;
   // Between Stop and the turn that ends the acquisition a new start would throw the recording away.
-  if (acquisitionRunning == 1 || acquisitionPending()) return;
+  if (acquisitionPending()) {
+    window.statusLabel.setInk(Colour::lightRed);
+    return window.statusLabel.setText(awaited());
+  }
   if (!startIsAllowed(*this)) return;
   const std::string typedNote = window.noteBox.text();
   clearForStart(*this);
   if (!namesAreUsable()) return tellNoteIsDropped(typedNote);
   window.blockLabel.setText("");
+  clearPictures();
   drawGraphFrames();
   openLink();
+  const HeldFlag pending(linkPending);  // the stream's start may wait for a silent line
   startAcquisition();
   tellNoteIsDropped(typedNote);
 }
@@ -81,8 +93,10 @@ void MainState::startAcquisition() {
   drawGraphFrames();
   acquisitionRunning = 1;
   endRequested = replayActive = stopRequested = recordingArmed = intervalSelectable = 0;
+  artefactFlag = selectionDragging = 0;  // left behind by the examination before
   noteCount = pairToggleCount = blockCount = 0;
   carryNotesOver(carriedNotes);
+  shared.analysisFirstBlock = shared.analysisLastBlock = shared.replayStartBlock = shared.fileBlockCount = 0;
   sharedSelector = 1;
   keepNotesAndNames();
   sendStartCommand();
@@ -98,17 +112,23 @@ void MainState::endCommand() {
   window.firstTrace.clear();
   if (inItalian(*this)) window.firstTrace.printAt(1, 1, Colour::white, "Attendere..");
   endRequested = 1;
-  if (acquisitionRunning == 0) throw platform::ProgramEnd{};
+  if (acquisitionRunning == 0 || !endIsLookedAt(*this)) throw platform::ProgramEnd{};
 }
 
 bool MainState::acquisitionPending() const {
   return linkPending == 1 || turnRunning == 1 || host.tickTimer.enabled() || host.pauseTimer.enabled();
 }
 
+std::string MainState::awaited() const {
+  if (linkPending == 1) return "Attendere il collegamento con lo strumento!";
+  const bool ends = stopRequested == 1 || endRequested == 1 || acquisitionRunning == 0;
+  return ends && acquisitionPending() ? "Attendere la fine dell'acquisizione!" : "";
+}
+
 bool MainState::closeWindow() {
   window.firstTrace.box(1, 1, 100, 25, Colour::white);
   if (inItalian(*this)) window.firstTrace.printAt(1, 1, Colour::black, "Attendere..");
-  if (acquisitionRunning != 1) throw platform::ProgramEnd{};
+  if (acquisitionRunning != 1 || !endIsLookedAt(*this)) throw platform::ProgramEnd{};
   endRequested = stopRequested = 1;
   return true;
 }
