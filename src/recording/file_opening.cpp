@@ -2,12 +2,11 @@
 #include "platform/dialogs.h"
 #include "platform/operation_edge.h"
 #include "recording/file_loop.h"
-#include "values/number_text.h"
+#include "recording/scan_messages.h"
 
 namespace korvinel {
 namespace {
 
-using platform::Colour;
 using platform::skipOnFault;
 
 constexpr int blockLimit = 200;
@@ -20,6 +19,7 @@ void leaveOpenFile(MainState& state) {
   state.readHandle.reset();
   state.window.Slider1.setValue(0);
   state.artefactThreshold = 130;
+  state.artefactFlag = 0;
 }
 
 void noFileChosen(MainState& state) {
@@ -43,13 +43,6 @@ bool chooseFile(MainState& state) {
   return true;
 }
 
-void announceReading(MainState& state) {
-  auto& panel = state.window.messagePanel;
-  panel.clear();
-  panel.box(10, 10, 120, 30, Colour::yellow);
-  panel.printAt(12, 12, panel.ink(), " Attendere lettura file...");
-}
-
 /// Opens the file and reads what stands before its samples; says so where that cannot be done.
 bool readBeginning(MainState& state) {
   try {
@@ -69,6 +62,13 @@ void showHeader(MainState& state) {
   window.dateLabel.setText("Data=" + state.recordingDate);
   window.fileNameBox.setText(state.openFileTitle);
   window.subjectBox.setText(state.shared.subjectName);
+}
+
+/// What a file is too short for, or what its unknown version keeps from being read, is no signal of someone else.
+void forgetLastExamination(MainState& state) {
+  state.sampleBlock = {};
+  state.clearPictures();
+  state.drawGrids();
 }
 
 /// Clears the analysis for the new file. The notes are the file's own by now and stay, so that they can be marked on
@@ -96,7 +96,7 @@ void analyseScannedBlock(MainState& state) {
 
 enum class ScanResult { finished, stopped, fileGone };
 
-/// Reads and analyses up to the file's end or the block limit.
+/// Reads and analyses up to the file's end or the block limit. A RuntimeError where it cannot be read.
 ScanResult scanBlocks(MainState& state) {
   FileLoop loop(state);
   do {
@@ -104,12 +104,24 @@ ScanResult scanBlocks(MainState& state) {
     state.blockCount += 1;
     if (state.blockCount >= blockLimit) return ScanResult::finished;
     state.window.blockLabel.setText(std::to_string(state.blockCount));
-    skipOnFault([&] { state.readFileBlock(); });
+    state.readFileBlock();
     analyseScannedBlock(state);
     if (state.endRequested == 1) throw platform::ProgramEnd{};
     if (state.stopRequested == 1) return ScanResult::stopped;
   } while (!loop.atEnd());
   return ScanResult::finished;
+}
+
+/// A file that cannot be read any further ends there; `readFault` says why.
+ScanResult scan(MainState& state, std::string& readFault) {
+  try {
+    return scanBlocks(state);
+  } catch (const RuntimeError& fault) {
+    if (state.endRequested == 1) throw platform::ProgramEnd{};
+    if (state.stopRequested == 1) return ScanResult::stopped;
+    readFault = fault.what();
+    return ScanResult::finished;
+  }
 }
 
 void handBlockRangeOn(MainState& state) {
@@ -123,49 +135,12 @@ void handBlockRangeOn(MainState& state) {
   state.shared.analysisLastBlock = state.shared.fileBlockCount;
 }
 
-void printSummary(MainState& state) {
-  auto& panel = state.window.messagePanel;
-  const auto print = [&](Colour ink, std::initializer_list<std::string> lines) {
-    panel.setInk(ink);
-    for (const std::string& line : lines) panel.print(line);
-  };
-  panel.clear();
-  panel.printAt(2, 20, panel.ink(), " ");
-  print(panel.ink(), {" Nome file=" + state.openFileTitle, " Nome soggetto=" + state.shared.subjectName,
-                      " Data registrazione=" + state.recordingDate,
-                      " Lunghezza file=" + signedText(state.shared.fileBlockCount) + " bloks", " "});
-  print(Colour::lightRed,
-        {" E' possibile anche iniziare a leggere da un punto", " qualsiasi del file spostando lo slider in basso,",
-         " Premere Display per cominciare lettura file...", " oppure Analisi Finale...", " "});
-  print(Colour::blue,
-        {" E' possibile inoltre selezionare col mouse", " un intervallo di dati qualsiasi, basta premere",
-         " col mouse sul punto iniziale del grafico sotto,", " e rilasciare sul punto finale, poi premere ",
-         " il tasto Analisi.", " Si puo' cosi' avere una analisi quantitativa."});
-  panel.setInk(Colour::black);
-}
-
-void showScannedFile(MainState& state) {
-  const int blocks = state.shared.fileBlockCount;
-  state.window.blockLabel.setText("Totale=" + std::to_string(blocks * 3) + "s");
-  skipOnFault([&] { state.drawCoherenceGraph(); });
-  skipOnFault([&] { state.summariseSynchrony(); });
-  skipOnFault([&] { state.drawSpectrumDisplay(); });
-  state.window.zLabel.setText("Z1=" + std::to_string(state.shared.replayStartBlock) + "  Z2=" + std::to_string(blocks));
-  state.window.noteBox.setEnabled(true);
-  state.shared.dataFileName = state.openFileTitle;
-  printSummary(state);
-}
-
-void showThatItWasStopped(MainState& state) {
-  state.window.messagePanel.clear();
-  state.window.messagePanel.printAt(2, 20, Colour::black, " Lettura interrotta.");
-}
-
 }  // namespace
 
 bool openingIsAllowed(MainState& state) {
   if (state.acquisitionRunning != 1 && !state.acquisitionPending()) return true;
-  state.host.dialogs.notice("Prima premere Stop!");
+  const std::string waitFor = state.awaited();
+  state.host.dialogs.notice(waitFor.empty() ? "Prima premere Stop!" : waitFor);
   return false;
 }
 
@@ -174,13 +149,17 @@ void openChosenFile(MainState& state) {
   if (!chooseFile(state)) return noFileChosen(state);
   announceReading(state);
   if (!readBeginning(state)) return noFileChosen(state);
+  forgetLastExamination(state);
   showHeader(state);
   resetForScan(state);
-  const ScanResult result = scanBlocks(state);
+  std::string readFault;
+  const ScanResult result = scan(state, readFault);
   if (result == ScanResult::stopped) showThatItWasStopped(state);
   if (result != ScanResult::finished) return;
+  const int lastRead = state.blockCount;
   handBlockRangeOn(state);
   showScannedFile(state);
+  if (!readFault.empty()) tellReadFault(state, lastRead, readFault);
 }
 
 void MainState::openDataFile() { runFileCommand(*this, FileCommand::open); }

@@ -18,14 +18,17 @@ void showStatus(MainState& state, const char* text) {
   if (inItalian(state)) state.window.statusLabel.setText(text);
 }
 
+void refuseRecording(MainState& state, const std::string& reason) {
+  state.host.dialogs.notice("Impossibile registrare!\r" + reason + "\rLa registrazione resta disattiva.");
+}
+
 /// An examination that cannot be recorded is told at once, while it can still be repeated.
 bool temporaryFileIsReady(MainState& state) {
   try {
     state.createTempFile();
     return true;
   } catch (const RuntimeError& fault) {
-    state.host.dialogs.notice("Impossibile registrare!\r" + std::string(fault.what()) +
-                              "\rLa registrazione resta disattiva.");
+    refuseRecording(state, fault.what());
     return false;
   }
 }
@@ -56,6 +59,8 @@ void MainState::checkFileName() {
 
 void MainState::startRecording() {
   if (acquisitionRunning == 0 || !openFilePath.empty() || recordingActive == 1) return;
+  // The data file may be written already; another recording would go behind it, under the same name.
+  if (stopRequested == 1 || endRequested == 1) return refuseRecording(*this, "L'acquisizione sta terminando.");
   // The names may have been edited since Start. From here on they stay as they were checked.
   if (!namesAreUsable()) return;
   takeNames();

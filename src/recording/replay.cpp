@@ -77,26 +77,36 @@ void showBlocks(MainState& state, FileLoop& loop) {
   }
 }
 
-/// Runs the replay; returns false where another command has taken the file away.
-bool replayBlocks(MainState& state) {
-  FileLoop loop(state);
+void replayBlocks(MainState& state, FileLoop& loop) {
   skipToStartBlock(state, loop);
   if (!loop.fileGone()) showBlocks(state, loop);
-  return !loop.fileGone();
-}
-
-void actOnRequests(MainState& state) {
-  if (state.printRequested == 1) state.printScreen();
-  if (state.endRequested == 1) throw platform::ProgramEnd{};
-  if (state.stopRequested == 1) state.window.firstTrace.printAt(1, 1, Colour::white, "Stop data...");
 }
 
 void rewind(MainState& state) {
   state.shared.replayStartBlock = 1;
   state.window.Slider1.setValue(1);
-  state.acquisitionRunning = state.stopRequested = 0;
+  state.acquisitionRunning = state.stopRequested = state.selectionDragging = 0;
   state.shared.analysisFirstBlock = 1;
   state.shared.analysisLastBlock = state.shared.fileBlockCount;
+}
+
+void printImage(MainState& state, const FileLoop& loop) {
+  try {
+    state.printScreen();
+  } catch (const RuntimeError&) {
+    if (!loop.fileGone()) rewind(state);
+    throw;
+  }
+}
+
+/// The file stays open while the image is waited for, so that a Start or another command in that time is noticed: the
+/// record is then theirs.
+void actOnRequests(MainState& state, const FileLoop& loop) {
+  if (state.printRequested == 1) printImage(state, loop);
+  if (loop.fileGone()) return;
+  if (state.endRequested == 1) throw platform::ProgramEnd{};
+  if (state.stopRequested == 1) state.window.firstTrace.printAt(1, 1, Colour::white, "Stop data...");
+  rewind(state);
 }
 
 }  // namespace
@@ -114,17 +124,17 @@ void replayOpenFile(MainState& state) {
   const std::string typedNote = state.window.noteBox.text();
   openForReplay(state);
   beginReplay(state);
+  FileLoop loop(state);
   state.tellNoteIsDropped(typedNote);
   try {
-    if (!replayBlocks(state)) return;
+    replayBlocks(state, loop);
   } catch (const RuntimeError& fault) {
     rewind(state);
     const std::string place = "La lettura si e' fermata al blocco " + std::to_string(state.blockCount);
     if (state.blockCount > 0) state.blockCount -= 1;  // the display goes on with the last block that could be shown
     throw RuntimeError(fault.fault, place + ".\r" + fault.what());
   }
-  actOnRequests(state);
-  rewind(state);
+  if (!loop.fileGone()) actOnRequests(state, loop);
 }
 
 void MainState::replayFile() { runFileCommand(*this, FileCommand::replay); }

@@ -83,7 +83,10 @@ void Workbench::open(const std::string& path) {
   files.recording = absolutePath(path);
   host_.dialogs.files.push_back(files.recording);
   window.Openx.press();
-  if (state.intervalSelectable != 1) throw ToolError(path, "cannot be opened: " + oneLine(reasonOf(lastMessage())));
+  // A box is shown only where the file cannot be read, or not to its end.
+  const bool told = host_.dialogs.shown.back().kind == "notice";
+  if (state.intervalSelectable != 1 || told)
+    throw ToolError(path, "cannot be opened: " + oneLine(reasonOf(lastMessage())));
   if (state.fileVersionTag != "V3" && state.fileVersionTag != "V4")
     throw ToolError(path, "holds no samples that can be read: its version is '" + state.fileVersionTag + "'");
 }

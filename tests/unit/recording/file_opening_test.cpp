@@ -227,20 +227,19 @@ TEST(OpenDataFile, EndDuringTheScanEndsTheProgram) {
 
 TEST(OpenDataFile, IsRefusedFromTheStartUntilTheEndOfAnAcquisition) {
   FileProgram program;
-  const auto refused = [&] {
+  const auto refused = [&](const char* reason = "Prima premere Stop!") {
     const std::size_t before = program.host.dialogs.shown.size();
     program.window.Openx.press();
-    return program.host.dialogs.shown.size() == before + 1 &&
-           program.host.dialogs.shown.back().text == "Prima premere Stop!";
+    return program.host.dialogs.shown.size() == before + 1 && program.host.dialogs.shown.back().text == reason;
   };
   program.window.fileNameBox.type("nuovo");
   program.window.subjectBox.type("Bianchi");
-  program.host.time.after(2, [&] { EXPECT_TRUE(refused()) << "handshake"; });
+  program.host.time.after(2, [&] { EXPECT_TRUE(refused("Attendere il collegamento con lo strumento!")); });
   program.window.Starts1.press();
   program.acquireBlocks(2);
   EXPECT_TRUE(refused()) << "acquiring";
   program.window.Stopd1.press();
-  EXPECT_TRUE(refused()) << "stop pending";
+  EXPECT_TRUE(refused("Attendere la fine dell'acquisizione!"));
   program.host.time.runUntil([&] { return program.state.intervalSelectable == 1; });
   program.host.time.runFor(0.1);
   EXPECT_FALSE(refused()) << "finished";
