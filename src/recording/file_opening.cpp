@@ -18,6 +18,8 @@ void leaveOpenFile(MainState& state) {
   state.intervalSelectable = state.replayActive = state.acquisitionRunning = 0;
   state.readHandle.reset();
   state.window.Slider1.setValue(0);
+  state.window.noteBox.setBackColour(platform::Colour::white);
+  state.window.noteBox.setEnabled(false);
   state.artefactThreshold = 130;
   state.artefactFlag = 0;
 }
@@ -80,7 +82,7 @@ void resetForScan(MainState& state) {
   state.noteTimes = times;
   state.noteTexts = texts;
   state.acquisitionRunning = 1;
-  state.intervalSelectable = state.stopRequested = state.blockCount = 0;
+  state.intervalSelectable = state.stopRequested = state.blockCount = state.selectionDragging = 0;
   ProgramValues& shared = state.shared;
   shared.analysisFirstBlock = shared.analysisLastBlock = shared.replayStartBlock = shared.fileBlockCount = 0;
 }
@@ -147,9 +149,9 @@ bool openingIsAllowed(MainState& state) {
 void openChosenFile(MainState& state) {
   leaveOpenFile(state);
   if (!chooseFile(state)) return noFileChosen(state);
+  forgetLastExamination(state);
   announceReading(state);
   if (!readBeginning(state)) return noFileChosen(state);
-  forgetLastExamination(state);
   showHeader(state);
   resetForScan(state);
   std::string readFault;
