@@ -82,7 +82,7 @@ class WholeRecord {
     const MainState& s = program_.state;
     add("recordingDate", s.recordingDate), add("noteTimes", s.noteTimes), add("noteTexts", s.noteTexts);
     add("openFilePath", s.openFilePath), add("openFileTitle", s.openFileTitle);
-    if (!s.openFilePath.empty()) add("headerText1", s.headerText1);  // else a scratch text that nothing shows
+    if (!s.openFilePath.empty()) add("fileDateField", s.fileDateField);  // else nothing shows it
     add("recordingFault", s.recordingFault), add("setAsidePath", s.setAsidePath);
     add("pairLabels", s.pairLabel1 + s.pairLabel2);
     add("subjectName", program_.shared.subjectName);

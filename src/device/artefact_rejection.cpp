@@ -50,14 +50,9 @@ void MainState::rejectBlock() {
 }
 
 void MainState::editArtefactThreshold() {
-  const std::string dateField = headerText1;  // of an opened file, whose 50 Hz label goes on showing it
   headerText1 = "Funzione attiva solo se si esclude";
   headerText2 = "la rimozione automatica artefatti";
-  if (window.ocularCheck.checked()) {
-    host.dialogs.notice(headerText1 + "\r" + headerText2);
-    headerText1 = dateField;
-    return;
-  }
+  if (window.ocularCheck.checked()) return host.dialogs.notice(headerText1 + "\r" + headerText2);
   messageText1 = "Modifica soglia degli artefatti: valore attuale=" + signedText(artefactThreshold) + "\r";
   messageText2 = "Introdurre il nuovo valore (minimo=70 massimo=130)\r";
   messageText3 = "Valore minimo= sono accettati solo dati buoni\r";
@@ -66,7 +61,6 @@ void MainState::editArtefactThreshold() {
   messageText1 += messageText2 + messageText3 + messageText4 + messageText5;
   headerText1 = host.dialogs.input(messageText1, "Artefacts", {200, 400});
   artefactThreshold = thresholdFrom(headerText1);
-  if (!openFilePath.empty()) headerText1 = dateField;
 }
 
 }  // namespace korvinel
