@@ -106,8 +106,7 @@ class WholeRecord {
          {&w.statusLabel, &w.dateLabel, &w.timeLabel, &w.blockLabel, &w.zLabel, &w.replayPositionLabel})
       add("label " + label->name(), label->text() + " ink " + std::to_string(static_cast<int>(label->ink())));
     for (const platform::TextBox* box : {&w.fileNameBox, &w.subjectBox, &w.noteBox})
-      add("box " + box->name(), box->text() + (box->enabled() ? " enabled " : " disabled ") +
-                                    std::to_string(static_cast<int>(box->backColour())));
+      add("box " + box->name(), box->text() + ' ' + std::to_string(static_cast<int>(box->backColour())));
     add("Slider1", w.Slider1.value()), add("record button", static_cast<int>(w.Registra.backColour()));
     add("startPicture", static_cast<int>(w.startPicture.visible()));
   }

@@ -14,9 +14,6 @@ bool inItalian(const MainState& state) { return state.shared.languageFlag == "It
 
 void clearForStart(MainState& state) {
   state.window.noteBox.setText("");
-  // An opened file has enabled it; what is typed there without "Annota" would belong to no note.
-  state.window.noteBox.setBackColour(Colour::white);
-  state.window.noteBox.setEnabled(false);
   state.openFilePath.clear();
   state.openFileTitle.clear();
   state.nextFileCommand = FileCommand::none;

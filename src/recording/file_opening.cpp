@@ -18,8 +18,6 @@ void leaveOpenFile(MainState& state) {
   state.intervalSelectable = state.replayActive = state.acquisitionRunning = 0;
   state.readHandle.reset();
   state.window.Slider1.setValue(0);
-  state.window.noteBox.setBackColour(platform::Colour::white);
-  state.window.noteBox.setEnabled(false);
   state.artefactThreshold = 130;
   state.artefactFlag = 0;
 }
