@@ -11,7 +11,9 @@ namespace korvinel {
 /// The whole program without a screen: the main window's models tied to its record over the headless platform.
 /// The root holds the default files; port 2, all calibration factors 1.
 struct HeadlessProgram {
-  HeadlessProgram() {
+  /// `neighbour`: another program, on the same disk; it must outlive this one.
+  explicit HeadlessProgram(HeadlessProgram* neighbour = nullptr)
+      : host(neighbour != nullptr ? &neighbour->host.files : nullptr) {
     std::string factors = "1";
     for (int i = 2; i <= 64; ++i) factors += i % 8 == 1 ? "\r\n1" : ",1";
     host.files.content["C:\\QUARVEL5\\Instal8s.val"] = "\"Korvinel\",\"Ita\",2,0,0,0,0\r\n\"\",\"\"\r\n";

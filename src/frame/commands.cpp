@@ -41,6 +41,14 @@ bool startIsAllowed(MainState& state) {
   return false;
 }
 
+/// While it asks, the start counts as under way: nothing else may begin in between.
+bool folderIsReserved(MainState& state) {
+  state.linkPending = 1;
+  const bool reserved = state.reserveDataFolder();
+  state.linkPending = 0;
+  return reserved;
+}
+
 void showEndOfRecording(MainState& state) {
   state.window.firstTrace.clear();
   if (inItalian(state)) state.window.firstTrace.printAt(0, 0, Colour::white, "Fine della registrazione!");
@@ -77,7 +85,7 @@ void MainState::startCommand() {
   if (!startIsAllowed(*this)) return;
   const std::string typedNote = window.noteBox.text();
   clearForStart(*this);
-  if (!namesAreUsable()) return tellNoteIsDropped(typedNote);
+  if (!namesAreUsable() || !folderIsReserved(*this)) return tellNoteIsDropped(typedNote);
   window.blockLabel.setText("");
   clearPictures();
   drawGraphFrames();
@@ -115,6 +123,11 @@ void MainState::endCommand() {
   if (acquisitionRunning == 0 || !endIsLookedAt(*this)) throw platform::ProgramEnd{};
 }
 
+void MainState::endWithoutAsking() {
+  nobodyToAsk = 1;
+  throw platform::ProgramEnd{};
+}
+
 bool MainState::acquisitionPending() const {
   return linkPending == 1 || turnRunning == 1 || host.tickTimer.enabled() || host.pauseTimer.enabled();
 }
@@ -142,6 +155,7 @@ void MainState::endAcquisition() {
     return;
   }
   if (recordingActive == 1) endRecording();
+  if (recordingArmed == 0) releaseDataFolder();
   showEndOfRecording(*this);
   acquisitionRunning = 0;
   intervalSelectable = 1;

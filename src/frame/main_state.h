@@ -128,6 +128,7 @@ struct MainState {
   std::string fileDateField;               ///< of the opened file, as it stands there: date and version tag
   Int16 openNote = 0;           ///< 0..60, the note whose text is being typed; 0: none was begun with "Annota"
   std::string recordingNotice;  ///< what is to be told of the data file once it is written; "" = nothing
+  std::unique_ptr<platform::FileLock> folderLock;  ///< held from Start until the acquisition has ended for good
 
   // Displays: written by display/
   Int16 microvoltScale = 60;  ///< full scale of the spectrum panels, microvolts
@@ -150,6 +151,8 @@ struct MainState {
   void stopCommand();       ///< "Stop": only sets flags; the next tick ends the acquisition
   void endCommand();        ///< "End"
   void endAcquisition();    ///< called by the tick; hands the block range on
+  /// Ends the program at once, without a box: its session, its display or whoever sent a signal does not wait.
+  void endWithoutAsking();
   /// A handshake or an acquisition is under way, or Stop was pressed and the turn that ends it is still to come.
   [[nodiscard]] bool acquisitionPending() const;
   /// What has to be waited for before another examination or file may begin, as a sentence; "" = nothing that comes by
@@ -256,6 +259,12 @@ struct MainState {
   void carryNotesOver(const std::vector<std::string>& texts);  ///< counts and stamps them in the new count
   /// Tells that a text typed in the note box is not kept; "" tells nothing.
   void tellNoteIsDropped(const std::string& text);
+
+  // recording/folder_lock.cpp
+  /// Takes the lock of the data folder for an acquisition; returns whether that may begin. Somebody else's is told; one
+  /// that cannot be had for another reason is told and may be done without.
+  [[nodiscard]] bool reserveDataFolder();
+  void releaseDataFolder();
 
   // recording/file_opening.cpp
   void openDataFile();       ///< "Apri File": reads a whole file through the analysis and shows its summary

@@ -31,6 +31,24 @@ enum class NameFault {
   letters,  ///< a separator of folders, or a character that the system forbids
 };
 
+/// A lock on a file. It ends with the object, and with the process however that ends.
+struct FileLock {
+  virtual ~FileLock() = default;
+};
+
+/// What came of trying to lock a file.
+enum class LockOutcome {
+  taken,
+  held,         ///< by another program, or by another lock of this one
+  notWritable,  ///< the file is not there and cannot be made
+  notOffered,   ///< the file system has no locks
+};
+struct LockAttempt {
+  LockOutcome outcome;
+  std::unique_ptr<FileLock> lock;  ///< where it was taken
+  std::string told;                ///< held: the holder's note, "" where it cannot be read; else the system's reason
+};
+
 /// Files by their path (UTF-8): the program's own notation "C:\QUARVEL5\..." under its root, else the host's paths.
 /// What fails is a RuntimeError that names the file: input where a file cannot be read, output where it cannot be
 /// written.
@@ -39,6 +57,8 @@ struct Files {
   [[nodiscard]] virtual std::unique_ptr<InputFile> openForReading(const std::string& path) = 0;
   [[nodiscard]] virtual std::unique_ptr<OutputFile> create(
       const std::string& path) = 0;  ///< an existing file is emptied
+  /// Creates a file that is not there yet; one that is, even as a link that leads nowhere, is an error.
+  [[nodiscard]] virtual std::unique_ptr<OutputFile> createNew(const std::string& path) = 0;
   [[nodiscard]] virtual std::unique_ptr<OutputFile> openForAppending(const std::string& path) = 0;
   [[nodiscard]] virtual bool exists(const std::string& path) = 0;
   virtual void remove(const std::string& path) = 0;
@@ -46,6 +66,9 @@ struct Files {
   /// Why no file can be made in `folder` under `name` (with its ending), by the rules of the system and the limit of
   /// the folder's own file system. Looks at the name alone: not whether it is taken, nor whether there is room.
   [[nodiscard]] virtual NameFault nameFault(const std::string& folder, const std::string& name) = 0;
+  /// Locks a file without waiting. The file is made where it is missing and is never removed, for others may hold it
+  /// open; who finds it locked reads `note`. Never throws a RuntimeError.
+  [[nodiscard]] virtual LockAttempt lock(const std::string& path, const std::string& note) = 0;
   /// Names (without folder) of the files whose name ends in `ending`, upper and lower case alike. A folder that is not
   /// there has none.
   [[nodiscard]] virtual std::vector<std::string> list(const std::string& folder, const std::string& ending) = 0;

@@ -6,13 +6,13 @@
 /// Where the program's own paths and ports lie on this machine; each system has its own `host_paths.cpp`.
 namespace korvinel::platform {
 
-/// The user's own folder, without a separator behind it ($HOME, else what the system has for the account; on Windows
-/// %USERPROFILE%).
+/// The user's own folder, without a separator behind it: $HOME, else that of the account; on Windows %USERPROFILE%. ""
+/// where neither is an existing folder.
 [[nodiscard]] std::string homeFolder();
 
 /// Where the program's own data lives: `korvinel` in the user's data folder ($XDG_DATA_HOME, else ~/.local/share).
 /// Holds `drive_c`, the program's drive C, and `ports`, the links to the serial devices. "" on Windows, which has both
-/// itself.
+/// itself. A RuntimeError (output) where the user has no home.
 [[nodiscard]] std::string userDataFolder();
 
 /// The host's path of a path in the program's notation: "C:\QUARVEL5\X" lies in `drive_c` of the data folder. Any other

@@ -4,6 +4,12 @@
 
 namespace korvinel::platform {
 
+/// Who runs the program, and where.
+struct Identity {
+  std::string user, computer;
+  int process;
+};
+
 /// What the program asks of the operating system. Priorities are requests: a system that refuses them is no error.
 struct Machine {
   virtual ~Machine() = default;
@@ -12,7 +18,11 @@ struct Machine {
   virtual std::string homeFolder() = 0;  ///< the user's own, with the separator behind it, as the host writes paths
   /// Writes a line to standard error, for whoever has started the program from a terminal.
   virtual void tell(const std::string& line) = 0;
+  [[nodiscard]] virtual Identity identity() = 0;
 };
+
+/// The identity of this process, as the operating system tells it.
+[[nodiscard]] Identity hostIdentity();
 
 /// Windows beside the main window. They are opened and closed on the user-interface thread, not modal.
 struct Windows {

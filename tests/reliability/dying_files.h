@@ -33,6 +33,11 @@ class DyingFiles : public platform::Files {
     lengths_[path] = {};
     return std::make_unique<Output>(*this, path, real_.create(path));
   }
+  std::unique_ptr<platform::OutputFile> createNew(const std::string& path) override {
+    step();
+    lengths_[path] = synchronised_[path] = 0;
+    return std::make_unique<Output>(*this, path, real_.createNew(path));
+  }
   std::unique_ptr<platform::OutputFile> openForAppending(const std::string& path) override {
     step();
     if (!lengths_.contains(path)) lengths_[path] = lengthBefore(path);
@@ -52,6 +57,9 @@ class DyingFiles : public platform::Files {
   }
   platform::NameFault nameFault(const std::string& folder, const std::string& name) override {
     return real_.nameFault(folder, name);
+  }
+  platform::LockAttempt lock(const std::string& path, const std::string& note) override {
+    return real_.lock(path, note);
   }
   std::vector<std::string> list(const std::string& folder, const std::string& ending) override {
     return real_.list(folder, ending);

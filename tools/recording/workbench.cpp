@@ -9,6 +9,7 @@
 #include "frame/configuration.h"
 #include "platform/disk/installation.h"
 #include "platform/host_paths.h"
+#include "platform/operation_edge.h"
 #include "recording/host_files.h"
 #include "recording/tool_error.h"
 
@@ -44,6 +45,14 @@ void requireFactors(const std::string& path, const std::string& bytes) {
   }
 }
 
+/// "" where there is no installation; a user without a home has none.
+std::string installedCalibration() {
+  std::string dataFolder;
+  if (!platform::skipOnFault([&] { dataFolder = platform::userDataFolder(); })) return "";
+  const bool installed = std::filesystem::exists(platform::hostPath(dataFolder, programRoot));
+  return installed ? platform::hostPath(dataFolder, calibrationPath) : "";
+}
+
 }  // namespace
 
 platform::Files& ToolFiles::at(const std::string& path) {
@@ -52,10 +61,8 @@ platform::Files& ToolFiles::at(const std::string& path) {
 }
 
 void takeCalibration(AnalysisOptions& options, const std::string& path) {
-  const std::string dataFolder = platform::userDataFolder();
-  const bool installed = std::filesystem::exists(platform::hostPath(dataFolder, programRoot));
   options.factors = platform::defaultFactors();
-  options.factorsFile = path.empty() && installed ? platform::hostPath(dataFolder, calibrationPath) : path;
+  options.factorsFile = path.empty() ? installedCalibration() : path;
   if (options.factorsFile.empty()) return;
   constexpr int most = 1'000'000;
   options.factors = readAll(options.factorsFile, most);

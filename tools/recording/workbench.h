@@ -24,6 +24,9 @@ class ToolFiles : public platform::Files {
   [[nodiscard]] std::unique_ptr<platform::OutputFile> create(const std::string& path) override {
     return at(path).create(path);
   }
+  [[nodiscard]] std::unique_ptr<platform::OutputFile> createNew(const std::string& path) override {
+    return at(path).createNew(path);
+  }
   [[nodiscard]] std::unique_ptr<platform::OutputFile> openForAppending(const std::string& path) override {
     return at(path).openForAppending(path);
   }
@@ -32,6 +35,9 @@ class ToolFiles : public platform::Files {
   void rename(const std::string& from, const std::string& to) override { at(from).rename(from, to); }
   [[nodiscard]] platform::NameFault nameFault(const std::string& folder, const std::string& name) override {
     return at(folder).nameFault(folder, name);
+  }
+  [[nodiscard]] platform::LockAttempt lock(const std::string& path, const std::string& note) override {
+    return at(path).lock(path, note);
   }
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override {
     return at(folder).list(folder, ending);

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <random>
 
+#include "platform/folders.h"
 #include "platform/host_paths.h"
 #include "values/runtime_error.h"
 
@@ -18,7 +19,7 @@ void writeDefaultFile(Files& files, const fs::path& path, const std::string& con
 }
 
 void fillRoot(Files& files, const fs::path& root) {
-  fs::create_directories(root / "DATAFILE");
+  makeFolders((root / "DATAFILE").string());
   writeDefaultFile(files, root / "Instal8s.val", defaultSettings());
   writeDefaultFile(files, root / "Factors.val", defaultFactors());
 }
@@ -41,7 +42,7 @@ void installRootWhenAbsent(Files& files, const std::string& dataFolder) {
   // Under another name first: a root that is there is a whole one, even if this is cut short.
   const fs::path unfinished = root.string() + ".new-" + std::to_string(std::random_device{}());
   try {
-    if (!dataFolder.empty()) fs::create_directories(fs::path(dataFolder) / "ports");
+    if (!dataFolder.empty()) makeFolders(dataFolder + "/ports");
     fillRoot(files, unfinished);
     fs::rename(unfinished, root);
   } catch (const std::exception& cause) {

@@ -23,6 +23,8 @@ struct RecordingMachine : Machine {
   std::string homeFolder() override { return home; }
   std::vector<std::string> told;  ///< the lines for standard error
   void tell(const std::string& line) override { told.push_back(line); }
+  Identity self{"anna", "studio-1", 4711};
+  Identity identity() override { return self; }
 };
 
 /// Remembers what was printed: "empty", "key 1", "print 10 3 190 145".
@@ -53,7 +55,8 @@ struct RecordingWindows : Windows {
 
 /// A machine without a screen: virtual clock, scripted line and answers, files in memory.
 struct HeadlessPlatform {
-  HeadlessPlatform() {
+  /// `disk`: of another machine, which must outlive this one; without it an empty one of its own.
+  explicit HeadlessPlatform(MemoryFiles* disk = nullptr) : files(disk != nullptr ? *disk : ownFiles) {
     time.onStep = [this] { instrument.deliverIfPolled(); };
     dialogs.edge = &edge;
     edge.onFault = [this](const std::exception& fault) { faults.emplace_back(fault.what()); };
@@ -64,7 +67,8 @@ struct HeadlessPlatform {
   VirtualTimer tickTimer{time};
   VirtualTimer pauseTimer{time};
   ScriptedDialogs dialogs;
-  MemoryFiles files;
+  MemoryFiles ownFiles;
+  MemoryFiles& files;
   ScriptedSerialPort serialPort{time};
   ScriptedInstrument instrument{serialPort};
   RecordingMachine machine;

@@ -48,6 +48,30 @@ class MemoryOutput : public OutputFile {
 
 }  // namespace
 
+/// The note is not counted as space taken: where it does not fit, the lock is taken all the same.
+class MemoryFiles::Lock : public FileLock {
+ public:
+  Lock(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path)) { files_.locked_.insert(path_); }
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+  ~Lock() override {
+    files_.locked_.erase(path_);
+    if (!files_.readOnly) files_.content[path_].clear();
+  }
+
+ private:
+  MemoryFiles& files_;
+  std::string path_;
+};
+
+LockAttempt MemoryFiles::lock(const std::string& path, const std::string& note) {
+  if (locked_.contains(path)) return {LockOutcome::held, nullptr, content[path]};
+  if (isGone(path) || (readOnly && !content.contains(path))) return {LockOutcome::notWritable, nullptr, "Sola lettura"};
+  if (!offersLocks) return {LockOutcome::notOffered, nullptr, "Blocchi non disponibili"};
+  if (!readOnly) content[path] = note;
+  return {LockOutcome::taken, std::make_unique<Lock>(*this, path), ""};
+}
+
 std::unique_ptr<InputFile> MemoryFiles::openForReading(const std::string& path) {
   const bool refused = std::find(unreadable.begin(), unreadable.end(), path) != unreadable.end();
   const auto found = content.find(path);
@@ -63,6 +87,11 @@ std::unique_ptr<OutputFile> MemoryFiles::create(const std::string& path) {
   refuseBadName(path);
   content[path].clear();
   return std::make_unique<MemoryOutput>(*this, path);
+}
+
+std::unique_ptr<OutputFile> MemoryFiles::createNew(const std::string& path) {
+  if (exists(path)) throw RuntimeError(Fault::output, "Esiste gia': " + path);
+  return create(path);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::openForAppending(const std::string& path) {

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,28 +17,35 @@ class MemoryFiles : public Files {
   std::map<std::string, std::string> content;                         ///< path -> bytes
   std::int64_t freeSpace = std::numeric_limits<std::int64_t>::max();  ///< bytes that can still be written
   bool readOnly = false;                                              ///< nothing can be created, written or removed
-  std::string goneFolder;                                             ///< nothing in it is there any more; "" = none
-  std::vector<std::string> unreadable;                                ///< paths that exist but cannot be opened
-  std::map<std::string, std::size_t> failingAt;                       ///< path -> byte that cannot be read
+  bool offersLocks = true;
+  std::string goneFolder;                        ///< nothing in it is there any more; "" = none
+  std::vector<std::string> unreadable;           ///< paths that exist but cannot be opened
+  std::map<std::string, std::size_t> failingAt;  ///< path -> byte that cannot be read
 
   std::size_t longestName = 255;     ///< bytes
   std::vector<std::string> devices;  ///< names, in upper case and without ending, that the system keeps for devices
 
   [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<OutputFile> createNew(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
   [[nodiscard]] bool exists(const std::string& path) override { return !isGone(path) && content.contains(path); }
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
   [[nodiscard]] NameFault nameFault(const std::string& folder, const std::string& name) override;
+  [[nodiscard]] LockAttempt lock(const std::string& path, const std::string& note) override;
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
 
  private:
+  class Lock;
+
   [[nodiscard]] bool isGone(const std::string& path) const {
     return !goneFolder.empty() && path.starts_with(goneFolder);
   }
   void refuseIfReadOnly(const std::string& path) const;
   void refuseBadName(const std::string& path);
+
+  std::set<std::string> locked_;
 };
 
 }  // namespace korvinel::platform

@@ -10,7 +10,9 @@
 
 #include "platform/buffered_input.h"
 #include "platform/host_paths.h"
+#include "platform/posix/access_modes.h"
 #include "platform/posix/file_descriptor.h"
+#include "platform/posix/file_lock.h"
 #include "platform/posix/name_rules.h"
 #include "values/code_page.h"
 #include "values/runtime_error.h"
@@ -35,16 +37,12 @@ using Place = DiskFiles::Place;
 
 /// Opens without waiting for the other end of a pipe; gives why it failed, or "".
 std::string openOrdinaryFile(const std::string& path, int how, FileDescriptor& file) {
-  file = FileDescriptor(::open(path.c_str(), how | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666));
+  const mode_t mode = (how & O_CREAT) != 0 ? modeOfNewFile(path) : 0;
+  file = FileDescriptor(::open(path.c_str(), how | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode));
   if (!file.isOpen()) return systemMessage(errno);
   struct stat status {};
   if (fstat(file.get(), &status) != 0) return systemMessage(errno);
   return S_ISREG(status.st_mode) ? "" : "non e' un normale file";
-}
-
-std::string folderOf(const std::string& path) {
-  const std::size_t slash = path.find_last_of('/');
-  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
 class DiskInput : public BufferedInput {
@@ -122,6 +120,10 @@ std::unique_ptr<OutputFile> DiskFiles::openForWriting(const Place& place, int ho
 
 std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path) { return openForWriting(place(path), O_TRUNC); }
 
+std::unique_ptr<OutputFile> DiskFiles::createNew(const std::string& path) {
+  return openForWriting(place(path), O_EXCL | O_NOFOLLOW);
+}
+
 std::unique_ptr<OutputFile> DiskFiles::openForAppending(const std::string& path) {
   return openForWriting(place(path), O_APPEND);
 }
@@ -145,6 +147,10 @@ void DiskFiles::rename(const std::string& from, const std::string& to) {
 
 NameFault DiskFiles::nameFault(const std::string& folder, const std::string& name) {
   return nameFaultIn(place(folder).onDisk, name);
+}
+
+LockAttempt DiskFiles::lock(const std::string& path, const std::string& note) {
+  return lockFile(place(path).onDisk, note);
 }
 
 std::vector<std::string> DiskFiles::list(const std::string& folder, const std::string& ending) {

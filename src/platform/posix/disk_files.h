@@ -4,7 +4,9 @@
 
 namespace korvinel::platform {
 
-/// Files on the disk. What is no ordinary file (a folder, a device, a pipe) can be neither read nor written.
+/// Files on the disk. A new file is for its owner alone where nobody else may enter its folder; elsewhere the user's
+/// mask, the folder's group and its access lists decide, so that a practice can share a folder. What is no ordinary
+/// file (a folder, a device, a pipe) can be neither read nor written.
 class DiskFiles : public Files {
  public:
   /// `dataFolder`: where the program's drive C lies.
@@ -12,12 +14,14 @@ class DiskFiles : public Files {
 
   [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
+  [[nodiscard]] std::unique_ptr<OutputFile> createNew(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
   [[nodiscard]] bool exists(const std::string& path) override;
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
   /// A backslash separates folders, as in the program's own notation.
   [[nodiscard]] NameFault nameFault(const std::string& folder, const std::string& name) override;
+  [[nodiscard]] LockAttempt lock(const std::string& path, const std::string& note) override;
   [[nodiscard]] std::vector<std::string> list(const std::string& folder, const std::string& ending) override;
 
   /// A path in the program's notation, and on this machine's disk.

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "values/runtime_error.h"
+
 namespace korvinel::platform {
 namespace {
 
@@ -14,19 +16,29 @@ std::string driveFolder(const std::string& dataFolder) { return dataFolder + "/d
 
 bool isOnDriveC(std::string_view path) { return path.starts_with("C:\\") || path.starts_with("c:\\"); }
 
+bool isFolder(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 }  // namespace
 
 std::string homeFolder() {
-  if (const char* home = std::getenv("HOME"); home != nullptr && home[0] == '/') return home;
+  if (const char* home = std::getenv("HOME"); home != nullptr && home[0] == '/' && isFolder(home)) return home;
   const passwd* account = getpwuid(getuid());
-  return account != nullptr && account->pw_dir != nullptr ? account->pw_dir : "/tmp";
+  const bool named = account != nullptr && account->pw_dir != nullptr && account->pw_dir[0] == '/';
+  return named && isFolder(account->pw_dir) ? account->pw_dir : "";
 }
 
 std::string userDataFolder() {
   const char* folder = std::getenv("XDG_DATA_HOME");
   // A relative folder is to be ignored, as the base directory rules of the desktop say.
-  const bool named = folder != nullptr && folder[0] == '/';
-  return (named ? std::string(folder) : homeFolder() + "/.local/share") + "/korvinel";
+  if (folder != nullptr && folder[0] == '/') return std::string(folder) + "/korvinel";
+  const std::string home = homeFolder();
+  // Recordings do not belong in a folder that everybody may enter and that is emptied at times.
+  if (home.empty())
+    throw RuntimeError(Fault::output, "L'utente non ha una cartella personale in cui tenere le registrazioni.");
+  return home + "/.local/share/korvinel";
 }
 
 std::string hostPath(const std::string& dataFolder, std::string_view path) {

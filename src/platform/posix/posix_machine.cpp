@@ -1,8 +1,11 @@
 #include "platform/posix/posix_machine.h"
 
+#include <pwd.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 
 #include "platform/host_paths.h"
@@ -34,6 +37,13 @@ void PosixMachine::askForNiceness() const {
   const int wanted = std::clamp(threadSteps_ + classSteps_, 0, mostSteps);
   for (int steps = wanted; steps > 0; --steps)
     if (setpriority(PRIO_PROCESS, 0, -steps) == 0) return;
+}
+
+Identity hostIdentity() {
+  const passwd* account = getpwuid(getuid());
+  std::array<char, 256> computer{};
+  static_cast<void>(gethostname(computer.data(), computer.size() - 1));
+  return {account != nullptr ? account->pw_name : std::to_string(getuid()), computer.data(), getpid()};
 }
 
 }  // namespace korvinel::platform

@@ -12,6 +12,7 @@ class PosixMachine : public Machine {
   void setPriorityClass(int priorityClass) override;
   std::string homeFolder() override;
   void tell(const std::string& line) override;
+  [[nodiscard]] Identity identity() override { return hostIdentity(); }
 
  private:
   void askForNiceness() const;

@@ -5,6 +5,7 @@
 
 #include "platform/buffered_input.h"
 #include "platform/windows/file_handle.h"
+#include "platform/windows/file_lock.h"
 #include "platform/windows/wide_text.h"
 #include "values/code_page.h"
 #include "values/runtime_error.h"
@@ -108,9 +109,10 @@ class DiskOutput : public OutputFile {
 };
 
 /// A reader may look at the file meanwhile; a second writer may not.
-std::unique_ptr<OutputFile> openForWriting(const std::string& path, DWORD access, DWORD disposition) {
+std::unique_ptr<OutputFile> openForWriting(const std::string& path, DWORD access, DWORD disposition,
+                                           DWORD share = FILE_SHARE_READ) {
   FileHandle file;
-  const std::string failure = openOrdinaryFile(path, access, FILE_SHARE_READ, disposition, file);
+  const std::string failure = openOrdinaryFile(path, access, share, disposition, file);
   if (!failure.empty()) failWriting(path, failure);
   return std::make_unique<DiskOutput>(std::move(file), path);
 }
@@ -133,6 +135,11 @@ std::unique_ptr<InputFile> DiskFiles::openForReading(const std::string& path) {
 
 std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path) {
   return openForWriting(path, GENERIC_WRITE, CREATE_ALWAYS);
+}
+
+std::unique_ptr<OutputFile> DiskFiles::createNew(const std::string& path) {
+  // It can be removed while it is being written: by whoever ends the program in the middle of it.
+  return openForWriting(path, GENERIC_WRITE, CREATE_NEW, FILE_SHARE_READ | FILE_SHARE_DELETE);
 }
 
 std::unique_ptr<OutputFile> DiskFiles::openForAppending(const std::string& path) {
@@ -163,6 +170,8 @@ NameFault DiskFiles::nameFault(const std::string& folder, const std::string& nam
   const bool fits = wide.size() <= longestName(place) && place.size() + wide.size() < MAX_PATH;
   return fits ? NameFault::none : NameFault::tooLong;
 }
+
+LockAttempt DiskFiles::lock(const std::string& path, const std::string& note) { return lockFile(path, note); }
 
 std::vector<std::string> DiskFiles::list(const std::string& folder, const std::string& ending) {
   std::vector<std::string> names;

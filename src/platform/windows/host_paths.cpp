@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 
 #include "platform/windows/wide_text.h"
 
@@ -9,7 +10,8 @@ namespace korvinel::platform {
 
 std::string homeFolder() {
   const wchar_t* home = _wgetenv(L"USERPROFILE");
-  return home != nullptr ? utf8FromWide(home) : "C:";
+  std::error_code ignored;
+  return home != nullptr && std::filesystem::is_directory(home, ignored) ? utf8FromWide(home) : "";
 }
 
 std::string userDataFolder() { return ""; }

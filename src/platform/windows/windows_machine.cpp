@@ -2,9 +2,11 @@
 
 #include <windows.h>
 
+#include <array>
 #include <cstdio>
 
 #include "platform/host_paths.h"
+#include "platform/windows/wide_text.h"
 
 namespace korvinel::platform {
 namespace {
@@ -59,6 +61,15 @@ void WindowsScreenPrinter::pressPrintScreen(int scanCode) {
 void WindowsScreenPrinter::printClipboard(double x, double y, double width, double height) {
   if (!pictureArrives(clipboardBefore_)) printer_->pressPrintScreen(scanCode_);
   printer_->printClipboard(x, y, width, height);
+}
+
+Identity hostIdentity() {
+  std::array<wchar_t, 257> user{}, computer{};  // the longest name of a user, and its end
+  auto userSize = static_cast<DWORD>(user.size());
+  auto computerSize = static_cast<DWORD>(computer.size());
+  if (GetUserNameW(user.data(), &userSize) == 0) user[0] = L'\0';
+  if (GetComputerNameW(computer.data(), &computerSize) == 0) computer[0] = L'\0';
+  return {utf8FromWide(user.data()), utf8FromWide(computer.data()), static_cast<int>(GetCurrentProcessId())};
 }
 
 }  // namespace korvinel::platform

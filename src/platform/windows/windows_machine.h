@@ -14,6 +14,7 @@ class WindowsMachine : public Machine {
   void setPriorityClass(int priorityClass) override;
   std::string homeFolder() override;
   void tell(const std::string& line) override;
+  [[nodiscard]] Identity identity() override { return hostIdentity(); }
 };
 
 /// Lets the system itself take the picture of the active window; a printer from elsewhere prints it.

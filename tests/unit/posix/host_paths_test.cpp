@@ -1,31 +1,13 @@
 #include "platform/host_paths.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-
-#include <optional>
 
 #include "platform/posix/posix_machine.h"
 #include "temporary_folder.h"
+#include "unit/posix/environment.h"
 
 namespace korvinel::platform {
 namespace {
-
-/// An environment variable for the time of a test.
-class Environment {
- public:
-  Environment(std::string name, const char* value) : name_(std::move(name)) {
-    if (const char* before = getenv(name_.c_str())) before_ = before;
-    value == nullptr ? unsetenv(name_.c_str()) : setenv(name_.c_str(), value, 1);
-  }
-  Environment(const Environment&) = delete;
-  Environment& operator=(const Environment&) = delete;
-  ~Environment() { before_ ? setenv(name_.c_str(), before_->c_str(), 1) : unsetenv(name_.c_str()); }
-
- private:
-  std::string name_;
-  std::optional<std::string> before_;
-};
 
 TEST(ProgramsDataFolder, LiesInTheUsersDataFolder) {
   const Environment data("XDG_DATA_HOME", "/data");
@@ -33,12 +15,13 @@ TEST(ProgramsDataFolder, LiesInTheUsersDataFolder) {
 }
 
 TEST(ProgramsDataFolder, IsTheConventionalOneWhereNoneIsNamed) {
-  const Environment home("HOME", "/home/rossi");
-  EXPECT_EQ(homeFolder(), "/home/rossi");
-  EXPECT_EQ(PosixMachine().homeFolder(), "/home/rossi/");
+  const TemporaryFolder rossi;
+  const Environment home("HOME", rossi.path().c_str());
+  EXPECT_EQ(homeFolder(), rossi.path());
+  EXPECT_EQ(PosixMachine().homeFolder(), rossi / "");
   for (const char* unusable : {static_cast<const char*>(nullptr), "", "relative/folder"}) {
     const Environment data("XDG_DATA_HOME", unusable);
-    EXPECT_EQ(userDataFolder(), "/home/rossi/.local/share/korvinel");
+    EXPECT_EQ(userDataFolder(), rossi / ".local/share/korvinel");
   }
 }
 
