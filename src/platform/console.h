@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,5 +28,9 @@ class Console {
 
 /// Whether standard error is a terminal, with somebody before it.
 [[nodiscard]] bool errorsAreWatched();
+
+/// From now on, calls `act` in a thread of its own when the program is interrupted (Ctrl+C, the terminal closed,
+/// SIGTERM), and then lets it end as the system would have. To be called before another thread is started.
+void whenInterrupted(std::function<void()> act);
 
 }  // namespace korvinel::platform

@@ -130,6 +130,20 @@ TEST_F(Batch, ASubjectThatLooksLikeAFormulaIsAText) {
   EXPECT_NE(table.find("r10.QVD,'=cmd|'/c calc'!A1,"), std::string::npos) << table.substr(0, 2000);
 }
 
+TEST_F(Batch, FollowsNoLinkInThePlaceOfItsUnfinishedRows) {
+  BatchOptions options;
+  options.output = table_;
+  options.force = true;
+  writeFile(folder_ / "precious", "content");
+  for (const char* target : {"precious", "nowhere"}) {
+    std::filesystem::remove(table_ + ".part");
+    std::filesystem::create_symlink(folder_ / target, table_ + ".part");
+    EXPECT_NE(errorOf([&] { BatchJournal{options}; }), "") << target;
+  }
+  EXPECT_EQ(bytesOf(folder_ / "precious"), "content");
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "nowhere"));
+}
+
 TEST_F(Batch, FindsRecordingsInNestedFoldersInNameOrderOnce) {
   std::filesystem::create_directories((folder_ / "shelf/a/b"));
   writeFile((folder_ / "shelf/a/b/x.qvd"), "");

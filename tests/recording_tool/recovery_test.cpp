@@ -141,5 +141,36 @@ TEST(Recovery, RefusesToReplaceWhatItReads) {
   EXPECT_TRUE(bytesOf(notes) == sideFile());
 }
 
+TEST(Recovery, LeavesAFileAloneThatIsBeingRecordedInto) {
+  const TemporaryFolder folder;
+  const std::string live = writeFile(folder / "Tempor1.XXX", temporaryFile(2));
+  const std::string aside = writeFile(folder / "Tempor1 2026-11-21 10.00.00.XXX", temporaryFile(2));
+  {
+    const auto recording = platform::hostFiles("")->lock(folder / "Korvinel.lock", "utente anna,\rdalle 10:00");
+    const std::string error = errorOf([&] { (void)recover(live, "", folder / "a.QVD", false); });
+    EXPECT_NE(error.find("is being recorded into, and is left alone: utente anna, dalle 10:00"), std::string::npos)
+        << error;
+    EXPECT_FALSE(std::filesystem::exists(folder / "a.QVD"));
+    EXPECT_EQ(errorOf([&] { (void)recover(aside, "", folder / "b.QVD", false); }), "");
+  }
+  EXPECT_EQ(errorOf([&] { (void)recover(live, "", folder / "a.QVD", false); }), "");
+}
+
+TEST(Recovery, SeesARecordingThroughALinkToItsFile) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder / "data");
+  writeFile(folder / "data/Tempor1.XXX", temporaryFile(2));
+  std::filesystem::create_symlink(folder / "data/Tempor1.XXX", folder / "link");
+  const auto recording = platform::hostFiles("")->lock(folder / "data/Korvinel.lock", "anna");
+  EXPECT_NE(errorOf([&] { (void)recover(folder / "link", "", folder / "a.QVD", false); }), "");
+}
+
+TEST(Recovery, LeavesNoLockFileWhereNobodyRecords) {
+  const TemporaryFolder folder;
+  const std::string temporary = writeFile(folder / "Tempor1.XXX", temporaryFile(2));
+  (void)recover(temporary, "", folder / "a.QVD", false);
+  EXPECT_EQ(entriesIn(folder.path()), 2);
+}
+
 }  // namespace
 }  // namespace korvinel::tool

@@ -73,15 +73,19 @@ bool isJournal(const std::string& path) {
 BatchJournal::BatchJournal(const BatchOptions& options) : path_(absolutePath(options.output + ".part")) {
   const std::string signature = signatureOf(options.analysis);
   const bool exists = fs::exists(pathOf(path_));
+  // Rows would be written to, or read from, a place that whoever made the link has chosen.
+  if (fs::is_symlink(pathOf(path_))) throw ToolError(options.output + ".part", "is a link, and is left alone");
   if (exists && !options.resume && !options.force)
     throw ToolError(options.output + ".part",
                     "is left of an interrupted run; --resume continues it, --force begins anew");
   if (exists && !isJournal(path_)) throw ToolError(options.output + ".part", "is not left of an interrupted run");
   const auto disk = platform::hostFiles("");
-  if (exists && options.resume)
+  if (exists && options.resume) {
     readRows(signature);
-  else
-    disk->create(path_)->write(signature);
+  } else {
+    fs::remove(pathOf(path_));
+    disk->createNew(path_)->write(signature);
+  }
   file_ = disk->openForAppending(path_);
 }
 

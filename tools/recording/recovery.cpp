@@ -5,6 +5,7 @@
 #include "recording/channel_record.h"
 #include "recording/host_files.h"
 #include "recording/record_line.h"
+#include "recording/recording_guard.h"
 #include "recording/safe_output.h"
 #include "recording/side_file.h"
 #include "recording/temporary_reader.h"
@@ -133,6 +134,7 @@ std::vector<std::string> recover(const std::string& temporaryFile, const std::st
   requireWritable(output, temporaryFile, force);
   // The notes beside it are read even where nobody has named them.
   requireWritable(output, notes.empty() ? sidePathOf(temporaryFile) : notes, force);
+  const auto guard = holdAgainstRecording(temporaryFile);
   return Recovering(temporaryFile).run(notes, output, force);
 }
 

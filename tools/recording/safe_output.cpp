@@ -45,16 +45,15 @@ void writing(const std::string& path, Step&& step) {
 
 }  // namespace
 
-SafeOutput::SafeOutput(std::string path, bool force)
-    : path_(std::move(path)), temporaryPath_(pathBeside(path_)), force_(force) {
+SafeOutput::SafeOutput(std::string path, bool force) : path_(std::move(path)), force_(force) {
   refuseExisting(path_, force_);
-  writing(path_, [&] { file_ = disk()->create(temporaryPath_); });
+  const std::string beside = pathBeside(path_);
+  writing(path_,
+          [&] { unfinished_ = std::make_unique<UnfinishedFile>(beside, [&] { file_ = disk()->createNew(beside); }); });
 }
 
 SafeOutput::~SafeOutput() {
-  file_.reset();
-  std::error_code ignored;
-  fs::remove(pathOf(temporaryPath_), ignored);
+  file_.reset();  // before it is removed
 }
 
 void SafeOutput::write(std::string_view bytes) {
@@ -63,14 +62,14 @@ void SafeOutput::write(std::string_view bytes) {
 
 void SafeOutput::commit() {
   writing(path_, [&] {
-    // Opened anew: a library may have put another file in the place of the one that was created.
-    file_.reset();
-    file_ = disk()->openForAppending(temporaryPath_);
+    const std::string& written = temporaryPath();
+    // A library that wrote it may have put another file in the place of the one that was created.
+    if (!file_) beforeInterruption([&] { file_ = disk()->openForAppending(written); });
     file_->synchronise();
     file_.reset();
-    if (!force_) return disk()->rename(temporaryPath_, absolutePath(path_));
+    if (!force_) return disk()->rename(written, absolutePath(path_));
     std::error_code error;
-    fs::rename(pathOf(temporaryPath_), pathOf(absolutePath(path_)), error);
+    fs::rename(pathOf(written), pathOf(absolutePath(path_)), error);
     if (error) throw RuntimeError(Fault::output, error.message());
   });
 }

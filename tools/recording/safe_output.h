@@ -6,11 +6,12 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "recording/unfinished_file.h"
 
 namespace korvinel::tool {
 
 /// A file that appears under its name only when it is whole: it is written beside it, put on the disk, and renamed.
-/// Without commit() nothing is left of it.
+/// Without commit(), and where the program is interrupted, nothing is left of it.
 class SafeOutput {
  public:
   /// ToolError where a file of this name exists, unless `force` lets it be replaced.
@@ -21,7 +22,7 @@ class SafeOutput {
 
   [[nodiscard]] const std::string& path() const { return path_; }
   /// Where the file is written meanwhile.
-  [[nodiscard]] const std::string& temporaryPath() const { return temporaryPath_; }
+  [[nodiscard]] const std::string& temporaryPath() const { return unfinished_->path(); }
   /// Closes the file, for libraries that open it themselves: some systems let nobody write to a file that is open.
   void handOver() { file_.reset(); }
 
@@ -29,8 +30,9 @@ class SafeOutput {
   void commit();                       ///< ToolError where the file cannot be put on the disk or renamed
 
  private:
-  std::string path_, temporaryPath_;
+  std::string path_;
   bool force_;
+  std::unique_ptr<UnfinishedFile> unfinished_;
   std::unique_ptr<platform::OutputFile> file_;
 };
 

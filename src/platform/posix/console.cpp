@@ -2,7 +2,34 @@
 
 #include <unistd.h>
 
+#include <csignal>
+#include <thread>
+
 namespace korvinel::platform {
+namespace {
+
+/// Those that end the program; one that is ignored, as under nohup, stays so.
+sigset_t interruptions() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction action {};
+    sigaction(signal, nullptr, &action);
+    if (action.sa_handler != SIG_IGN) sigaddset(&signals, signal);
+  }
+  return signals;
+}
+
+void waitForInterruption(const sigset_t& signals, const std::function<void()>& act) {
+  int signal = 0;
+  if (sigwait(&signals, &signal) != 0) return;
+  act();
+  std::signal(signal, SIG_DFL);
+  pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+  raise(signal);
+}
+
+}  // namespace
 
 // Nothing changes bytes here, and what a terminal makes of them is its own affair.
 struct Console::Streams {};
@@ -14,5 +41,11 @@ std::vector<std::string> commandLineWords(int count, const char* const* argument
 }
 
 bool errorsAreWatched() { return isatty(STDERR_FILENO) == 1; }
+
+void whenInterrupted(std::function<void()> act) {
+  const sigset_t signals = interruptions();
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);  // in every thread, so that the one that waits gets them
+  std::thread([signals, act = std::move(act)] { waitForInterruption(signals, act); }).detach();
+}
 
 }  // namespace korvinel::platform

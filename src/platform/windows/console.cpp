@@ -95,4 +95,15 @@ std::vector<std::string> commandLineWords(int, const char* const*) {
 
 bool errorsAreWatched() { return isTerminal(GetStdHandle(STD_ERROR_HANDLE)); }
 
+void whenInterrupted(std::function<void()> act) {
+  static auto& toDo = *new std::function<void()>;  // outlives all that is destroyed on the way out
+  toDo = std::move(act);
+  SetConsoleCtrlHandler(
+      [](DWORD) -> BOOL {
+        toDo();
+        return FALSE;  // the system ends the program
+      },
+      TRUE);
+}
+
 }  // namespace korvinel::platform

@@ -1,0 +1,66 @@
+#include "recording/unfinished_file.h"
+
+#include "platform/console.h"
+#include "recording/safe_output.h"
+#include "tool_files.h"
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#endif
+
+namespace korvinel::tool {
+namespace {
+
+TEST(SafeOutput, LeavesNothingBehindUnlessItIsCommitted) {
+  const TemporaryFolder folder;
+  {
+    SafeOutput output(folder / "a", false);
+    output.write("half");
+    EXPECT_EQ(entriesIn(folder.path()), 1);
+  }
+  EXPECT_EQ(entriesIn(folder.path()), 0);
+}
+
+TEST(SafeOutput, CommitsWhatALibraryHasWrittenInItsPlace) {
+  const TemporaryFolder folder;
+  SafeOutput output(folder / "a", false);
+  output.handOver();
+  std::filesystem::remove(output.temporaryPath());
+  writeFile(output.temporaryPath(), "whole");
+  output.commit();
+  EXPECT_EQ(bytesOf(folder / "a"), "whole");
+  EXPECT_EQ(entriesIn(folder.path()), 1);
+}
+
+#ifndef _WIN32
+/// Writes half a file in a process of its own and sends it a signal then; gives what the process ended by.
+int signalThatEnded(int signal, const std::string& path) {
+  const pid_t child = fork();
+  if (child == 0) {
+    platform::whenInterrupted(removeUnfinishedFiles);
+    SafeOutput output(path, true);
+    output.write("half");
+    kill(getpid(), signal);
+    for (;;) pause();
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+}
+
+TEST(SafeOutput, LeavesNothingBehindWhereASignalEndsTheProgram) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const TemporaryFolder folder;
+    writeFile(folder / "a", "before");
+    EXPECT_EQ(signalThatEnded(signal, folder / "a"), signal);
+    EXPECT_EQ(entriesIn(folder.path()), 1) << signal;
+    EXPECT_EQ(bytesOf(folder / "a"), "before");
+  }
+}
+#endif
+
+}  // namespace
+}  // namespace korvinel::tool
