@@ -8,10 +8,12 @@
 /// The one place that says which system the program is built for.
 #ifdef _WIN32
 #include "platform/windows/disk_files.h"
+#include "platform/windows/end_signals.h"
 #include "platform/windows/serial_line.h"
 #include "platform/windows/windows_machine.h"
 #else
 #include "platform/posix/disk_files.h"
+#include "platform/posix/end_signals.h"
 #include "platform/posix/posix_machine.h"
 #include "platform/posix/serial_line.h"
 #endif

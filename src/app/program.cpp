@@ -15,7 +15,16 @@ Program::Program(std::string dataFolder)
       paths_{[this](const std::string& path) { return platform::hostPath(dataFolder_, path); },
              [this](const std::string& path) { return platform::programPath(dataFolder_, path); }},
       serialPort_([this](int portNumber) { return platform::serialDevice(dataFolder_, portNumber); }),
-      view_(window_, [this] { return mayClose(); }) {
+      view_(window_, [this] { return mayClose(); }),
+      suddenEnd_(signals_.descriptor(), {[this] {
+                                           endAtOnce();
+                                           platform::EndSignals::endSoon();
+                                         },
+                                         [this] { endAtOnce(); },
+                                         [this] {
+                                           displayIsThere_ = false;
+                                           endAtOnce();
+                                         }}) {
   edge_.onFault = [this](const std::exception& fault) { tell(fault); };
   edge_.onEnd = [this] { end(); };
   tieControls(state_, edge_);
@@ -40,9 +49,18 @@ bool Program::mayClose() {
 
 /// Leaves every event loop, also those of open dialogs; the operations that wait in them unwind.
 void Program::end() {
+  if (!displayIsThere_) return;
   windows_.hideAll();
   view_.hide();
   QApplication::exit(0);
+}
+
+/// Nothing is asked any more, not even in a box that is open already about a recording that could not be saved.
+void Program::endAtOnce() {
+  state_.nobodyToAsk = 1;
+  if (!edge_.ended()) return edge_.run([this] { state_.endWithoutAsking(); });
+  edge_.beforeEnd();
+  if (displayIsThere_) QApplication::exit(0);
 }
 
 void Program::tell(const std::exception& fault) {

@@ -9,6 +9,7 @@
 #include "platform/operation_edge.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_timing.h"
+#include "platform/qt/sudden_end.h"
 
 namespace korvinel {
 
@@ -24,6 +25,7 @@ class Program {
  private:
   bool mayClose();
   void end();
+  void endAtOnce();
   void tell(const std::exception& fault);
 
   std::string dataFolder_;
@@ -44,6 +46,9 @@ class Program {
   MainWindow window_;
   MainState state_{window_, shared_, platform_};
   MainWindowView view_;
+  bool displayIsThere_ = true;
+  platform::EndSignals signals_;
+  platform::SuddenEnd suddenEnd_;
 };
 
 }  // namespace korvinel

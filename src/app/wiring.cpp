@@ -1,5 +1,6 @@
 #include "app/wiring.h"
 
+#include "platform/serial_port.h"
 #include "platform/timing.h"
 #include "recording/conclusion.h"
 
@@ -10,6 +11,13 @@ using Operation = void (MainState::*)();
 
 std::function<void()> behindEdge(MainState& state, platform::OperationEdge& edge, Operation operation) {
   return [&state, &edge, operation] { edge.run([&] { (state.*operation)(); }); };
+}
+
+/// The stream is stopped where the turn that would do it does not come any more.
+void stopStream(MainState& state) {
+  const bool turnIsLeftOut = state.host.tickTimer.enabled() || state.host.pauseTimer.enabled();
+  const bool streams = turnIsLeftOut || (state.nobodyToAsk == 1 && state.acquisitionPending());
+  if (streams && state.host.serialPort.isOpen()) state.sendStopCommand();
 }
 
 }  // namespace
@@ -37,7 +45,10 @@ void tieControls(MainState& state, platform::OperationEdge& edge) {
   };
   window.stripPointer = {onStrip(&MainState::stripPressed), onStrip(&MainState::stripMoved),
                          onStrip(&MainState::stripReleased)};
-  edge.beforeEnd = [&state] { bringRecordingHome(state); };
+  edge.beforeEnd = [&state] {
+    bringRecordingHome(state);
+    stopStream(state);
+  };
   state.host.tickTimer.onElapsed = on(&MainState::acquisitionTick);
   state.host.pauseTimer.onElapsed = on(&MainState::pauseElapsed);
 }

@@ -43,10 +43,8 @@ bool startIsAllowed(MainState& state) {
 
 /// While it asks, the start counts as under way: nothing else may begin in between.
 bool folderIsReserved(MainState& state) {
-  state.linkPending = 1;
-  const bool reserved = state.reserveDataFolder();
-  state.linkPending = 0;
-  return reserved;
+  const HeldFlag pending(state.linkPending);
+  return state.reserveDataFolder();
 }
 
 void showEndOfRecording(MainState& state) {
