@@ -15,14 +15,14 @@ namespace korvinel::platform {
 namespace {
 
 TEST(SuddenEndOfTheWindow, ASignalIsTakenUpOnceWhileABoxIsOpen) {
-  const EndSignals signals;
+  const EndSignals endSignals;
   int taken = 0;
   QMessageBox box;
-  const SuddenEnd end(signals.descriptor(), {[&] {
-                                               ++taken;
-                                               QTimer::singleShot(0, &box, &QDialog::reject);
-                                             },
-                                             [] {}, [] {}});
+  const SuddenEnd end(endSignals.descriptor(), {[&] {
+                                                  ++taken;
+                                                  QTimer::singleShot(0, &box, &QDialog::reject);
+                                                },
+                                                [] {}, [] {}});
   QTimer::singleShot(0, [] {
     raise(SIGTERM);
     raise(SIGHUP);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <sys/resource.h>
 
+#include "platform/files.h"
 #include "recording/side_file_line.h"
 #include "recordings.h"
 #include "tool_files.h"
