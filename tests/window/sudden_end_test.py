@@ -75,9 +75,12 @@ def end_by(recording, act):
     return code, time.monotonic() - before
 
 
+def setUpModule():
+    SuddenEnd.desktop = unittest.enterModuleContext(driver.Desktop('1366x768'))  # a process knows one accessibility bus
+
+
 class SuddenEnd(unittest.TestCase):
-    def setUp(self):
-        self.desktop = self.enterContext(driver.Desktop('1366x768'))
+    desktop = None
 
     def recordings(self, *names):
         all_of_them = [Recording(self.desktop, name) for name in names]
@@ -85,7 +88,7 @@ class SuddenEnd(unittest.TestCase):
             each.record()
         return all_of_them
 
-    def test_signals_and_a_second_program_on_the_folder(self):
+    def test_a_signals_and_a_second_program_on_the_folder(self):
         plain, boxed, noted = self.recordings('plain', 'boxed', 'noted')
         noted.note()
         self.check_that_a_second_one_is_refused(plain)
@@ -112,7 +115,8 @@ class SuddenEnd(unittest.TestCase):
         self.assertEqual(second.wait_for_end(), 0)
         self.assertEqual(os.stat(first.folder).st_mode & 0o777, 0o700)
 
-    def test_the_screen_goes_away(self):
+    def test_z_the_screen_goes_away(self):
+        """The last test, for it takes the desktop away."""
         plain, boxed = self.recordings('plain', 'boxed')
         boxed.program.press('Artefatti')
         driver.wait(boxed.program.boxes, what='the box')
