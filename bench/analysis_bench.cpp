@@ -5,7 +5,6 @@
 #include <array>
 #include <complex>
 
-#include "analysis/channel_pairs.h"
 #include "analysis/correlation.h"
 #include "analysis/lane_transform.h"
 #include "analysis/ocular_screen.h"
@@ -13,6 +12,7 @@
 #include "analysis/plain_transform.h"
 #include "analysis/spectrum.h"
 #include "analysis/transform.h"
+#include "eeg/montage.h"
 #include "headless_program.h"
 #include "signals.h"
 
@@ -199,8 +199,8 @@ void coherencePlainly(benchmark::State& bench) {
     return Fixed::nearest(phaseAngle(state.spectrumIm[channel][i].toDouble(), state.spectrumRe[channel][i].toDouble()));
   };
   for (auto iteration : bench) {
-    for (int pair = 1; pair <= pairCount; ++pair) {
-      const auto [first, second] = channelsOfPair(pair);
+    for (int pair = 1; pair <= eeg::pairCount; ++pair) {
+      const auto [first, second] = eeg::channelsOfPair(pair);
       float* mean = state.meanCoherence[pair].data();
       for (int i = 1; i <= keptIndexes; ++i)
         mean[i] = runningMean(mean[i], phaseCoherence(phase(first, i), phase(second, i)), 1);

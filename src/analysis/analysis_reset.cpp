@@ -1,10 +1,10 @@
-#include "analysis/channel_pairs.h"
+#include "eeg/block.h"
+#include "eeg/montage.h"
 #include "frame/main_state.h"
 
 namespace korvinel {
 namespace {
 
-constexpr int blocksOfAnExamination = 200;
 constexpr int lastClearedCoherence = 70;  // the indexes above keep their values until the next first block
 constexpr int noteCapacity = 60;
 
@@ -15,7 +15,7 @@ void clearFromOne(Bounded<float, last>& values) {
 
 void clearMeans(MainState& state) {
   for (int channel = 1; channel <= 4; ++channel) clearFromOne(state.runningMeanSpectrum[channel]);
-  for (int pair = 1; pair <= pairCount; ++pair)
+  for (int pair = 1; pair <= eeg::pairCount; ++pair)
     for (int i = 1; i <= lastClearedCoherence; ++i) state.meanCoherence[pair][i] = 0;
 }
 
@@ -27,7 +27,7 @@ void clearNotes(MainState& state) {
 }
 
 void clearHistories(ProgramValues& shared) {
-  for (int block = 1; block <= blocksOfAnExamination; ++block)
+  for (int block = 1; block <= eeg::blockLimit; ++block)
     for (int row = 1; row <= 4; ++row) {
       shared.coherenceHistory[row][block] = 0;
       clearFromOne(shared.spectrumHistory[block][row]);

@@ -1,14 +1,29 @@
+#include <array>
 #include <string>
 
 #include "analysis/spectrum.h"
+#include "eeg/bands.h"
+#include "eeg/montage.h"
 #include "frame/main_state.h"
 #include "values/number_text.h"
 
 namespace korvinel {
 namespace {
 
-float peakOf(const Bounded<float, 130>& amplitude, IndexRange band) {
-  return static_cast<float>(floorToTenth(largestAmplitude(amplitude.data(), band)).toDouble());
+/// A line of the panel: the band and the record's field with its peaks.
+struct PanelRow {
+  const eeg::Band& band;
+  Bounded<float, 4> MainState::*peak;
+};
+
+constexpr std::array<PanelRow, 4> rows = {{{eeg::delta, &MainState::deltaPeak},
+                                           {eeg::theta, &MainState::thetaPeak},
+                                           {eeg::alpha, &MainState::alfaPeak},
+                                           {eeg::beta, &MainState::betaPeak}}};
+constexpr int lineDistance = 15;
+
+float peakOf(const Bounded<float, 130>& amplitude, eeg::IndexRange range) {
+  return static_cast<float>(floorToTenth(largestAmplitude(amplitude.data(), range)).toDouble());
 }
 
 void printLine(platform::Surface& panel, double y, const std::string& text) {
@@ -17,27 +32,19 @@ void printLine(platform::Surface& panel, double y, const std::string& text) {
 }
 
 void printPanel(MainState& state, platform::Surface& panel, int channel) {
-  const auto line = [&](double y, const char* band, const Bounded<float, 4>& peaks) {
-    printLine(panel, y, band + shortestDecimal(peaks[channel]) + "uV");
-  };
+  int y = lineDistance;
   panel.clear();
-  printLine(panel, 15, "Valori numerici max");
-  line(30, "Delta=", state.deltaPeak);
-  line(45, "Theta=", state.thetaPeak);
-  line(60, "Alfa=", state.alfaPeak);
-  line(75, "Beta=", state.betaPeak);
+  printLine(panel, y, "Valori numerici max");
+  for (const PanelRow& row : rows)
+    printLine(panel, y += lineDistance,
+              row.band.nameInWindow + ("=" + shortestDecimal((state.*row.peak)[channel])) + "uV");
 }
 
 }  // namespace
 
 void MainState::showBandPeaks() {
-  for (int channel = 1; channel <= 4; ++channel) {
-    const auto& amplitude = amplitudeSpectrum[channel];
-    deltaPeak[channel] = peakOf(amplitude, deltaBand);
-    thetaPeak[channel] = peakOf(amplitude, thetaBand);
-    alfaPeak[channel] = peakOf(amplitude, alfaBand);
-    betaPeak[channel] = peakOf(amplitude, betaBand);
-  }
+  for (int channel = 1; channel <= eeg::channelCount; ++channel)
+    for (const PanelRow& row : rows) (this->*row.peak)[channel] = peakOf(amplitudeSpectrum[channel], row.band.indexes);
   const int firstChannel = channelPair == 1 ? 1 : channelPair == 2 ? 3 : 0;
   printPanel(*this, window.firstNumbers, firstChannel);
   printPanel(*this, window.secondNumbers, firstChannel == 0 ? 0 : firstChannel + 1);

@@ -1,14 +1,15 @@
 #include <cmath>
 
-#include "analysis/channel_pairs.h"
 #include "analysis/correlation.h"
+#include "eeg/block.h"
+#include "eeg/montage.h"
 #include "frame/main_state.h"
 #include "frame/synchrony_trend.h"
 
 namespace korvinel {
 namespace {
 
-constexpr int sampleCount = 256;
+constexpr int sampleCount = eeg::samplesPerBlock;
 
 float meanOf(const float* samples) {
   float sum = 0;
@@ -48,8 +49,8 @@ float correlationPercent(const float* x, const float* y) {
 
 void MainState::computeBlockCorrelation() {
   if (blockCount == 0) return;
-  for (int pair = 1; pair <= pairCount; ++pair) {
-    const auto [first, second] = channelsOfPair(pair);
+  for (int pair = 1; pair <= eeg::pairCount; ++pair) {
+    const auto [first, second] = eeg::channelsOfPair(pair);
     shared.coherenceHistory[pair][blockCount] =
         correlationPercent(sampleBlock[first].data(), sampleBlock[second].data());
   }

@@ -1,6 +1,6 @@
-#include "analysis/channel_pairs.h"
 #include "analysis/phase.h"
 #include "analysis/spectrum.h"
+#include "eeg/montage.h"
 #include "frame/main_state.h"
 #include "frame/synchrony_trend.h"
 #include "values/number_text.h"
@@ -45,8 +45,8 @@ void MainState::computeCoherence() {
   Bounded<Phases, 4> phases;
   for (int channel = 1; channel <= 4; ++channel)
     phasesOf(spectrumRe[channel].data(), spectrumIm[channel].data(), phases[channel].data());
-  for (int pair = 1; pair <= pairCount; ++pair) {
-    const auto [first, second] = channelsOfPair(pair);
+  for (int pair = 1; pair <= eeg::pairCount; ++pair) {
+    const auto [first, second] = eeg::channelsOfPair(pair);
     keepCoherence(*this, pair, phases[first], phases[second]);
   }
 }
@@ -55,7 +55,7 @@ void MainState::summariseSynchrony() {
   Surface& strip = window.Picture6;
   strip.clear();
   drawTrendScale(strip);
-  for (int pair = 1; pair <= pairCount; ++pair)
+  for (int pair = 1; pair <= eeg::pairCount; ++pair)
     syncAverage[pair] = averageCorrelation(shared.coherenceHistory[pair], shared.fileBlockCount);
   drawTrend(strip, shared.coherenceHistory[channelPair], shared.fileBlockCount);
   printAverage(*this);

@@ -1,4 +1,5 @@
 #include "analysis/transform.h"
+#include "eeg/block.h"
 #include "frame/main_state.h"
 
 namespace korvinel {
@@ -6,7 +7,7 @@ namespace {
 
 constexpr int firstCutIndex = 80;  // 39.5 Hz
 constexpr double gain = 1.06;
-constexpr double midLevel = 128.0;
+constexpr double midLevel = eeg::midLevel;
 
 /// Indexes 80..176. Not mirror-symmetric: one component more survives on the negative side.
 void cutHighFrequencies(MainState& state) {

@@ -2,13 +2,14 @@
 #include <cstddef>
 
 #include "analysis/ocular_screen.h"
+#include "eeg/block.h"
 #include "frame/main_state.h"
 
 namespace korvinel {
 namespace {
 
-constexpr int sampleCount = 256;
-constexpr int midLevel = 128;
+using eeg::midLevel;
+constexpr int sampleCount = eeg::samplesPerBlock;
 
 struct SamplePair {
   Fixed first, second;

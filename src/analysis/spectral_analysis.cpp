@@ -43,7 +43,7 @@ void MainState::analyseBlockSpectra() {
   }
   for (int channel = 1; channel <= 4; ++channel) keepAmplitudes(*this, channel);
   for (int channel = 1; channel <= 4; ++channel)
-    mainsDisturbance[channel] = largestAmplitude(amplitudeSpectrum[channel].data(), mainsRange);
+    mainsDisturbance[channel] = largestAmplitude(amplitudeSpectrum[channel].data(), eeg::mainsRange);
 }
 
 void MainState::computeComplexSpectra() {

@@ -40,7 +40,7 @@ void renewMeans(float* mean, const float* values, int count) {
   for (int i = 1; i <= keptIndexes; ++i) mean[i] = meanWith(mean[i], values[i], count);
 }
 
-Fixed largestAmplitude(const float* spectrum, IndexRange range) {
+Fixed largestAmplitude(const float* spectrum, eeg::IndexRange range) {
   Fixed largest;
   for (int i = range.first; i <= range.last; ++i)
     if (static_cast<double>(spectrum[i]) > largest.toDouble())

@@ -1,19 +1,9 @@
 #pragma once
 
+#include "eeg/spectrum.h"
 #include "values/fixed.h"
 
 namespace korvinel {
-
-/// A range of spectrum indexes, both ends included; two indexes a hertz, index 1 stands for 0 Hz.
-struct IndexRange {
-  int first, last;
-};
-
-constexpr IndexRange deltaBand{1, 7};       ///< 0..3 Hz
-constexpr IndexRange thetaBand{8, 16};      ///< 3.5..7.5 Hz
-constexpr IndexRange alfaBand{17, 26};      ///< 8..12.5 Hz
-constexpr IndexRange betaBand{27, 64};      ///< 13..31.5 Hz
-constexpr IndexRange mainsRange{100, 114};  ///< 49.5..56.5 Hz, where the mains disturbance shows
 
 /// Mean absolute deviation of 256 samples about their mean, both rounded to four decimals. `samples`: indexes 1..256.
 [[nodiscard]] Fixed meanDeviation(const Fixed* samples);
@@ -31,6 +21,6 @@ void scaleAmplitudes(Fixed deviation, const Fixed* shape, const float* calibrati
 void renewMeans(float* mean, const float* values, int count);
 
 /// The largest amplitude within the range, 0 when none lies above 0. `spectrum`: indexed by spectrum index.
-[[nodiscard]] Fixed largestAmplitude(const float* spectrum, IndexRange range);
+[[nodiscard]] Fixed largestAmplitude(const float* spectrum, eeg::IndexRange range);
 
 }  // namespace korvinel

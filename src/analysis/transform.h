@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "eeg/spectrum.h"
 #include "values/fixed.h"
 
 namespace korvinel {
@@ -9,8 +10,8 @@ namespace korvinel {
 /// The 256-point transform of one channel, on arrays counted from 1: index i holds i - 1 cycles a block. Every value is
 /// rounded to four decimals at every butterfly, so results depend on the order of the arithmetic.
 
-constexpr int transformLength = 256;
-constexpr int keptIndexes = transformLength / 2;  ///< a spectrum keeps indexes 1..128
+constexpr int transformLength = eeg::samplesPerBlock;
+using eeg::keptIndexes;  ///< a spectrum keeps indexes 1..128
 constexpr int transformStages = 8;
 
 struct ComplexFactor {

@@ -2,6 +2,8 @@
 #include <cmath>
 
 #include "device/baseline.h"
+#include "eeg/block.h"
+#include "eeg/montage.h"
 #include "frame/held_flag.h"
 #include "frame/main_state.h"
 #include "platform/operation_edge.h"
@@ -13,7 +15,6 @@ namespace {
 using platform::Colour;
 using platform::skipOnFault;
 
-constexpr int blockLimit = 200;
 constexpr double turnBudgetMs = 870;
 
 void finish(MainState& state) {
@@ -56,7 +57,7 @@ void handleAcceptedBlock(MainState& state) {
 void runTurn(MainState& state) {
   state.host.tickTimer.setEnabled(false);
   if (state.artefactFlag == 0) state.blockCount += 1;
-  if (state.blockCount >= blockLimit) {
+  if (state.blockCount >= eeg::blockLimit) {
     state.host.pauseTimer.setEnabled(false);
     state.stopRequested = 1;
     return finish(state);
@@ -82,7 +83,7 @@ struct TracePair {
 };
 
 TracePair tracePair(MainState& state) {
-  return {state.window.firstTrace, state.window.secondTrace, state.channelPair == 2 ? 3 : 1};
+  return {state.window.firstTrace, state.window.secondTrace, eeg::firstChannelShown(state.channelPair)};
 }
 
 }  // namespace

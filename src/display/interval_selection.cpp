@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "eeg/block.h"
 #include "frame/main_state.h"
 
 namespace korvinel {
@@ -7,7 +8,7 @@ namespace {
 
 using platform::Colour;
 
-constexpr int unitsPerBlock = 3;
+constexpr int unitsPerBlock = eeg::secondsPerBlock;
 
 int blockAt(int x) { return static_cast<int>(std::floor(static_cast<double>(x) / unitsPerBlock)); }
 

@@ -4,6 +4,9 @@
 #include <cmath>
 
 #include "display/grid.h"
+#include "eeg/bands.h"
+#include "eeg/block.h"
+#include "eeg/montage.h"
 #include "frame/main_state.h"
 #include "frame/synchrony_trend.h"
 #include "values/number_text.h"
@@ -16,8 +19,6 @@ using platform::Surface;
 
 constexpr int panelWidth = 258;
 constexpr int lastBlock = 202;
-
-int firstChannelOnShow(const MainState& state) { return state.channelPair == 2 ? 3 : 1; }
 
 void namePanels(MainState& state) {
   if (state.channelPair != 2) {
@@ -43,7 +44,7 @@ void drawBars(MainState& state, Surface& panel, int channel, double start, BarEn
   panel.clear();
   drawGrid(panel, spectrumGridStep, spectrumGridStep);
   for (int i = 1; i <= state.displayedBins; ++i) {
-    state.bandColour = barColour(i);
+    state.bandColour = eeg::barColour(i);
     const double top = 258 - 4 * i;
     panel.box(start, top, endOf(state.amplitudeSpectrum[channel][i]), top + 2,
               platform::paletteColour(state.bandColour));
@@ -52,7 +53,7 @@ void drawBars(MainState& state, Surface& panel, int channel, double start, BarEn
 
 void drawPanels(MainState& state, Fixed scale) {
   MainWindow& window = state.window;
-  const int first = firstChannelOnShow(state);
+  const int first = eeg::firstChannelShown(state.channelPair);
   drawBars(state, window.leftSpectrum, first, panelWidth, [&](float uV) { return leftBarEnd(scale, uV); });
   drawBars(state, window.rightSpectrum, first + 1, 0, [&](float uV) { return rightBarEnd(scale, uV); });
   // In the outer corners, where only bars near the full scale reach.
@@ -81,7 +82,7 @@ void drawStrip(MainState& state) {
   if (state.blockCount <= lastBlock)
     strip.printAt(450, 170, strip.ink(),
                   (pair == 1 ? "Syncro 1-2=" : "Syncro 3-4=") + shortestDecimal(correlation[state.blockCount]));
-  const double cursor = 3.0 * state.blockCount;
+  const double cursor = eeg::secondsPerBlock * state.blockCount;
   strip.line(cursor, 1, cursor, 200, Colour::lightCyan);
 }
 
@@ -109,7 +110,7 @@ void MainState::drawSpectrumDisplay() {
   if (intervalSelectable == 1) recallBlock(*this);
   drawPanels(*this, scale);
   showMainsVerdict(*this);
-  window.timeLabel.setText("Tempo=" + std::to_string(blockCount * 3) + " secondi");
+  window.timeLabel.setText("Tempo=" + std::to_string(blockCount * eeg::secondsPerBlock) + " secondi");
   if (replayActive == 1) drawStrip(*this);
 }
 

@@ -8,15 +8,6 @@
 
 namespace korvinel {
 
-/// Palette index of the bar of a spectrum index: delta red, theta light red, alpha light green, beta light blue, what
-/// lies above light magenta.
-[[nodiscard]] constexpr int barColour(int spectrumIndex) {
-  if (spectrumIndex <= 7) return 4;
-  if (spectrumIndex <= 16) return 12;
-  if (spectrumIndex <= 26) return 10;
-  return spectrumIndex <= 53 ? 9 : 13;
-}
-
 /// Panel units a microvolt when `microvoltScale` is the full scale. A scale of 0 is a RuntimeError.
 [[nodiscard]] Fixed barScale(int microvoltScale);
 

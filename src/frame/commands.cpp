@@ -1,3 +1,4 @@
+#include "eeg/block.h"
 #include "frame/held_flag.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
@@ -158,7 +159,7 @@ void MainState::endAcquisition() {
   acquisitionRunning = 0;
   intervalSelectable = 1;
   handBlockRangeOn(*this);
-  const Int16 seconds = blockCount * 3;
+  const Int16 seconds = blockCount * eeg::secondsPerBlock;
   window.blockLabel.setText("Totale=" + signedText(seconds) + "s");
   warnOfShortRecordings(*this);
   if (endRequested == 1) throw platform::ProgramEnd{};

@@ -1,5 +1,7 @@
 #include "frame/synchrony_trend.h"
 
+#include "eeg/block.h"
+
 namespace korvinel {
 namespace {
 
@@ -7,7 +9,7 @@ using platform::Colour;
 using platform::Surface;
 
 constexpr int stripWidth = 600;
-constexpr int unitsPerBlock = 3;
+constexpr int unitsPerBlock = eeg::secondsPerBlock;
 
 void dottedGuide(Surface& strip, int y, int spacing) {
   for (int x = 0; x <= stripWidth; x += spacing) strip.point(x, y, Colour::blue);

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "eeg/block.h"
+#include "eeg/montage.h"
 #include "values/bounded.h"
 #include "values/field_reader.h"
 
@@ -9,10 +11,10 @@ namespace korvinel {
 
 /// A block in a file of version V3: four channel records, channel 1 to 4, each of 256 sample bytes in time order, "-"
 /// and CR LF. Sample bytes are 1..255 and never 9, 10 or 26.
-constexpr int samplesPerRecord = 256;
+constexpr int samplesPerRecord = eeg::samplesPerBlock;
 constexpr int recordTailBytes = 3;
 constexpr int channelRecordBytes = samplesPerRecord + recordTailBytes;
-constexpr int blockBytes = 4 * channelRecordBytes;
+constexpr int blockBytes = eeg::channelCount * channelRecordBytes;
 
 /// The whole number 1..255 as which a sample is stored: rounded (halves up), limited, and moved off the three shunned
 /// bytes. No number (NaN) is stored as 1.

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "eeg/block.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/machine.h"
@@ -104,7 +105,7 @@ void findAnotherPlace(MainState& state) {
 std::string secondsNotWritten(const MainState& state) {
   const int bytes = static_cast<int>(state.temporaryContent.size()) - state.temporaryWritten;
   const int blocks = (bytes + blockBytes - 1) / blockBytes;
-  return blocks > 0 ? "\rNe mancano gli ultimi " + std::to_string(blocks * 3) + " secondi." : "";
+  return blocks > 0 ? "\rNe mancano gli ultimi " + std::to_string(blocks * eeg::secondsPerBlock) + " secondi." : "";
 }
 
 std::string whereTheDataAre(const MainState& state) {

@@ -1,3 +1,4 @@
+#include "eeg/block.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
 #include "platform/operation_edge.h"
@@ -8,8 +9,6 @@ namespace korvinel {
 namespace {
 
 using platform::skipOnFault;
-
-constexpr int blockLimit = 200;
 
 void leaveOpenFile(MainState& state) {
   state.window.startPicture.setVisible(false);
@@ -102,7 +101,7 @@ ScanResult scanBlocks(MainState& state) {
   do {
     if (!loop.poll()) return ScanResult::fileGone;
     state.blockCount += 1;
-    if (state.blockCount >= blockLimit) return ScanResult::finished;
+    if (state.blockCount >= eeg::blockLimit) return ScanResult::finished;
     state.window.blockLabel.setText(std::to_string(state.blockCount));
     state.readFileBlock();
     analyseScannedBlock(state);

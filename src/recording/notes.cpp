@@ -1,5 +1,6 @@
 #include "recording/notes.h"
 
+#include "eeg/block.h"
 #include "platform/dialogs.h"
 #include "recording/file_header.h"
 #include "values/code_page.h"
@@ -68,7 +69,7 @@ void MainState::beginNote() {
   window.noteBox.setEnabled(true);
   window.noteBox.setBackColour(Colour::yellow);
   showStatus(*this, "Scrivi una nota poi premi Invio");
-  const double x = blockCount * 3;
+  const double x = blockCount * eeg::secondsPerBlock;
   window.Picture6.line(x, 1, x, 13, Colour::lightRed);
   window.noteBox.setText("");
   window.noteBox.requestFocus();

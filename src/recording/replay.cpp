@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "eeg/block.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
 #include "recording/file_loop.h"
@@ -59,7 +60,8 @@ bool leaves(const MainState& state, const FileLoop& loop) {
 /// A block stands for three seconds. The speed may change meanwhile. Returns whether the file is still there.
 bool pace(MainState& state, const FileLoop& loop) {
   const double start = state.timerMark = state.host.clock.seconds();
-  while (state.host.clock.seconds() - start < 3.0 / std::max<int>(state.displaySpeed, 1)) {
+  while (state.host.clock.seconds() - start <
+         static_cast<double>(eeg::secondsPerBlock) / std::max<int>(state.displaySpeed, 1)) {
     state.host.events.process();
     if (loop.fileGone()) return false;
   }

@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 
+#include "eeg/block.h"
 #include "platform/dialogs.h"
 #include "platform/operation_edge.h"
 #include "values/number_text.h"
@@ -44,7 +45,7 @@ void announceReading(MainState& state) {
 
 void showScannedFile(MainState& state) {
   const int blocks = state.shared.fileBlockCount;
-  state.window.blockLabel.setText("Totale=" + std::to_string(blocks * 3) + "s");
+  state.window.blockLabel.setText("Totale=" + std::to_string(blocks * eeg::secondsPerBlock) + "s");
   skipOnFault([&] { state.drawCoherenceGraph(); });
   skipOnFault([&] { state.summariseSynchrony(); });
   skipOnFault([&] { state.drawSpectrumDisplay(); });

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 
+#include "eeg/bands.h"
 #include "platform/machine.h"
 #include "report/dotted_text.h"
 #include "report/report_geometry.h"
@@ -18,7 +19,7 @@ bool inItalian(const ReportState& state) { return state.shared.languageFlag == "
 /// The ten indexes of the alpha band, over nine: the divisor is the system's own.
 Fixed noiseInAlpha(const ReportState& state, int channel) {
   Fixed sum;
-  for (int k = alphaBand.first; k <= alphaBand.last; ++k) sum += state.noiseCurve[channel][k];
+  for (int k = eeg::alpha.indexes.first; k <= eeg::alpha.indexes.last; ++k) sum += state.noiseCurve[channel][k];
   return Fixed::nearest(sum / Fixed(9));
 }
 
@@ -40,9 +41,9 @@ void judgeAlpha(ReportState& state) {
 /// Mean level of the whole spectrum, at least half a microvolt.
 Fixed meanLevel(const ReportSpectrum& spectrum) {
   Fixed sum;
-  for (int k = 1; k <= reportBins; ++k) sum += Fixed::nearest(static_cast<double>(spectrum[k]));
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) sum += Fixed::nearest(static_cast<double>(spectrum[k]));
   constexpr Fixed least = Fixed::fromCount(Fixed::scale / 2);
-  return std::max(Fixed::nearest(sum / Fixed(reportBins)), least);
+  return std::max(Fixed::nearest(sum / Fixed(eeg::reportedIndexes)), least);
 }
 
 void judgeSymmetry(ReportState& state) {

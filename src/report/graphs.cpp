@@ -1,6 +1,9 @@
 #include <array>
 #include <cmath>
 
+#include "eeg/bands.h"
+#include "eeg/montage.h"
+#include "report/band_rows.h"
 #include "report/dotted_text.h"
 #include "report/report_geometry.h"
 #include "report/report_state.h"
@@ -13,7 +16,6 @@ namespace {
 using platform::Colour;
 using platform::Surface;
 
-constexpr std::array<const char*, 5> channelLabels = {"", "F1", "F2", "T5", "T6"};
 constexpr std::array<const char*, 5> pairLabels = {
     "", "Coerenza F1-F2=", "Coerenza T5-T6=", "Coerenza F1-T5=", "Coerenza F2-T6="};
 
@@ -31,7 +33,7 @@ void drawTicks(Surface& panel, Fixed unitsPerMicrovolt) {
 
 void drawBars(ReportState& state, int channel, Fixed unitsPerMicrovolt) {
   Surface& panel = state.window.spectrumOf(channel);
-  for (int k = 1; k <= reportBins; ++k) {
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) {
     state.binIndex = k;
     state.barColourForBin();
     const auto value = static_cast<double>(state.meanSpectrum[channel][k]);
@@ -45,7 +47,7 @@ void drawSpectrum(ReportState& state, int channel) {
   Surface& panel = state.window.spectrumOf(channel);
   panel.clear();
   drawBars(state, channel, unitsPerMicrovolt);
-  printOnDot(panel, 2, 2, Colour::white, channelLabels[static_cast<std::size_t>(channel)]);
+  printOnDot(panel, 2, 2, Colour::white, eeg::siteOf(channel));
   drawTicks(panel, unitsPerMicrovolt);
 }
 
@@ -66,31 +68,16 @@ void show(Bounded<float, 4>& shown, const Bounded<Fixed, 4>& values) {
 }
 
 void chooseShownValues(ReportState& state) {
-  if (state.window.maximumCheck.checked()) {
-    show(state.shownDelta, state.maxDelta);
-    show(state.shownTheta, state.maxTheta);
-    show(state.shownAlpha, state.maxAlpha);
-    show(state.shownBeta, state.maxBeta);
-  }
-  if (state.window.meanCheck.checked()) {
-    show(state.shownDelta, state.meanDelta);
-    show(state.shownTheta, state.meanTheta);
-    show(state.shownAlpha, state.meanAlpha);
-    show(state.shownBeta, state.meanBeta);
+  for (const BandRow& row : bandRows) {
+    if (state.window.maximumCheck.checked()) show(state.*row.shown, state.*row.maximum);
+    if (state.window.meanCheck.checked()) show(state.*row.shown, state.*row.mean);
   }
 }
 
 void writeBandValues(ReportState& state, int channel) {
-  Surface& panel = state.window.spectrumOf(channel);
-  const auto write = [&](double x, double y, const char* label, float value) {
-    printOnDot(panel, x, y, Colour::white, label + shortestDecimal(value));
-  };
-  // The second panel spaces two of its labels; all are the system's own forms.
-  const bool spaced = channel == 2;
-  write(60, 8, "Delta=", state.shownDelta[channel]);
-  write(100, 8, spaced ? "Theta =" : "Theta=", state.shownTheta[channel]);
-  write(60, 30, "Alpha  =", state.shownAlpha[channel]);
-  write(100, 30, spaced ? "Beta =" : "Beta=", state.shownBeta[channel]);
+  for (const BandRow& row : bandRows)
+    printOnDot(state.window.spectrumOf(channel), row.x, row.y, Colour::white,
+               (channel == 2 ? row.labelOfPanelTwo : row.label) + shortestDecimal((state.*row.shown)[channel]));
 }
 
 }  // namespace
@@ -106,17 +93,7 @@ void ReportState::drawBandValues() {
   for (int channel = 1; channel <= 4; ++channel) writeBandValues(*this, channel);
 }
 
-void ReportState::barColourForBin() {
-  // The last eleven indexes of Beta have a colour of their own, on purpose.
-  constexpr int firstAboveMiddleBeta = 54;
-  const auto colour = [&] {
-    if (binIndex < thetaBand.first) return Colour::red;
-    if (binIndex < alphaBand.first) return Colour::lightRed;
-    if (binIndex < betaBand.first) return Colour::lightGreen;
-    return binIndex < firstAboveMiddleBeta ? Colour::lightBlue : Colour::lightMagenta;
-  };
-  traceColour = static_cast<int>(colour());
-}
+void ReportState::barColourForBin() { traceColour = eeg::barColour(binIndex); }
 
 void ReportState::maximumClicked() {
   if (window.maximumCheck.checked()) window.meanCheck.setChecked(false);

@@ -1,3 +1,4 @@
+#include "eeg/block.h"
 #include "platform/timing.h"
 #include "report/dotted_text.h"
 #include "report/report_geometry.h"
@@ -30,7 +31,7 @@ void printMaker(ReportState& state) {
 void showInterval(ReportState& state) {
   const Int16 distance = state.shared.analysisLastBlock - state.shared.analysisFirstBlock;
   const Int16 blocks = distance + 1;
-  const Int16 seconds = blocks * 3;
+  const Int16 seconds = blocks * eeg::secondsPerBlock;
   state.window.intervalLabel.setText(std::to_string(seconds) + "s");
 }
 

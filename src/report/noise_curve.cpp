@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "eeg/bands.h"
 #include "report/report_state.h"
 
 namespace korvinel {
@@ -17,7 +18,7 @@ Fixed valueAt(const ReportSpectrum& spectrum, int index) {
 
 void findPeak(const ReportSpectrum& spectrum, NoiseFit& fit) {
   Fixed largest;
-  for (int k = deltaBand.first; k <= deltaBand.last; ++k)
+  for (int k = eeg::delta.indexes.first; k <= eeg::delta.indexes.last; ++k)
     if (valueAt(spectrum, k) > largest) {
       largest = valueAt(spectrum, k);
       fit.peak = k;
@@ -27,7 +28,7 @@ void findPeak(const ReportSpectrum& spectrum, NoiseFit& fit) {
 
 void findValley(const ReportSpectrum& spectrum, NoiseFit& fit) {
   Fixed smallest = farthest;
-  for (int k = fit.peak; k <= reportBins; ++k)
+  for (int k = fit.peak; k <= eeg::reportedIndexes; ++k)
     if (valueAt(spectrum, k) < smallest) {
       smallest = valueAt(spectrum, k);
       fit.valley = k;
@@ -71,7 +72,7 @@ NoiseFit fitNoise(const ReportSpectrum& spectrum) {
   findPeak(spectrum, fit);
   findValley(spectrum, fit);
   chooseExponent(spectrum, fit);
-  for (int k = 1; k <= reportBins; ++k) fit.curve[k] = curveAt(fit, k, fit.exponent);
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) fit.curve[k] = curveAt(fit, k, fit.exponent);
   return fit;
 }
 

@@ -2,19 +2,18 @@
 
 #include <cmath>
 
+#include "report/band_rows.h"
 #include "report/report_state.h"
 #include "values/number_text.h"
 
 namespace korvinel {
 namespace {
 
-Fixed sumOf(const ReportSpectrum& spectrum, Band band) {
+Fixed sumOf(const ReportSpectrum& spectrum, eeg::IndexRange range) {
   Fixed sum;
-  for (int k = band.first; k <= band.last; ++k) sum += Fixed::nearest(static_cast<double>(spectrum[k]));
+  for (int k = range.first; k <= range.last; ++k) sum += Fixed::nearest(static_cast<double>(spectrum[k]));
   return sum;
 }
-
-constexpr Band wholeReport{1, reportBins};
 
 /// Blocks of the interval, both ends included, in 16 bits; 0 or less when it is reversed.
 Int16 blocksOf(const ProgramValues& shared) {
@@ -28,8 +27,8 @@ using History = Bounded<float, 202, 4, 130>;
 ReportSpectrum meanOfBlocks(const History& history, int row, const ProgramValues& shared) {
   ReportSpectrum mean;
   for (int block = shared.analysisFirstBlock; block <= shared.analysisLastBlock; ++block)
-    for (int k = 1; k <= reportBins; ++k) mean[k] += history[block][row][k];
-  for (int k = 1; k <= reportBins; ++k) mean[k] = meanToTenth(static_cast<double>(mean[k]), blocksOf(shared));
+    for (int k = 1; k <= eeg::reportedIndexes; ++k) mean[k] += history[block][row][k];
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) mean[k] = meanToTenth(static_cast<double>(mean[k]), blocksOf(shared));
   return mean;
 }
 
@@ -56,35 +55,35 @@ float meanToTenth(double sum, int blocks) {
   return static_cast<float>(floorToTenth(static_cast<double>(mean)) + 0.0);
 }
 
-Fixed bandMaximum(const ReportSpectrum& spectrum, Band band) {
+Fixed bandMaximum(const ReportSpectrum& spectrum, eeg::IndexRange range) {
   Fixed largest;
-  for (int k = band.first; k <= band.last; ++k) {
+  for (int k = range.first; k <= range.last; ++k) {
     const Fixed value = Fixed::nearest(static_cast<double>(spectrum[k]));
     if (value > largest) largest = value;
   }
   return floorToTenth(largest);
 }
 
-Fixed bandMean(const ReportSpectrum& spectrum, Band band) {
-  const double tenths = (sumOf(spectrum, band) * Fixed(10)) / Fixed(band.size());
+Fixed bandMean(const ReportSpectrum& spectrum, eeg::IndexRange range) {
+  const double tenths = (sumOf(spectrum, range) * Fixed(10)) / Fixed(range.size());
   return Fixed::nearest(std::floor(tenths) / 10.0);
 }
 
 void levelCoherence(ReportSpectrum& spectrum, float pairCoherence) {
-  const Fixed mean = Fixed::nearest(sumOf(spectrum, wholeReport) / Fixed(reportBins));
+  const Fixed mean = Fixed::nearest(sumOf(spectrum, eeg::reportedRange) / Fixed(eeg::reportedIndexes));
   const Fixed shift = Fixed::nearest(static_cast<double>(pairCoherence)) - mean;
-  for (int k = 1; k <= reportBins; ++k)
+  for (int k = 1; k <= eeg::reportedIndexes; ++k)
     spectrum[k] = static_cast<float>((Fixed::nearest(static_cast<double>(spectrum[k])) + shift).toDouble());
 }
 
 void capCoherence(ReportSpectrum& spectrum) {
   Fixed largest;
-  for (int k = 1; k <= reportBins; ++k) {
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) {
     const Fixed value = Fixed::nearest(static_cast<double>(spectrum[k]));
     if (value > largest) largest = value;
   }
   if (largest < Fixed(100)) return;
-  for (int k = 1; k <= reportBins; ++k)
+  for (int k = 1; k <= eeg::reportedIndexes; ++k)
     spectrum[k] = static_cast<float>(static_cast<double>(spectrum[k]) * 100.0 / largest.toDouble());
 }
 
@@ -101,15 +100,10 @@ void ReportState::computeReportSpectra() {
 
 void ReportState::computeBandValues() {
   for (int channel = 1; channel <= 4; ++channel) {
-    const ReportSpectrum& spectrum = meanSpectrum[channel];
-    maxDelta[channel] = bandMaximum(spectrum, deltaBand);
-    maxTheta[channel] = bandMaximum(spectrum, thetaBand);
-    maxAlpha[channel] = bandMaximum(spectrum, alphaBand);
-    maxBeta[channel] = bandMaximum(spectrum, betaBand);
-    meanDelta[channel] = bandMean(spectrum, deltaBand);
-    meanTheta[channel] = bandMean(spectrum, thetaBand);
-    meanAlpha[channel] = bandMean(spectrum, alphaBand);
-    meanBeta[channel] = bandMean(spectrum, betaBand);
+    for (const BandRow& row : bandRows) {
+      (this->*row.maximum)[channel] = bandMaximum(meanSpectrum[channel], row.band.indexes);
+      (this->*row.mean)[channel] = bandMean(meanSpectrum[channel], row.band.indexes);
+    }
   }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "report/bands.h"
+#include "eeg/spectrum.h"
 #include "values/bounded.h"
 #include "values/fixed.h"
 
@@ -13,10 +13,10 @@ using ReportSpectrum = Bounded<float, 66>;
 /// A negative count (a reversed interval) divides as it stands; no block is a RuntimeError (division by zero).
 [[nodiscard]] float meanToTenth(double sum, int blocks);
 
-/// Largest value in the band, at least 0, floored to one decimal.
-[[nodiscard]] Fixed bandMaximum(const ReportSpectrum& spectrum, Band band);
-/// Mean value in the band, floored to one decimal.
-[[nodiscard]] Fixed bandMean(const ReportSpectrum& spectrum, Band band);
+/// Largest value in the range, at least 0, floored to one decimal.
+[[nodiscard]] Fixed bandMaximum(const ReportSpectrum& spectrum, eeg::IndexRange range);
+/// Mean value in the range, floored to one decimal.
+[[nodiscard]] Fixed bandMean(const ReportSpectrum& spectrum, eeg::IndexRange range);
 
 /// Moves the whole spectrum so that its mean becomes the pair's coherence.
 void levelCoherence(ReportSpectrum& spectrum, float pairCoherence);

@@ -48,15 +48,16 @@ std::string folderOf(const std::string& path) { return path.substr(0, path.rfind
 std::set<std::string> allowedFrom(const Include& include) {
   const std::string folder = folderOf(include.from);
   if (folder == "values") return {};
+  if (folder == "eeg") return {"values"};
   if (folder == "platform") return {"values"};
   if (folder.starts_with("platform/")) return {"values", "platform"};
   if (include.from == "frame/main_state.h" || include.from == "frame/main_window.h" ||
       include.from == "frame/program_values.h")
     return {"values", "platform"};
   if (folder == "app")
-    return {"values",           "platform", "platform/qt", "platform/disk", "platform/posix",
-            "platform/windows", "frame",    "display",     "recording",     "report"};
-  return {"values", "platform", "frame"};
+    return {"values",           "eeg",   "platform", "platform/qt", "platform/disk", "platform/posix",
+            "platform/windows", "frame", "display",  "recording",   "report"};
+  return {"values", "eeg", "platform", "frame"};
 }
 
 bool isStandardHeader(const std::string& name) {

@@ -1,10 +1,11 @@
 #include "recording/analysis_output.h"
+#include "report/band_rows.h"
 #include "report/noise_curve.h"
 
 namespace korvinel::tool {
 namespace {
 
-constexpr int keptIndexes = 128;
+using eeg::keptIndexes;
 
 template <typename History>
 Json perBlock(const History& history, int blocks) {
@@ -37,14 +38,14 @@ Json reportJson(const Workbench& bench) {
   Json json = {{"first", static_cast<int>(bench.shared.analysisFirstBlock)},
                {"last", static_cast<int>(bench.shared.analysisLastBlock)}};
   if (came.spectra) {
-    json["meanSpectrum"] = rowsJson(report.meanSpectrum, reportBins);
-    json["coherenceSpectrum"] = rowsJson(report.coherenceSpectrum, reportBins);
+    json["meanSpectrum"] = rowsJson(report.meanSpectrum, eeg::reportedIndexes);
+    json["coherenceSpectrum"] = rowsJson(report.coherenceSpectrum, eeg::reportedIndexes);
     json["pairCoherence"] = rowJson(report.pairCoherence, 4);
   }
   if (came.bands)
     for (const auto& [name, values] : bandsOf(report)) json[name] = rowJson(*values, 4);
   if (came.noise) {
-    json["noiseCurve"] = rowsJson(report.noiseCurve, reportBins);
+    json["noiseCurve"] = rowsJson(report.noiseCurve, eeg::reportedIndexes);
     json["noiseExponent"] = exponentsOf(report);
   }
   if (came.verdicts) {
@@ -76,10 +77,21 @@ std::string reportError(const Workbench& bench) {
   }
 }
 
-std::vector<std::pair<const char*, const Bounded<Fixed, 4>*>> bandsOf(const ReportState& report) {
-  return {{"maxDelta", &report.maxDelta},   {"maxTheta", &report.maxTheta},   {"maxAlpha", &report.maxAlpha},
-          {"maxBeta", &report.maxBeta},     {"meanDelta", &report.meanDelta}, {"meanTheta", &report.meanTheta},
-          {"meanAlpha", &report.meanAlpha}, {"meanBeta", &report.meanBeta}};
+std::vector<BandValues> bandsOf(const ReportState& report) {
+  std::vector<BandValues> maxima, means;
+  for (const BandRow& row : bandRows) {
+    maxima.emplace_back(std::string("max") + row.band.nameInReport, &(report.*row.maximum));
+    means.emplace_back(std::string("mean") + row.band.nameInReport, &(report.*row.mean));
+  }
+  maxima.insert(maxima.end(), means.begin(), means.end());
+  return maxima;
+}
+
+std::vector<std::string> bandValueNames() {
+  std::vector<std::string> names;
+  for (const char* kind : {"max", "mean"})
+    for (const eeg::Band& band : eeg::bands) names.push_back(kind + std::string(band.nameInReport));
+  return names;
 }
 
 Json analysisJson(const Workbench& bench) {

@@ -25,7 +25,9 @@ struct ReportProgress {
 /// The fault in a word or two, "" without one.
 [[nodiscard]] std::string reportError(const Workbench& bench);
 
-/// The eight band arrays of a report with their names.
-[[nodiscard]] std::vector<std::pair<const char*, const Bounded<Fixed, 4>*>> bandsOf(const ReportState& report);
+/// The band arrays of a report, "maxDelta" to "meanBeta": every band's maxima, then every band's means.
+using BandValues = std::pair<std::string, const Bounded<Fixed, 4>*>;
+[[nodiscard]] std::vector<BandValues> bandsOf(const ReportState& report);
+[[nodiscard]] std::vector<std::string> bandValueNames();  ///< their names, in the same order
 
 }  // namespace korvinel::tool

@@ -1,13 +1,13 @@
+#include "eeg/spectrum.h"
 #include "recording/analysis_output.h"
 #include "recording/csv_text.h"
-#include "report/bands.h"
 
 namespace korvinel::tool {
 namespace {
 
-constexpr int keptIndexes = 128;
+using eeg::keptIndexes;
 
-std::string hertz(int index) { return shortestDecimal((index - 1) * 0.5); }
+std::string hertz(int index) { return shortestDecimal(eeg::hertzOf(index)); }
 
 /// Blocks down, channels or pairs within them, one column for each frequency.
 template <typename History>
@@ -65,7 +65,7 @@ std::string reportSpectraTable(const ReportState& report) {
   for (int c = 1; c <= 4; ++c) title.add(std::string("noise ") + channelNames[c]);
   for (int p = 1; p <= 4; ++p) title.add(std::string("coherence ") + pairNames[p]);
   std::string table = title.ended();
-  for (int k = 1; k <= reportBins; ++k) {
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) {
     CsvLine line;
     line.add(hertz(k));
     for (int c = 1; c <= 4; ++c) line.add(report.meanSpectrum[c][k]);

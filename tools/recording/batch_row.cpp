@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "eeg/montage.h"
 #include "recording/analysis_output.h"
 #include "recording/batch.h"
 #include "recording/csv_text.h"
@@ -19,7 +20,7 @@ void addReport(CsvLine& line, const Workbench& bench) {
   for (int channel = 1; channel <= 4; ++channel) line.add(fitNoise(report.meanSpectrum[channel]).exponent);
 }
 
-int reportColumns() { return 8 * 4 + 4 + 4; }
+int reportColumns() { return (static_cast<int>(bandValueNames().size()) + 2) * eeg::channelCount; }
 
 void addBlanks(CsvLine& line, int count) {
   for (int i = 0; i < count; ++i) line.add("");
@@ -71,9 +72,8 @@ std::string batchTitle() {
   CsvLine title;
   for (const char* name : {"file", "subject", "date", "version", "notes", "blocks", "first", "last"}) title.add(name);
   for (int pair = 1; pair <= 4; ++pair) title.add(std::string("synchrony ") + pairNames[pair]);
-  for (const char* band :
-       {"maxDelta", "maxTheta", "maxAlpha", "maxBeta", "meanDelta", "meanTheta", "meanAlpha", "meanBeta"})
-    for (int channel = 1; channel <= 4; ++channel) title.add(std::string(band) + " " + channelNames[channel]);
+  for (const std::string& band : bandValueNames())
+    for (int channel = 1; channel <= 4; ++channel) title.add(band + " " + channelNames[channel]);
   for (int pair = 1; pair <= 4; ++pair) title.add(std::string("coherence ") + pairNames[pair]);
   for (int channel = 1; channel <= 4; ++channel) title.add(std::string("noiseExponent ") + channelNames[channel]);
   for (const char* score : {"frontal alpha", "temporal alpha", "frontal symmetry", "temporal symmetry",

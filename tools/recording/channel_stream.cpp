@@ -8,13 +8,14 @@
 #include <cmath>
 #include <utility>
 
+#include "eeg/block.h"
 #include "recording/tool_error.h"
 #include "values/number_text.h"
 
 namespace korvinel::tool {
 namespace {
 
-constexpr double ownRate = 128;
+constexpr double ownRate = eeg::samplesPerSecond;
 
 double microvoltsIn(const EdfFile& file, int signal) {
   static constexpr std::array<std::pair<const char*, double>, 7> units = {

@@ -1,3 +1,4 @@
+#include "eeg/block.h"
 #include "recording/channel_record.h"
 #include "recording/csv_text.h"
 #include "recording/edf_annotations.h"
@@ -22,11 +23,11 @@ std::string notesOf(const FileHeader& header, int block) {
 
 std::string linesOf(const Block& samples, int block, const std::string& notes) {
   constexpr float middle = 128;
-  constexpr double samplesPerSecond = 128;
+  constexpr double samplesPerSecond = eeg::samplesPerSecond;
   std::string lines;
   for (int s = 1; s <= samplesPerRecord; ++s) {
     CsvLine line;
-    line.add(block).add((block - 1) * examinationSecondsPerBlock + (s - 1) / samplesPerSecond);
+    line.add(block).add((block - 1) * eeg::secondsPerBlock + (s - 1) / samplesPerSecond);
     for (int channel = 1; channel <= 4; ++channel) line.add(samples[channel][s] - middle);
     lines += line.add(s == 1 ? notes : "").ended();
   }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "eeg/montage.h"
 #include "values/fixed.h"
 #include "values/number_text.h"
 
@@ -59,7 +60,7 @@ class CsvLine {
   std::string line_;
 };
 
-inline constexpr const char* channelNames[] = {"", "F1", "F2", "T5", "T6"};
+inline constexpr const char* channelNames[] = {"", eeg::siteOf(1), eeg::siteOf(2), eeg::siteOf(3), eeg::siteOf(4)};
 inline constexpr const char* pairNames[] = {"", "F1-F2", "T5-T6", "F1-T5", "F2-T6"};
 
 }  // namespace korvinel::tool

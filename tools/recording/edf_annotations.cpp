@@ -4,6 +4,7 @@
 #include <cmath>
 #include <regex>
 
+#include "eeg/block.h"
 #include "recording/ascii_form.h"
 
 namespace korvinel::tool {
@@ -16,8 +17,8 @@ bool isPlaceholder(const FileHeader& header, int note) {
 }
 
 double onsetOf(float block, int blocks) {
-  const double onset = (static_cast<double>(block) - 1) * signalSecondsPerBlock;
-  return std::clamp(onset, 0.0, blocks * signalSecondsPerBlock);
+  const double onset = (static_cast<double>(block) - 1) * eeg::signalSecondsPerBlock;
+  return std::clamp(onset, 0.0, static_cast<double>(blocks * eeg::signalSecondsPerBlock));
 }
 
 /// Control characters separate the parts of an annotation.
@@ -48,8 +49,8 @@ std::vector<Annotation> annotationsOf(const FileHeader& header, int blocks) {
   std::vector<Annotation> all;
   for (int block = 1; block <= blocks; ++block)
     all.push_back(
-        {(block - 1) * signalSecondsPerBlock,
-         "block " + std::to_string(block) + " at " + std::to_string((block - 1) * examinationSecondsPerBlock) + " s"});
+        {static_cast<double>((block - 1) * eeg::signalSecondsPerBlock),
+         "block " + std::to_string(block) + " at " + std::to_string((block - 1) * eeg::secondsPerBlock) + " s"});
   for (int note = 1; note <= header.noteCount; ++note)
     if (!isPlaceholder(header, note)) addInPieces(all, onsetOf(header.noteTimes[note], blocks), header.noteTexts[note]);
   std::stable_sort(all.begin(), all.end(), [](const auto& a, const auto& b) { return a.onset < b.onset; });
@@ -65,7 +66,7 @@ std::vector<Note> notesFrom(const std::vector<Annotation>& annotations) {
       notes.back().text += text.substr(2);
       continue;
     }
-    const double block = std::floor(std::clamp(onset, 0.0, 1e6) / signalSecondsPerBlock) + 1;
+    const double block = std::floor(std::clamp(onset, 0.0, 1e6) / eeg::signalSecondsPerBlock) + 1;
     notes.push_back({std::max(static_cast<int>(block), 2), text});
     lastOnset = onset;
   }

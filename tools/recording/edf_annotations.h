@@ -15,8 +15,6 @@ struct Annotation {
   friend bool operator==(const Annotation&, const Annotation&) = default;
 };
 
-constexpr double signalSecondsPerBlock = 2;  ///< 256 samples at 128 a second
-constexpr int examinationSecondsPerBlock = 3;
 constexpr std::size_t longestAnnotation = 40;  ///< bytes that the library writes of one
 
 /// What a recording of so many blocks says, in the order of time: one annotation for each block, which tells its time

@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "eeg/block.h"
 #include "recording/host_files.h"
 #include "recording/recording_reader.h"
 #include "recording/tool_error.h"
@@ -88,7 +89,7 @@ class Checking {
 }  // namespace
 
 std::array<short, samplesPerRecord> digitalSamples(const Bounded<float, 258>& samples, int& limited) {
-  constexpr double middle = 128;
+  constexpr double middle = eeg::midLevel;
   std::array<short, samplesPerRecord> digital{};
   for (int s = 1; s <= samplesPerRecord; ++s) {
     const double microvolts = std::nearbyint(static_cast<double>(samples[s]) - middle);

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <regex>
 
+#include "eeg/block.h"
 #include "recording/ascii_form.h"
 #include "recording/channel_record.h"
 #include "recording/edf_check.h"
@@ -68,7 +69,7 @@ void describeSignals(int file, const std::string& output) {
 void describeFile(int file, const std::string& output, const EdfPlan& plan) {
   describeSignals(file, output);
   constexpr int tenMicroseconds = 100'000;  // in a second
-  set(output, edf_set_datarecord_duration(file, static_cast<int>(signalSecondsPerBlock) * tenMicroseconds));
+  set(output, edf_set_datarecord_duration(file, eeg::signalSecondsPerBlock * tenMicroseconds));
   set(output, edf_set_startdatetime(file, plan.date.year, plan.date.month, plan.date.day, 0, 0, 0));
   if (!plan.person.empty()) set(output, edf_set_patientname(file, plan.person.c_str()));
   set(output, edf_set_equipment(file, "Korvinel"));

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "eeg/block.h"
 #include "recording/channel_choice.h"
 #include "recording/channel_record.h"
 #include "recording/channel_stream.h"
@@ -22,7 +23,7 @@ namespace {
 
 constexpr auto dataFileName = "imported.QVD";
 constexpr int mostBlocks = 100'000;  // more than two days
-constexpr int blocksRead = 199;
+constexpr int blocksRead = eeg::mostBlocks;
 constexpr float middle = 128;
 
 std::string dateOf(const edf_hdr_struct& header) {

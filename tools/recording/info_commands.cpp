@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "eeg/block.h"
 #include "recording/host_files.h"
 #include "recording/inspection.h"
 #include "recording/json_text.h"
@@ -12,8 +13,8 @@
 namespace korvinel::tool {
 namespace {
 
-constexpr int secondsPerBlock = 3;
-constexpr int blocksRead = 199;
+using eeg::secondsPerBlock;
+constexpr int blocksRead = eeg::mostBlocks;
 
 Inspection inspectFile(const std::string& path) {
   const auto file = openInput(path);

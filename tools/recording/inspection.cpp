@@ -3,6 +3,7 @@
 #include <regex>
 #include <utility>
 
+#include "eeg/montage.h"
 #include "recording/channel_record.h"
 #include "values/number_text.h"
 #include "values/runtime_error.h"
@@ -121,7 +122,7 @@ void inspectByteBlocks(platform::InputFile& file, Inspection& found) {
 }
 
 void inspectNumberBlocks(platform::InputFile& file, Inspection& found) {
-  constexpr int samplesPerBlock = 4 * samplesPerRecord;
+  constexpr int samplesPerBlock = eeg::channelCount * samplesPerRecord;
   while (!file.atEnd()) {
     const std::int64_t begin = file.position();
     ++found.blocks;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "eeg/montage.h"
 #include "recording/channel_record.h"
 #include "recording/host_files.h"
 #include "recording/tool_error.h"
@@ -11,7 +12,7 @@
 namespace korvinel::tool {
 namespace {
 
-constexpr int channels = 4;
+constexpr int channels = eeg::channelCount;
 
 template <typename Act>
 void forEachSample(Block& block, Act&& act) {

@@ -169,18 +169,18 @@ TEST_F(SpectralAnalysis, AnAmplitudeBeyondA32BitFloatIsAFault) {
 TEST(LargestAmplitude, LooksAtBothEndsOfTheRangeAndNoFurther) {
   Bounded<float, 130> spectrum;
   spectrum[99] = spectrum[115] = 90;
-  EXPECT_EQ(largestAmplitude(spectrum.data(), mainsRange), Fixed(0));
+  EXPECT_EQ(largestAmplitude(spectrum.data(), eeg::mainsRange), Fixed(0));
   spectrum[100] = 5;
-  EXPECT_EQ(largestAmplitude(spectrum.data(), mainsRange), Fixed(5));
+  EXPECT_EQ(largestAmplitude(spectrum.data(), eeg::mainsRange), Fixed(5));
   spectrum[114] = 6;
-  EXPECT_EQ(largestAmplitude(spectrum.data(), mainsRange), Fixed(6));
+  EXPECT_EQ(largestAmplitude(spectrum.data(), eeg::mainsRange), Fixed(6));
 }
 
 TEST(LargestAmplitude, TheFirstOfEqualMaximaIsKept) {
   Bounded<float, 130> spectrum;
   spectrum[103] = 7.00004F;  // both are 7 in four decimals
   spectrum[104] = 7.00002F;
-  EXPECT_EQ(largestAmplitude(spectrum.data(), mainsRange), Fixed(7));
+  EXPECT_EQ(largestAmplitude(spectrum.data(), eeg::mainsRange), Fixed(7));
 }
 
 TEST(RunningMean, ACountOfZeroIsAFault) { EXPECT_THROW((void)runningMean(1, 2, 0), RuntimeError); }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "eeg/bands.h"
 #include "headless_program.h"
 #include "signals.h"
 
@@ -34,7 +35,7 @@ class SpectrumDisplay : public testing::Test {
 TEST(BarColour, FollowsTheBands) {
   const std::pair<int, int> cases[] = {{1, 4},   {7, 4},  {8, 12}, {16, 12}, {17, 10},
                                        {26, 10}, {27, 9}, {53, 9}, {54, 13}, {64, 13}};
-  for (const auto& [index, colour] : cases) EXPECT_EQ(barColour(index), colour) << index;
+  for (const auto& [index, colour] : cases) EXPECT_EQ(eeg::barColour(index), colour) << index;
 }
 
 TEST(BarScale, IsPanelUnitsAMicrovoltInFourDecimals) {

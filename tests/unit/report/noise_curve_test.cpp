@@ -1,4 +1,5 @@
 #include "report/noise_curve.h"
+#include "eeg/spectrum.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +10,7 @@ namespace {
 
 ReportSpectrum flat(float value) {
   ReportSpectrum spectrum;
-  for (int k = 1; k <= reportBins; ++k) spectrum[k] = value;
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) spectrum[k] = value;
   return spectrum;
 }
 

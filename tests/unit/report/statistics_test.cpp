@@ -1,5 +1,7 @@
 #include "report/statistics.h"
 
+#include "eeg/bands.h"
+
 #include <gtest/gtest.h>
 
 #include "headless_report.h"
@@ -7,21 +9,25 @@
 namespace korvinel {
 namespace {
 
+using eeg::IndexRange;
+constexpr IndexRange deltaBand = eeg::delta.indexes, thetaBand = eeg::theta.indexes, alphaBand = eeg::alpha.indexes,
+                     betaBand = eeg::beta.indexes;
+
 ReportSpectrum flat(float value) {
   ReportSpectrum spectrum;
-  for (int k = 1; k <= reportBins; ++k) spectrum[k] = value;
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) spectrum[k] = value;
   return spectrum;
 }
 
 double meanOf(const ReportSpectrum& spectrum) {
   double sum = 0;
-  for (int k = 1; k <= reportBins; ++k) sum += static_cast<double>(spectrum[k]);
-  return sum / reportBins;
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) sum += static_cast<double>(spectrum[k]);
+  return sum / eeg::reportedIndexes;
 }
 
 float maximumOf(const ReportSpectrum& spectrum) {
   float largest = spectrum[1];
-  for (int k = 2; k <= reportBins; ++k) largest = std::max(largest, spectrum[k]);
+  for (int k = 2; k <= eeg::reportedIndexes; ++k) largest = std::max(largest, spectrum[k]);
   return largest;
 }
 
@@ -56,7 +62,7 @@ TEST(MeanToTenth, NoBlockIsADivisionByZero) {
 }
 
 TEST(Bands, LimitsAndSizesOfTheFourBands) {
-  const std::pair<Band, int> bands[] = {{deltaBand, 7}, {thetaBand, 9}, {alphaBand, 10}, {betaBand, 38}};
+  const std::pair<IndexRange, int> bands[] = {{deltaBand, 7}, {thetaBand, 9}, {alphaBand, 10}, {betaBand, 38}};
   int next = 1;
   for (const auto& [band, size] : bands) {
     EXPECT_EQ(band.first, next);
@@ -67,7 +73,7 @@ TEST(Bands, LimitsAndSizesOfTheFourBands) {
 }
 
 TEST(BandMaximum, SeesBothEndsOfItsBandAndNothingBeyond) {
-  for (const Band band : {deltaBand, thetaBand, alphaBand, betaBand}) {
+  for (const IndexRange band : {deltaBand, thetaBand, alphaBand, betaBand}) {
     for (const int inside : {band.first, band.last}) {
       ReportSpectrum spectrum;
       spectrum[inside] = 7.5F;
@@ -88,7 +94,7 @@ TEST(BandMaximum, IsFlooredToOneDecimalAndNeverBelowZero) {
 
 TEST(BandMean, IsTheSumOverTheNumberOfIndexesFlooredToOneDecimal) {
   struct Case {
-    Band band;
+    IndexRange band;
     float value;  ///< of the first index; the others are 0
     std::int64_t mean;
   };
@@ -104,14 +110,14 @@ TEST(BandMean, IsTheSumOverTheNumberOfIndexesFlooredToOneDecimal) {
 }
 
 TEST(BandMean, EqualValuesHaveThatMean) {
-  for (const Band band : {deltaBand, thetaBand, alphaBand, betaBand})
+  for (const IndexRange band : {deltaBand, thetaBand, alphaBand, betaBand})
     for (int tenths = 1; tenths <= 500; ++tenths)
       EXPECT_EQ(bandMean(flat(static_cast<float>(tenths) / 10), band).count(), tenths * 1000) << tenths;
 }
 
 TEST(LevelCoherence, TheMeanOfTheSpectrumBecomesThePairsCoherence) {
   ReportSpectrum spectrum;
-  for (int k = 1; k <= reportBins; ++k) spectrum[k] = static_cast<float>(k - 20);
+  for (int k = 1; k <= eeg::reportedIndexes; ++k) spectrum[k] = static_cast<float>(k - 20);
   levelCoherence(spectrum, 43.5F);
   EXPECT_NEAR(meanOf(spectrum), 43.5, 1e-4);
   EXPECT_EQ(spectrum[2] - spectrum[1], 1);
@@ -225,7 +231,7 @@ TEST(ComputeReportSpectra, TheHeaderNamesFileSubjectDayAndScale) {
 
 TEST(ComputeBandValues, EveryBandOfEveryChannelHasItsOwnValue) {
   HeadlessReport program;
-  const Band bands[] = {deltaBand, thetaBand, alphaBand, betaBand};
+  const IndexRange bands[] = {deltaBand, thetaBand, alphaBand, betaBand};
   for (int channel = 1; channel <= 4; ++channel)
     for (int band = 0; band < 4; ++band)
       for (int k = bands[band].first; k <= bands[band].last; ++k)
