@@ -1,6 +1,7 @@
 #include <optional>
 #include <string>
 
+#include "device/frame_decoder.h"
 #include "device/line_steps.h"
 #include "frame/main_state.h"
 #include "platform/serial_port.h"
@@ -9,9 +10,8 @@
 namespace korvinel {
 namespace {
 
-constexpr int bytesPerBlock = 1024;
-constexpr double blockTimeout = 4.0;  // seconds
-constexpr int mostRestarts = 3;       // without a question, for one block
+constexpr int bytesPerBlock = instrumentStream.bytesPerBlock();
+constexpr int mostRestarts = 3;  // without a question, for one block
 
 void restartStream(MainState& state, const std::string& reason) {
   tellOfDoubt(state, reason);
@@ -36,7 +36,7 @@ std::optional<std::string> waitForBlock(MainState& state) {
         return bytes;  // a cable pulled out since the look gives fewer
       }
     }
-    if (state.host.clock.seconds() - state.readStartTime > blockTimeout) return std::nullopt;
+    if (state.host.clock.seconds() - state.readStartTime > instrumentStream.blockTimeout()) return std::nullopt;
   }
 }
 
@@ -59,17 +59,6 @@ void askToRestartStream(MainState& state) {
   state.sendStartCommand();
 }
 
-/// Frames of 4 bytes, channel 1 to 4. What has come beyond the block is dropped.
-void decodeBlock(MainState& state, const std::string& bytes) {
-  state.streamPosition = 0;
-  for (int sample = 1; sample <= state.samplesPerBlock; ++sample)
-    for (int channel = 1; channel <= 4; ++channel) {
-      state.streamPosition += 1;
-      state.sampleBlock[channel][sample] =
-          static_cast<float>(static_cast<unsigned char>(bytes.at(static_cast<std::size_t>(state.streamPosition) - 1)));
-    }
-}
-
 }  // namespace
 
 void MainState::readBlock() {
@@ -80,7 +69,7 @@ void MainState::readBlock() {
     if (endRequested == 1 || stopRequested == 1) return;
     askToRestartStream(*this);
   }
-  decodeBlock(*this, *block);
+  streamPosition = decodeFrames(*block, instrumentStream, sampleBlock);  // what has come beyond the block is dropped
   smoothBlock();
   checkArtefacts();
   if (endRequested == 1 || stopRequested == 1) return;

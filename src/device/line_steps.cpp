@@ -1,5 +1,6 @@
 #include "device/line_steps.h"
 
+#include "device/frame_decoder.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
 #include "platform/line_watch.h"
@@ -13,8 +14,6 @@ namespace {
 using platform::Colour;
 
 constexpr auto lineSettings = "19200,N,8,1";
-constexpr int receiveBufferBytes = 1600;
-constexpr int bytesPerFrame = 4;
 constexpr double drainTimeout = 2.0;  // seconds
 
 template <typename Step>
@@ -42,7 +41,7 @@ bool openPort(MainState& state) {
     port.select(state.serialPort);
     port.setSettings(lineSettings);
     port.setReadLength(1);
-    port.setReceiveBuffer(receiveBufferBytes);
+    port.setReceiveBuffer(instrumentStream.receiveBufferBytes());
     port.open();
     state.lineFault.clear();
   });
@@ -73,7 +72,7 @@ void findFramesAnew(MainState& state) {
     state.framesCut = 1;
     tellOfDoubt(state, "un gruppo di campioni è rimasto incompleto");
   }
-  port.expectFrames(bytesPerFrame, silent);
+  port.expectFrames(instrumentStream.bytesPerFrame(), silent);
 }
 
 void tellOfDoubt(MainState& state, const std::string& reason) {
