@@ -48,6 +48,7 @@ void setCaptions(ReportState& state) {
 }  // namespace
 
 void ReportState::loadReport() {
+  reached = ReportStep::none;
   printMaker(*this);
   reportBinCount = 64;
   microvoltScale = 30;
@@ -59,10 +60,15 @@ void ReportState::loadReport() {
   showInterval(*this);
   setCaptions(*this);
   computeReportSpectra();
+  reached = ReportStep::spectra;
   fitNoiseCurve();
+  reached = ReportStep::noise;
   drawSpectraAndCoherence();
+  reached = ReportStep::graphs;
   drawBandValues();
+  reached = ReportStep::bandValues;
   buildVerdicts();
+  reached = ReportStep::verdicts;
 }
 
 }  // namespace korvinel

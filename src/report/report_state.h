@@ -12,6 +12,9 @@
 
 namespace korvinel {
 
+/// How far loadReport has come: each step stands for itself and those before it.
+enum class ReportStep { none, spectra, noise, graphs, bandValues, verdicts };
+
 /// The report window's record. It lives as long as the window; its operations take no arguments and return nothing.
 /// Channels 1..4 are F1, F2, T5, T6; pairs 1..4 are F1-F2, T5-T6, F1-T5, F2-T6. Row 0 of channels and pairs is unused.
 /// The histories and the interval are read once, by loadReport: later changes in the main window do not show.
@@ -35,6 +38,8 @@ struct ReportState {
   platform::Colour backgroundColour = platform::Colour::windowBackground;
   std::string reportDate;                ///< day on which the report is made, "dd/mm/yyyy"
   Bounded<std::string, 14> reportLines;  ///< 1..4: header; 6, 7: alpha; 9, 10: symmetry; 12, 13: coherence
+
+  ReportStep reached = ReportStep::none;  ///< the last step of loadReport that was completed
 
   // Statistics of the interval: report/statistics.cpp, report/noise_curve.cpp
   Bounded<float, 4, 66> meanSpectrum;       ///< [channel][index 1..64], microvolts, one decimal

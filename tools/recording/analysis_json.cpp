@@ -34,21 +34,20 @@ Json commentsOf(const ProgramValues& shared) {
 
 Json reportJson(const Workbench& bench) {
   const ReportState& report = bench.report;
-  const ReportProgress came = progressOf(bench);
   Json json = {{"first", static_cast<int>(bench.shared.analysisFirstBlock)},
                {"last", static_cast<int>(bench.shared.analysisLastBlock)}};
-  if (came.spectra) {
+  if (report.reached >= ReportStep::spectra) {
     json["meanSpectrum"] = rowsJson(report.meanSpectrum, eeg::reportedIndexes);
     json["coherenceSpectrum"] = rowsJson(report.coherenceSpectrum, eeg::reportedIndexes);
     json["pairCoherence"] = rowJson(report.pairCoherence, 4);
   }
-  if (came.bands)
+  if (report.reached >= ReportStep::bandValues)
     for (const auto& [name, values] : bandsOf(report)) json[name] = rowJson(*values, 4);
-  if (came.noise) {
+  if (report.reached >= ReportStep::noise) {
     json["noiseCurve"] = rowsJson(report.noiseCurve, eeg::reportedIndexes);
     json["noiseExponent"] = exponentsOf(report);
   }
-  if (came.verdicts) {
+  if (report.reached >= ReportStep::verdicts) {
     json["reportLines"] = linesOf(report);
     json["commentScores"] = rowJson(report.commentScores, 6);
     json["commentTexts"] = commentsOf(bench.shared);
@@ -58,14 +57,6 @@ Json reportJson(const Workbench& bench) {
 }
 
 }  // namespace
-
-/// Read off what the report shows: each step leaves its mark on the window's models.
-ReportProgress progressOf(const Workbench& bench) {
-  const platform::Surface& panel = bench.reportWindow.spectrum1;
-  const bool drawn = !panel.marks().empty();
-  const bool spectra = !bench.report.reportLines[1].empty();
-  return {spectra, spectra && drawn, spectra && drawn && panel.texts().size() > 1, !bench.reportFault.has_value()};
-}
 
 std::string reportError(const Workbench& bench) {
   if (!bench.reportFault) return "";

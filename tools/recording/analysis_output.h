@@ -16,12 +16,6 @@ namespace korvinel::tool {
 /// The same as tables: file name and content (CSV, a header line each).
 [[nodiscard]] std::vector<std::pair<std::string, std::string>> analysisTables(const Workbench& bench);
 
-/// How far a report came before a fault ended it.
-struct ReportProgress {
-  bool spectra, noise, bands, verdicts;
-};
-[[nodiscard]] ReportProgress progressOf(const Workbench& bench);
-
 /// The fault in a word or two, "" without one.
 [[nodiscard]] std::string reportError(const Workbench& bench);
 

@@ -107,15 +107,15 @@ std::string reportTextsTable(const Workbench& bench) {
 
 std::vector<std::pair<std::string, std::string>> analysisTables(const Workbench& bench) {
   const int blocks = bench.scannedBlocks();
-  const ReportProgress came = progressOf(bench);
+  const ReportStep reached = bench.report.reached;
   std::vector<std::pair<std::string, std::string>> tables = {
       {"spectra.csv", historyTable(bench.shared.spectrumHistory, blocks, "channel", channelNames)},
       {"coherence-spectra.csv", historyTable(bench.shared.coherenceSpectrumHistory, blocks, "pair", pairNames)},
       {"synchrony.csv", synchronyTable(bench)},
       {"mean-coherence.csv", meanCoherenceTable(bench.state)}};
-  if (came.noise) tables.emplace_back("report-spectra.csv", reportSpectraTable(bench.report));
-  if (came.bands) tables.emplace_back("report-bands.csv", reportBandsTable(bench.report));
-  if (came.verdicts) tables.emplace_back("report-texts.csv", reportTextsTable(bench));
+  if (reached >= ReportStep::noise) tables.emplace_back("report-spectra.csv", reportSpectraTable(bench.report));
+  if (reached >= ReportStep::bandValues) tables.emplace_back("report-bands.csv", reportBandsTable(bench.report));
+  if (reached >= ReportStep::verdicts) tables.emplace_back("report-texts.csv", reportTextsTable(bench));
   return tables;
 }
 

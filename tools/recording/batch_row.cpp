@@ -35,13 +35,13 @@ std::string fields(const std::string& recording, const Workbench& bench, const s
   line.add(static_cast<int>(bench.state.noteCount)).add(static_cast<int>(bench.shared.fileBlockCount));
   line.add(static_cast<int>(bench.shared.analysisFirstBlock)).add(static_cast<int>(bench.shared.analysisLastBlock));
   for (int pair = 1; pair <= 4; ++pair) line.add(bench.state.syncAverage[pair]);
-  const ReportProgress came = progressOf(bench);
-  if (came.bands)
+  const ReportStep reached = bench.report.reached;
+  if (reached >= ReportStep::bandValues)
     addReport(line, bench);
   else
     addBlanks(line, reportColumns());
   for (int i = 1; i <= 6; ++i)
-    if (came.verdicts)
+    if (reached >= ReportStep::verdicts)
       line.add(bench.report.commentScores[i]);
     else
       line.add("");
