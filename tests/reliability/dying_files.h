@@ -35,7 +35,7 @@ class DyingFiles : public platform::Files {
   }
   std::unique_ptr<platform::OutputFile> createNew(const std::string& path) override {
     step();
-    lengths_[path] = synchronised_[path] = 0;
+    lengths_[path] = {};
     return std::make_unique<Output>(*this, path, real_.createNew(path));
   }
   std::unique_ptr<platform::OutputFile> openForAppending(const std::string& path) override {
