@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QPixmapCache>
 #include <QProxyStyle>
 #include <QToolTip>
 #include <QTranslator>
@@ -28,6 +29,12 @@ class CalmStyle : public QProxyStyle {
     return usual * widget->font().pixelSize() / usualLetters;
   }
 };
+
+/// The style keeps a picture of every part that it paints, under a name that holds the number of the window's palette
+/// or of the icon, which are new in every window. The toolkit (6.4) forgets old pictures but no name, not even where it
+/// is told to forget everything: each list of files, box and report left kilobytes. A picture that is not kept has no
+/// name.
+void keepNoPaintedParts() { QPixmapCache::setCacheLimit(0); }
 
 /// The toolkit's own words, such as the headings of the file dialog and the context menus.
 void speakItalian() {
@@ -72,6 +79,7 @@ void applyAppearance() {
   QToolTip::setPalette(calmColours());
   QApplication::setFont(calmLetters());
   QToolTip::setFont(calmLetters());
+  keepNoPaintedParts();
   speakItalian();
 }
 
