@@ -10,10 +10,11 @@ namespace {
 int smallestOf(const QFont& font) { return std::max(1, font.pixelSize() * 3 / 4); }
 
 /// Where the lines of a text begin in a width.
-std::vector<int> lineStarts(const QFont& font, const QString& text, int width) {
+std::vector<int> lineStarts(const QFont& font, const QString& text, int width,
+                            QTextOption::WrapMode breaks = QTextOption::WrapAtWordBoundaryOrAnywhere) {
   QTextLayout layout(text, font);
   QTextOption option;
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  option.setWrapMode(breaks);
   layout.setTextOption(option);
   std::vector<int> starts;
   layout.beginLayout();
@@ -33,6 +34,10 @@ QStringList cutAt(const QString& text, const std::vector<int>& starts) {
 }
 
 }  // namespace
+
+QStringList brokenLines(const QFont& font, const QString& text, int width, QTextOption::WrapMode breaks) {
+  return cutAt(text, lineStarts(font, text, width, breaks));
+}
 
 QFont fittedFont(QFont font, const QString& text, const QSize& room) {
   const auto fits = [&] {

@@ -5,6 +5,7 @@
 #include <QToolTip>
 
 #include "platform/qt/help.h"
+#include "platform/qt/placed_text.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/surface_painter.h"
 
@@ -38,10 +39,23 @@ void SurfaceView::refresh() {
   if (onRefreshed) onRefreshed();
 }
 
+QString SurfaceView::longTextAt(const QPoint& place) const {
+  if (!surface_.textsStay()) return {};
+  for (const Mark& mark : surface_.marks()) {
+    if (mark.kind != Mark::Kind::text) continue;
+    const PlacedText text = placedText(surface_, mark, font(), size());
+    if ((text.rows.size() > 1 || !text.whole) && text.cell.contains(place)) return toQt(mark.text);
+  }
+  return {};
+}
+
 /// The widget has no tool tip of its own: where nothing is printed, that would be read out as its text.
 bool SurfaceView::event(QEvent* event) {
-  if (event->type() != QEvent::ToolTip || whatsThis().isEmpty()) return QWidget::event(event);
-  QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), inLines(whatsThis()), this);
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto& asked = *static_cast<const QHelpEvent*>(event);
+  const QString text = longTextAt(asked.pos());
+  if (text.isEmpty() && whatsThis().isEmpty()) return QWidget::event(event);
+  QToolTip::showText(asked.globalPos(), inLines(text.isEmpty() ? whatsThis() : text), this);
   return true;
 }
 

@@ -10,8 +10,8 @@
 namespace korvinel::platform {
 
 /// Shows a surface at the true pixels of its widget; many changes in a row are painted at once. Its texts are the
-/// widget's accessible description, a line each, so its help is told as "What's this" and by the mouse alone. The
-/// surface must outlive it.
+/// widget's accessible description, a line each, so its help is told as "What's this" and by the mouse alone. Over a
+/// text that has not found place in one row the mouse tells it whole. The surface must outlive it.
 class SurfaceView : public QWidget {
  public:
   explicit SurfaceView(Surface& surface, QWidget* parent = nullptr);
@@ -28,6 +28,7 @@ class SurfaceView : public QWidget {
 
  private:
   void refresh();
+  [[nodiscard]] QString longTextAt(const QPoint& place) const;
 
   Surface& surface_;
   QTimer refreshTimer_;

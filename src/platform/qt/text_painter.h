@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QFont>
 #include <QPainter>
 #include <QRectF>
 #include <span>
 #include <vector>
 
+#include "platform/qt/placed_text.h"
 #include "platform/surface.h"
 
 namespace korvinel::platform {
@@ -24,14 +24,11 @@ class TextPainter {
   void paint(const Mark& mark, std::span<const Mark> below);
 
  private:
-  [[nodiscard]] QFont fontFor(const QString& text, qreal lineHeight, qreal room) const;
-  QString fit(const QString& text, qreal lineHeight, qreal room);
-  [[nodiscard]] QRectF cellOf(const Mark& mark, QString& text);
   [[nodiscard]] QRectF pixels(const Mark& mark) const;
   [[nodiscard]] Rgb groundUnder(const QRectF& cell, std::span<const Mark> below) const;
   [[nodiscard]] bool standsOnLetters(const QRectF& cell) const;
   [[nodiscard]] bool standsOnMarks(const QRectF& cell, Rgb ground, std::span<const Mark> below) const;
-  void paintHalo(const QRectF& cell, const QString& text, Rgb colour);
+  void paintHalo(const PlacedText& text, Rgb colour);
 
   QPainter& painter_;
   const Surface& surface_;
