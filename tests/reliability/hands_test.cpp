@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <map>
@@ -10,11 +11,12 @@
 #include "frame/fault_sentence.h"
 #include "head_blocks.h"
 #include "headless_report.h"
+#include "ledger.h"
 #include "recording/data_paths.h"
 #include "recordings.h"
 
 /// A user who presses, types, drags and answers at random, in whatever state the program is. After every act the
-/// program's state has to make sense; now and then Stop and End have to work.
+/// program's state has to make sense; in the end it has to end, with everything that was recorded at home.
 namespace korvinel {
 namespace {
 
@@ -54,7 +56,7 @@ std::map<std::string, std::string> filesAtTheBeginning() {
 
 const std::vector<std::string> texts{
     "",   "prova", "a",   "Rossi", "lungo",   "LUNGO.QVD",          "x\"y,z", "nota con accento \xC3\xA0", "C:\\altro",
-    "90", "-5",    "100", "130,5", "novanta", std::string(300, 'n')};
+    "90", "70",    "100", "130,5", "novanta", std::string(300, 'n')};
 
 /// A program under random hands, from its start to its end.
 class Monkey {
@@ -66,6 +68,10 @@ class Monkey {
     program_.host.edge.onFault = [this](const std::exception& fault) { judge(fault); };
     program_.state.startUp();
     program_.host.instrument.idleBlock = dice_.from(blocks());
+    program_.host.time.onStep = [this, others = program_.host.time.onStep] {
+      others();
+      ledger_.watch();
+    };
   }
 
   /// Returns how many acts were left when the program ended.
@@ -77,6 +83,8 @@ class Monkey {
       if (!ended() && actsLeft_ == before) ADD_FAILURE() << "nothing more is done: " << lastActs();
     }
     if (!testing::Test::HasFailure()) bringToItsEnd();
+    ledger_.expectAllHome(lastActs());
+    seen_["recordings"] += ledger_.count();
     return actsLeft_;
   }
 
@@ -162,8 +170,25 @@ class Monkey {
     return text + "\n  at " + std::to_string(program_.host.time.seconds());
   }
 
+  /// An examination that has a chance: a new name, and often a recording.
+  void beginExamination() {
+    MainWindow& window = program_.window;
+    window.Stopd1.press();
+    window.fileNameBox.type("n" + std::to_string(dice_.below(60)));
+    window.subjectBox.type(dice_.oneIn(2) ? "Rossi" : "Bianchi");
+    window.Starts1.press();
+    if (dice_.oneIn(3)) return;
+    window.Registra.press();
+  }
+
   void pressSomething() {
     MainWindow& window = program_.window;
+    if (dice_.oneIn(10)) return beginExamination();
+    if (program_.state.acquisitionRunning == 1 && dice_.oneIn(4)) return window.Registra.press();
+    if (program_.state.acquisitionRunning == 1 && dice_.oneIn(8)) {
+      program_.host.dialogs.inputs.assign(1, "70");
+      return window.Artefact.press();
+    }
     // A print that was once confirmed asks again after every replay until it is cancelled.
     if (program_.state.printRequested == 1 && dice_.oneIn(2)) program_.host.dialogs.choices.assign(30, Choice::cancel);
     const std::vector<platform::Button*> often{&window.Starts1, &window.Starts1,  &window.Registra, &window.Annotax,
@@ -174,9 +199,29 @@ class Monkey {
     if (dice_.oneIn(150)) return window.Endx1.press();
     if (dice_.oneIn(150)) return program_.host.edge.run([&] { (void)program_.state.closeWindow(); });
     if (dice_.oneIn(8)) return window.ocularCheck.click();
+    if (program_.state.fileLoopRunning == 1 && dice_.oneIn(4)) return pressDuringAReplay();
     const platform::Button& button = dice_.oneIn(2) ? *dice_.from(often) : *dice_.from(all);
     remember(button.name());
     button.press();
+  }
+
+  /// A print, and what may be begun while it waits for its image.
+  void pressDuringAReplay() {
+    MainWindow& window = program_.window;
+    program_.host.dialogs.choices.assign(30, Choice::ok);
+    remember("print, Stop, Start during a replay");
+    window.Stampa.press();
+    if (dice_.oneIn(2)) window.Stopd1.press();
+    if (dice_.oneIn(2)) window.Starts1.press();
+  }
+
+  void confirmNote() {
+    platform::TextBox& box = program_.window.noteBox;
+    const bool kept = box.enabled() && program_.state.recordingActive == 1 && program_.state.assembling == 0;
+    if (kept && dice_.oneIn(2)) box.type("nota " + std::to_string(dice_.below(1'000'000)));
+    const std::string text = box.text();
+    box.pressKey(13);
+    if (kept && text.starts_with("nota ") && box.text().empty()) ledger_.noteConfirmed(text);
   }
 
   void typeSomething() {
@@ -185,7 +230,7 @@ class Monkey {
       case 0: return window.fileNameBox.type(dice_.oneIn(3) ? dice_.from(texts) : "n" + std::to_string(dice_.below(9)));
       case 1: return window.subjectBox.type(dice_.from(texts));
       case 2: return window.noteBox.type(dice_.from(texts));
-      default: return window.noteBox.pressKey(dice_.oneIn(4) ? 65 : 13);
+      default: return dice_.oneIn(4) ? window.noteBox.pressKey(65) : confirmNote();
     }
   }
 
@@ -225,14 +270,41 @@ class Monkey {
   /// What goes wrong beside the user.
   void disturb() {
     auto& host = program_.host;
-    switch (dice_.below(8)) {
+    switch (dice_.below(10)) {
       case 0: return host.instrument.goSilent();
       case 1: return dice_.oneIn(3) ? host.serialPort.unplug() : host.serialPort.plugIn();
       case 2: host.instrument.answer = dice_.from(std::vector<std::string>{"OK", "OK", "OK", "", "KO", "OKOK"}); return;
       case 3: host.files.readOnly = dice_.oneIn(4); return;
       case 4: host.files.freeSpace = dice_.oneIn(3) ? dice_.below(20'000) : 1'000'000'000; return;
-      case 5: host.files.content.erase(dice_.oneIn(5) ? temporaryPath : std::string(dataFolder) + "n1.QVD"); return;
+      case 5:
+      case 6: return disturbTheFiles();
+      case 7: host.files.failingAt.clear(); return;
       default: host.instrument.idleBlock = dice_.from(blocks()); host.serialPort.plugIn();
+    }
+  }
+
+  /// What another program does to the files.
+  void disturbTheFiles() {
+    auto& files = program_.host.files;
+    const std::string any = "n" + std::to_string(dice_.below(60)) + ".QVD";
+    const std::string data = dataFolder + (dice_.oneIn(2) ? any : program_.shared.dataFileName);
+    if (!data.ends_with(".QVD")) return;
+    remember("files " + data);
+    switch (dice_.below(5)) {
+      case 0: files.content.erase(temporaryPath); return;
+      case 1:
+        files.content.erase(data);
+        ledger_.fileErased(data);
+        return;
+      case 2:
+        if (!files.content.contains(data)) files.content[data] = wholeFile(2);
+        return;
+      case 3:
+        if (files.content.contains(temporaryPath)) files.content[temporaryPath] = dice_.oneIn(2) ? "" : wholeFile(1);
+        return;
+      default:
+        for (const auto& [path, bytes] : files.content)
+          if (dice_.oneIn(4)) files.failingAt[path] = static_cast<std::size_t>(dice_.below(100'000));
     }
   }
 
@@ -274,7 +346,8 @@ class Monkey {
     seen_["report open"] += static_cast<int>(!program_.host.windows.asked.empty());
     if (state.recordingArmed == 1 && state.recordingActive == 0)
       ADD_FAILURE() << "armed without recording\n" << lastActs();
-    if (state.recordingActive == 1 && state.fileLoopRunning == 1)
+    // A loop whose file Start has taken away may still have to unwind.
+    if (state.recordingActive == 1 && state.readHandle != nullptr)
       ADD_FAILURE() << "a file is read while another is recorded\n" << lastActs();
   }
 
@@ -306,21 +379,35 @@ class Monkey {
       if (surface->marks().size() > platform::Surface::foldingSize) ADD_FAILURE() << surface->name() << " grows";
   }
 
-  /// Stop ends whatever runs within two turns, and End ends the program.
+  /// Often in mid-examination, with blocks that are rejected.
+  void makeItHard() {
+    auto& host = program_.host;
+    if (dice_.oneIn(2)) host.edge.run([&] { beginExamination(); });
+    if (dice_.oneIn(2)) host.instrument.idleBlock = std::string(1024, '\xFF');
+    if (dice_.oneIn(2)) program_.state.artefactThreshold = 70;
+    host.time.runFor(dice_.below(100) / 10.0);
+  }
+
+  /// End or the closing of the window ends the program within a turn, whatever runs; if the hands are simply taken
+  /// away, it goes on by itself until the window is closed.
   void bringToItsEnd() {
     auto& host = program_.host;
-    host.serialPort.plugIn();
     host.dialogs.whileOpen = {};
-    host.dialogs.choices.assign(50, Choice::ok);
-    host.instrument.answer = "OK";
-    for (int turn = 0; turn < 4 && !ended(); ++turn) {
-      program_.window.Stopd1.press();
-      host.time.runFor(8);
+    host.dialogs.choices.assign(500, Choice::ok);
+    const int way = dice_.below(3);
+    ++seen_[way == 0 ? "ends: End" : way == 1 ? "ends: closed" : "ends: left alone, then closed"];
+    makeItHard();
+    if (way == 2) {
+      host.serialPort.plugIn();
+      host.instrument.answer = "OK";
+      host.time.runFor(20);
     }
     if (ended()) return;
-    EXPECT_FALSE(program_.state.acquisitionPending()) << lastActs();
-    EXPECT_EQ(program_.state.fileLoopRunning, 0) << lastActs();
-    program_.window.Endx1.press();
+    if (way == 0)
+      program_.window.Endx1.press();
+    else
+      host.edge.run([&] { (void)program_.state.closeWindow(); });
+    host.time.runFor(12);
     EXPECT_TRUE(ended()) << lastActs();
   }
 
@@ -331,6 +418,7 @@ class Monkey {
   std::set<std::string> openBoxes_;
   std::map<std::string, int> seen_;
   HeadlessReport program_;
+  Ledger ledger_{program_};
 };
 
 TEST(Hands, RandomOnesLeaveTheProgramInASoundState) {
@@ -338,15 +426,17 @@ TEST(Hands, RandomOnesLeaveTheProgramInASoundState) {
   int left = campaign::size(8'000, 100'000), deepest = 0;
   std::map<std::string, int> seen;
   while (left > 0 && !testing::Test::HasFailure()) {
-    const auto monkey = std::make_unique<Monkey>(dice, left);
-    left = monkey->play();
+    const int life = std::min(left, dice.between(20, 150));
+    const auto monkey = std::make_unique<Monkey>(dice, life);
+    left -= life - monkey->play();
     deepest = std::max(deepest, monkey->deepest());
     for (const auto& [what, count] : monkey->seen()) seen[what] += count;
     ++seen["programs"];
   }
   for (const auto& [what, count] : seen) std::printf("%7d  %s\n", count, what.c_str());
   EXPECT_LT(deepest, 30) << "acts within acts";
-  for (const char* state : {"acquisitionRunning", "recordingActive", "replayActive", "file loop", "report open"})
+  for (const char* state : {"acquisitionRunning", "recordingActive", "replayActive", "file loop", "report open",
+                            "recordings", "ends: End", "ends: closed", "ends: left alone, then closed"})
     EXPECT_GT(seen[state], 0) << state << " was never reached";
 }
 
