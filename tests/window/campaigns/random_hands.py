@@ -2,8 +2,9 @@
 
     /usr/bin/python3 random_hands.py BUILD_FOLDER [MINUTES [SEED]]
 
-The program may end (End is one of the buttons), but never by a crash; it is then started again. Ends with
-"N passed, N failed".
+Each program lives for some acts. Then it is asked to end: by End, by closing its window, or by nothing for a while and
+then by closing. It has to end, never by a crash, and to leave whole recordings and no temporary file. Then the next one is started.
+Ends with "N passed, N failed".
 """
 import os
 import random
@@ -12,20 +13,23 @@ import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), '..'))
 import driver
+import recording_file
 
 BUTTONS = ['Start', 'Start', 'Stop', 'Registra', 'Annota', 'Canali', 'Artefatti', 'Apri File', 'Display', 'Analisi',
            'Stampa']
 REPORT_BUTTONS = ['Numeri', 'Spiega', 'Commenti', 'Calcolo valori max banda', 'Calcolo valori medi banda']
 SLIDERS = ['Blocco iniziale', 'Scala in microvolt', "Velocita' del display", 'Scala del rapporto in microvolt']
-TEXTS = ['', 'prova', 'a"b,c', '100', '-5', 'novanta', "Niccolo' Rossi", 'x' * 200, 'accento \u00e0\u00e8']
+WAYS_TO_END = ['End', 'close', 'nothing, then close']
+TEXTS = ['', 'prova', 'a"b,c', '100', '70', '-5', 'novanta', "Niccolo' Rossi", 'x' * 200, 'accento \u00e0\u00e8']
 KEYS = ['Return', 'Escape', 'Tab', 'Tab', 'space', 'Left', 'Right', 'Home', 'End', 'Page_Down', 'x', 'alt+F4']
 
 
 class Hands:
     def __init__(self, desktop, seed):
         self.desktop, self.dice = desktop, random.Random(seed)
-        self.acts = self.starts = self.faults = 0
+        self.acts = self.starts = self.faults = self.life = self.recordings = 0
         self.program = None
+        self.ends = dict.fromkeys(WAYS_TO_END, 0)
 
     def play(self, minutes):
         end = time.monotonic() + 60 * minutes
@@ -33,13 +37,21 @@ class Hands:
             if self.program is None:
                 self.program = self.desktop.start_program([driver.KORVINEL])
                 self.starts += 1
+                self.life = self.dice.randrange(30, 150)
+            if self.life == 0:
+                self.end_program()
+                continue
+            self.life -= 1
             self.act()
             self.acts += 1
             self.look()
 
     def act(self):
+        self.try_to(self.choose())
+
+    def try_to(self, act):
         try:
-            self.choose()()
+            act()
         except Exception as error:  # an object that has just gone, or a box in front of it
             if type(error).__name__ not in ('Error', 'GError', 'TimeoutError', 'StopIteration', 'AttributeError',
                                             'CalledProcessError'):
@@ -89,40 +101,63 @@ class Hands:
     def let_go_by(self):
         time.sleep(self.dice.choice([0.1, 0.5, 3.2]))
 
+    def end_program(self):
+        """By each of the three ways as often; boxes in front are answered first."""
+        way = WAYS_TO_END[sum(self.ends.values()) % 3]
+        self.ends[way] += 1
+        if way.startswith('nothing'):
+            time.sleep(8)
+        end = time.monotonic() + 60
+        while time.monotonic() < end and self.program.process.poll() is None:
+            for step in (self.answer, lambda: self.program.press('End') if way == 'End' else driver.keys('alt+F4')):
+                self.try_to(step)
+                time.sleep(0.3)
+        if self.program.process.poll() is None:
+            self.fault('the program did not end by: ' + way)
+            print('\n'.join(self.program.tree()))
+            self.desktop.screenshot('random-hands-stuck')
+            self.program.process.kill()
+            self.program.process.wait()
+            self.program = None
+            return
+        self.look()
+
+    def fault(self, text):
+        self.faults += 1
+        print('%s, after %d acts' % (text, self.acts))
+
     def look(self):
-        """A program that has ended may have done so only by its own exit."""
+        """A program that has ended may have done so only by its own exit, with its recordings at home."""
         code = self.program.process.poll()
         if code is None:
             return
         if code != 0:
-            self.faults += 1
-            print('the program ended with %d after %d acts' % (code, self.acts))
+            self.fault('the program ended with %d' % code)
         self.desktop.end(self.program.process)
         self.program = None
+        self.look_at_files()
 
-
-def still_works(hands):
-    """The last program answers: it stops whatever runs and ends."""
-    if hands.program is None:
-        return True
-    end = time.monotonic() + 60
-    while time.monotonic() < end and hands.program.process.poll() is None:
-        for act in (lambda: driver.keys('Escape'), hands.answer, lambda: hands.program.press('Stop'),
-                    lambda: hands.program.press('End')):
+    def look_at_files(self):
+        folder = os.path.join(os.environ['XDG_DATA_HOME'], 'korvinel/drive_c/QUARVEL5/DATAFILE')
+        names = os.listdir(folder)
+        for name in names:
+            if name.upper().startswith('TEMPOR1') and self.holds_blocks(os.path.join(folder, name)):
+                self.fault('a recording was left in ' + name)
+        recordings = [name for name in names if name.upper().endswith('.QVD')]
+        self.recordings = len(recordings)
+        for name in recordings:
             try:
-                act()
-            except Exception as error:
-                if type(error).__name__ not in ('Error', 'GError', 'TimeoutError', 'StopIteration', 'AttributeError'):
-                    raise
-            time.sleep(0.3)
-    if hands.program.process.poll() is None:
-        print('the program did not end when it was asked to')
-        print('\n'.join(hands.program.tree()))
-        hands.desktop.screenshot('random-hands-stuck')
-    code = hands.program.process.poll()
-    if code:
-        print('the program ended with %d when it was asked to end' % code)
-    return code == 0
+                recording = recording_file.Recording(os.path.join(folder, name))
+            except (ValueError, IndexError) as error:
+                self.fault('%s cannot be read: %s' % (name, error))
+                continue
+            if recording.rest != 0:
+                self.fault('%s ends in mid-block' % name)
+
+    @staticmethod
+    def holds_blocks(path):
+        with open(path, 'rb') as file:
+            return len(file.read().partition(b'\r\n')[2]) > 0
 
 
 def main():
@@ -135,11 +170,13 @@ def main():
         desktop.start_instrument(driver.INSTRUMENT, 1, '--model', 'eyes-closed', '--seed', '1')
         hands = Hands(desktop, seed)
         hands.play(minutes)
-        alive = still_works(hands)
-    print('%d acts, %d starts of the program, %d crashes' % (hands.acts, hands.starts, hands.faults))
-    failed = (hands.faults > 0) + (not alive)
-    print('%d passed, %d failed' % (2 - failed, failed))
-    sys.exit(failed > 0)
+        if hands.program is not None:
+            hands.end_program()
+    print('%d acts, %d starts of the program, %d recordings, %d faults; ended by %s' %
+          (hands.acts, hands.starts, hands.recordings, hands.faults, hands.ends))
+    failed = int(hands.faults > 0)
+    print('%d passed, %d failed' % (1 - failed, failed))
+    sys.exit(failed)
 
 
 if __name__ == '__main__':
