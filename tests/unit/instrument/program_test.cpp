@@ -31,7 +31,16 @@ class Program {
     posix_spawn_file_actions_adddup2(&actions, pipe[1], STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, pipe[1], STDERR_FILENO);
     // Where the program is missing there is no process: -1 would mean all of them to kill().
-    if (posix_spawn(&process_, pointers[0], &actions, nullptr, pointers.data(), environ) != 0) process_ = 0;
+    // Started with nohup, the test ignores SIGHUP, and so would the program.
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    sigset_t defaults;
+    sigemptyset(&defaults);
+    sigaddset(&defaults, SIGHUP);
+    posix_spawnattr_setsigdefault(&attributes, &defaults);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+    if (posix_spawn(&process_, pointers[0], &actions, &attributes, pointers.data(), environ) != 0) process_ = 0;
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     ::close(pipe[1]);
     output_ = pipe[0];
