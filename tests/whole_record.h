@@ -70,7 +70,7 @@ class WholeRecord {
   void counts() {
     const MainState& s = program_.state;
     const ProgramValues& v = program_.shared;
-    add("blockCount", s.blockCount), add("noteCount", s.noteCount);
+    add("blockCount", s.blockCount), add("noteCount", s.noteCount), add("openNote", s.openNote);
     add("pairToggleCount", s.pairToggleCount), add("artefactThreshold", s.artefactThreshold);
     add("channelPair", s.channelPair), add("analysisFirstBlock", v.analysisFirstBlock);
     add("analysisLastBlock", v.analysisLastBlock), add("replayStartBlock", v.replayStartBlock);

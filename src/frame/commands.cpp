@@ -21,6 +21,7 @@ void clearForStart(MainState& state) {
   state.intervalSelectable = state.recordingArmed = state.linkReady = state.endRequested = 0;
   state.stopRequested = state.acquisitionRunning = state.recordingActive = 0;
   state.messageAnswer = 0;
+  state.openNote = 0;  // one that was left open without a recording; its text is cleared, too
   state.readHandle.reset();
   state.window.startPicture.setVisible(false);
   state.host.tickTimer.setEnabled(false);

@@ -81,10 +81,11 @@ void MainState::noteKey(int key) {
   constexpr int enter = 13;
   const std::string text = window.noteBox.text();
   if (key != enter || text.empty()) return;
-  if (recordingActive == 1 && !storeNote(*this, text)) return;
+  const bool isKept = recordingActive == 1 && assembling == 0;  // the notes of a file being written stand in it already
+  if (isKept && !storeNote(*this, text)) return;
   showStatus(*this, recordingActive == 1 ? "Registrazione Attiva" : "Registrazione Disattiva");
   closeNoteBox(*this);
-  if (recordingActive != 1) tellNoteIsDropped(text);
+  if (!isKept) tellNoteIsDropped(text);
 }
 
 std::vector<std::string> MainState::notesToCarryOver() const {

@@ -212,6 +212,22 @@ TEST_F(NotesOfAnExamination, ATextThatStartClearsIsShownAsNotKept) {
   EXPECT_TRUE(window.messagePanel.shows(" prima di Start"));
 }
 
+TEST_F(NotesOfAnExamination, OneLeftOpenWithoutARecordingIsNoneOfTheNext) {
+  const std::string nobodysNotes = recordings::header();
+  acquire();
+  beginNote("");
+  stop();
+  window.Starts1.press();
+  program.acquireBlocks(1);
+  EXPECT_EQ(state.noteCount, 0);
+  window.Registra.press();
+  waitForRestart();
+  program.acquireBlocks(2);
+  stop();
+  const std::string& file = program.host.files.content[recordings::folder + "prova.QVD"];
+  EXPECT_EQ(file.substr(0, nobodysNotes.size()), nobodysNotes);
+}
+
 TEST_F(NotesOfAnExamination, NoneIsBegunWhileTheFileIsWritten) {
   record();
   beginNote("ultima");
@@ -277,6 +293,17 @@ TEST(NoteWithoutAnnota, IsTakenAtTheEndToo) {
   program.window.noteBox.type("sonno");
   program.acquireBlocks(1);
   EXPECT_TRUE(program.fileAfterStop().starts_with(recordings::header({{5, "sonno"}})));
+}
+
+TEST(NoteWithoutAnnota, ConfirmedWhileTheFileIsWrittenIsShownAsNotKept) {
+  BoxLeftEnabled program;
+  program.host.time.when([&] { return program.state.assembling == 1; },
+                         [&] {
+                           program.window.noteBox.type("tardi");
+                           program.window.noteBox.pressKey(13);
+                         });
+  EXPECT_TRUE(program.fileAfterStop().starts_with(recordings::header()));
+  EXPECT_TRUE(program.window.messagePanel.shows(" tardi"));
 }
 
 TEST(NoteWithoutAnnota, BeyondTheSixtiethIsToldAndNotSwallowed) {
