@@ -20,6 +20,9 @@ void restartStream(MainState& state, const std::string& reason) {
   state.readStartTime = state.host.clock.seconds();
 }
 
+/// Whoever has asked for the end is asked no more, and needs no stream.
+bool endIsAsked(const MainState& state) { return state.endRequested == 1 || state.stopRequested == 1; }
+
 /// Waits for a whole block and takes it with all that is waiting; nothing after the time-out. Where it is not certain
 /// that the bytes begin with channel 1 they are given up and the stream is restarted.
 std::optional<std::string> waitForBlock(MainState& state) {
@@ -30,7 +33,7 @@ std::optional<std::string> waitForBlock(MainState& state) {
     if (port.waiting() >= bytesPerBlock) {
       const std::string doubt = port.alignmentDoubt();
       if (!doubt.empty()) {
-        if (++restarts > mostRestarts) return std::nullopt;
+        if (++restarts > mostRestarts || endIsAsked(state)) return std::nullopt;
         restartStream(state, doubt);
       } else if (std::string bytes = port.read(); bytes.size() >= bytesPerBlock) {
         return bytes;  // a cable pulled out since the look gives fewer
@@ -65,14 +68,13 @@ void MainState::readBlock() {
   artefactFlag = 1;  // until a whole block has been checked there is none to accept
   std::optional<std::string> block;
   while (!(block = waitForBlock(*this))) {
-    // Whoever has asked for the end is not asked whether to go on.
-    if (endRequested == 1 || stopRequested == 1) return;
+    if (endIsAsked(*this)) return;
     askToRestartStream(*this);
   }
   streamPosition = decodeFrames(*block, instrumentStream, sampleBlock);  // what has come beyond the block is dropped
   smoothBlock();
   checkArtefacts();
-  if (endRequested == 1 || stopRequested == 1) return;
+  if (endIsAsked(*this)) return;
   if (artefactFlag == 1) rejectBlock();
 }
 

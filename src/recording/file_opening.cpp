@@ -120,6 +120,10 @@ ScanResult scan(MainState& state, std::string& readFault) {
     if (state.stopRequested == 1) return ScanResult::stopped;
     readFault = fault.what();
     return ScanResult::finished;
+  } catch (const std::exception&) {
+    // A scan that runs no more would keep Start, this command and the end of the program waiting.
+    if (!state.acquisitionPending()) state.acquisitionRunning = 0;
+    throw;
   }
 }
 

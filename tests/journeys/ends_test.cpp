@@ -63,6 +63,24 @@ TEST_P(EndOfAnExamination, AsksNothingMoreWhereTheInstrumentHasFallenSilent) {
   for (const auto& box : program.host.dialogs.shown) EXPECT_EQ(box.kind, "notice") << box.text;
 }
 
+int streamsStarted(const HeadlessProgram& program) {
+  const auto& history = program.host.serialPort.history();
+  return static_cast<int>(std::count_if(history.begin(), history.end(),
+                                        [](const std::string& event) { return event.starts_with("write 83 "); }));
+}
+
+TEST_P(EndOfAnExamination, StartsNoStreamAnewWhereTheChannelsAreInDoubt) {
+  HeadlessProgram program;
+  program.startAcquisition();
+  program.acquireBlocks(2);
+  const int before = streamsStarted(program);
+  ask(program, GetParam());
+  program.host.serialPort.overrun();
+  program.host.time.runFor(5);
+  EXPECT_TRUE(hasEnded(program, GetParam()));
+  EXPECT_EQ(streamsStarted(program), before);
+}
+
 INSTANTIATE_TEST_SUITE_P(Ways, EndOfAnExamination, testing::Values(Way::end, Way::stop, Way::close));
 
 TEST(EndOfAnExamination, ABlockThatIsReadAfterEndIsStillRecorded) {
@@ -149,6 +167,21 @@ TEST(ReadError, InTheMiddleOfAScanIsToldAndLeavesTheProgramUsable) {
     program.host.time.runFor(5);
     EXPECT_TRUE(program.host.edge.ended());
   }
+}
+
+TEST(ReadError, WhateverElseLeavesAScanTheProgramStaysUsable) {
+  FileProgram program;
+  program.host.time.onStep = [&] {
+    program.host.instrument.deliverIfPolled();
+    if (program.state.fileLoopRunning == 1 && program.state.blockCount == 3) throw std::bad_alloc();
+  };
+  program.open();
+  EXPECT_EQ(program.host.faults.size(), 1U);
+  EXPECT_EQ(program.state.acquisitionRunning, 0);
+  program.window.fileNameBox.type("nuovo");
+  program.window.Starts1.press();
+  program.acquireBlocks(1);
+  EXPECT_EQ(program.state.blockCount, 1);
 }
 
 TEST(ReadError, DuringAReplayIsToldAndLeavesTheProgramUsable) {
