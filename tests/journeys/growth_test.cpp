@@ -6,6 +6,7 @@
 
 #include "headless_report.h"
 #include "recordings.h"
+#include "reliability/campaign.h"
 
 namespace {
 
@@ -87,7 +88,7 @@ class Growth : public testing::Test {
 TEST_F(Growth, LookingAtAFileAgainAndAgainLeavesNothingBehind) {
   const Held early = heldAfter(10);
   EXPECT_EQ(program.shared.fileBlockCount, 5);
-  const Held late = heldAfter(40);
+  const Held late = heldAfter(campaign::size(40, 2'000));
   EXPECT_EQ(late.allocations, early.allocations);
   EXPECT_EQ(late.marks, early.marks);
 }
