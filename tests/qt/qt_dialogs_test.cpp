@@ -81,6 +81,8 @@ TEST_F(QtDialogsTest, AQuestionIsAnsweredByItsButtonsOrByClosingTheBox) {
   EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::cancel);
   act([](QDialog& box) { box.close(); });
   EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::cancel);
+  act([](QDialog& box) { box.reject(); });
+  EXPECT_EQ(dialogs.ask("Continuare?", "Error!"), Choice::cancel);
 }
 
 TEST_F(QtDialogsTest, AnInputGivesTheLineOrNothingOnCancel) {

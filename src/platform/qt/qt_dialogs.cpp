@@ -108,7 +108,8 @@ Choice QtDialogs::ask(const std::string& text, const std::string& title) {
   QAbstractButton* cancel = box.addButton("Cancel", QMessageBox::RejectRole);
   box.setEscapeButton(cancel);
   show(box);
-  return box.clickedButton() == cancel ? Choice::cancel : Choice::ok;
+  // A box that goes without a button pressed has not been agreed to.
+  return box.buttonRole(box.clickedButton()) == QMessageBox::AcceptRole ? Choice::ok : Choice::cancel;
 }
 
 std::string QtDialogs::input(const std::string& prompt, const std::string& title, ScreenPosition position) {
