@@ -7,10 +7,11 @@ namespace korvinel {
 constexpr int lowestGoodSample = 58;    ///< below it a sample is replaced
 constexpr int highestGoodSample = 198;  ///< above it a sample is replaced
 
-/// Fills the stretches of two channels that leave 58..198 with good signal of the same block. The reserve is every pair
-/// of samples that both lie strictly inside; each channel takes from its beginning in order, by its own count, and a
-/// pair taken goes into both channels. Beyond the reserve the mid level 128 is taken. A limit value itself is neither
-/// replaced nor gathered. `first`, `second`: samples at indexes 1..256. Returns whether anything was replaced.
+/// Replaces the samples of two channels that leave 58..198 by good signal of the same block. The reserve holds every
+/// pair of samples that both lie strictly inside; each channel takes pairs from its beginning in order, by its own
+/// count, and a pair taken replaces the samples of both channels. After the reserve is used up, the mid level 128 is
+/// taken. A sample at a limit is neither replaced nor put into the reserve. `first`, `second`: samples at indexes
+/// 1..256. Returns whether anything was replaced.
 bool fillFromReserve(Fixed* first, Fixed* second);
 
 }  // namespace korvinel

@@ -8,7 +8,7 @@ namespace korvinel {
 /// from the imaginary axis. phaseAngle(0, 0) is 0.
 [[nodiscard]] double phaseAngle(double a, double b);
 
-/// Arc tangent and cosine from basic arithmetic alone, within some units in the last place of a double: mathematics
+/// Arc tangent and cosine from basic arithmetic alone, within a few units in the last place of a double: mathematics
 /// libraries differ in the last bits, and results must be the same on every machine.
 [[nodiscard]] double arcTangent(double number);
 /// `angle`: -7..7 radians.

@@ -4,8 +4,8 @@
 
 namespace korvinel {
 
-/// The reference of `transform`, one butterfly after the other, for values of any size: what the fast ways must give
-/// bit by bit, and the way for values beyond their range. `re`, `im`: indexes 1..256.
+/// The reference for `transform`, one butterfly at a time, for values of any size. The fast versions must give the same
+/// bits; it is used for values beyond their range. `re`, `im`: indexes 1..256.
 void transformPlainly(Fixed* re, Fixed* im);
 
 }  // namespace korvinel

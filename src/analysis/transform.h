@@ -7,7 +7,7 @@
 
 namespace korvinel {
 
-/// The 256-point transform of one channel, on arrays counted from 1: index i holds i - 1 cycles a block. Every value is
+/// The 256-point transform of one channel, on arrays indexed from 1: index i holds i - 1 cycles a block. Every value is
 /// rounded to four decimals at every butterfly, so results depend on the order of the arithmetic.
 
 constexpr int transformLength = eeg::samplesPerBlock;
@@ -18,9 +18,9 @@ struct ComplexFactor {
   double re, im;
 };
 
-/// Stage 1..8 turns by a whole circle over 2^stage at each step: (cos(pi / 2^(stage-1)), -sin(pi / 2^(stage-1))), pi
-/// taken as 3.14159265. Mathematics libraries differ in the last bits of sine and cosine, so these are the doubles
-/// nearest to the true values, written out.
+/// Stage 1..8 rotates by 1/2^stage of a circle at each step: (cos(pi / 2^(stage-1)), -sin(pi / 2^(stage-1))), pi taken
+/// as 3.14159265. Mathematics libraries differ in the last bits of sine and cosine, so these are the doubles nearest to
+/// the true values, written out.
 constexpr std::array<ComplexFactor, transformStages> stageFactors = {{{-0x1.0000000000000p+0, -0x1.ed609d1a62633p-29},
                                                                       {0x1.ed609d1a62633p-30, -0x1.0000000000000p+0},
                                                                       {0x1.6a09e66d67383p-1, -0x1.6a09e66280416p-1},
@@ -34,14 +34,13 @@ constexpr std::array<ComplexFactor, transformStages> stageFactors = {{{-0x1.0000
 /// `re`, `im`: indexes 1..256 are used.
 void transform(Fixed* re, Fixed* im);
 
-/// The same for 256 real values: `im` is a result only.
+/// The same for 256 real values: `im` is output only.
 void transformReal(Fixed* re, Fixed* im);
 
-/// The inverse, scaled by 1/256. `re`, `im`: indexes 1..256; index 0 takes no part in the transform, but is scaled
-/// with the rest.
+/// The inverse, scaled by 1/256. `re`, `im`: indexes 1..256; index 0 is not transformed, but is scaled with the rest.
 void invertTransform(Fixed* re, Fixed* im);
 
-/// Index 1, the block's sum, gives way to half of the first harmonic: no spectrum carries the block's mean level.
+/// Replaces index 1, the block's sum, by half of the first harmonic: no spectrum contains the block's mean level.
 void replaceZeroFrequency(Fixed* re, Fixed* im);
 
 /// Magnitudes of indexes 1..128, scaled so that the largest is 150. A spectrum below 0.1 throughout is scaled by 0.1

@@ -7,15 +7,15 @@
 
 namespace korvinel {
 
-/// The factors of all stages: stage s has 2^(s-1), from index 2^(s-1). Index 0 is unused. Parts stand apart, so that
-/// neighbouring factors can be loaded together.
+/// The factors of all stages: stage s has 2^(s-1), from index 2^(s-1). Index 0 is unused. Real and imaginary parts are
+/// kept apart, so that neighbouring factors can be loaded together.
 struct StageTwiddles {
   alignas(64) std::array<double, transformLength> re{};
   alignas(64) std::array<double, transformLength> im{};
 };
 
-/// Each factor of a stage comes from the one before by a product in double, and so carries the rounding of all the
-/// products before it.
+/// Each factor of a stage is computed from the previous one by a product in double, and so accumulates the rounding of
+/// all earlier products.
 constexpr StageTwiddles multiplyOut() {
   StageTwiddles twiddles{};
   std::size_t next = 1;

@@ -5,11 +5,11 @@
 
 namespace korvinel {
 
-/// What the instrument understands. Every command ends with a byte that makes the sum of all its bytes 0 modulo 256.
+/// The instrument's commands. Each ends with a byte that makes the sum of all its bytes 0 modulo 256.
 
 constexpr std::string_view testCommandText = "TEST";                          ///< asks for the answer "OK"
 constexpr std::string_view startCommandText{"S\x01\x04\x78\x41\x08\x42", 7};  ///< its six parameters are fixed
-constexpr std::string_view stopCommandBytes{"\xFF\x01", 2};  ///< complete: this pair sums to 0 by itself
+constexpr std::string_view stopCommandBytes{"\xFF\x01", 2};  ///< complete: the two bytes already sum to 0
 
 /// Sum of the bytes, each 0..255.
 [[nodiscard]] constexpr int byteSum(std::string_view bytes) {

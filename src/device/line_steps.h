@@ -7,24 +7,24 @@ namespace korvinel {
 
 struct MainState;
 
-/// The steps on the serial line that more than one operation takes. A step that fails leaves its reason in `lineFault`,
-/// and on standard error when it is a new one; the line then stays silent until it is opened again.
+/// Steps on the serial line shared by several operations. A failing step writes its reason to `lineFault`, and a new
+/// reason also to standard error; the line then stays silent until it is opened again.
 
 void sendBytes(MainState& state, std::string_view bytes);
-[[nodiscard]] bool openPort(MainState& state);  ///< closes it before; whether it is open
+[[nodiscard]] bool openPort(MainState& state);  ///< closes it first; returns whether it is open
 void raiseLines(MainState& state);              ///< RTS, then DTR
 
-/// Looks at the line until nothing has come for some frames' time; false where it does not fall silent in two seconds.
+/// Polls the line until nothing has arrived for the time of some frames; false if it is not silent within two seconds.
 [[nodiscard]] bool fallsSilent(MainState& state);
 
-/// After a stop: lets the line fall silent, so that the next byte is the first of a frame. Where it does not, its bytes
-/// are counted on.
+/// After a stop: waits until the line is silent, so that the next byte is the first of a frame. If it is not, the count
+/// of its bytes continues.
 void findFramesAnew(MainState& state);
 
-/// Tells the operator that the channels may have been out of their places until now.
+/// Warns the operator that the channels may have been interchanged until now.
 void tellOfDoubt(MainState& state, const std::string& reason);
 
-/// A communication error; Cancel ends the program.
+/// Asks after a communication error; Cancel throws ProgramEnd.
 void askOrEnd(MainState& state, const std::string& text);
 
 }  // namespace korvinel

@@ -8,11 +8,11 @@
 
 namespace korvinel {
 
-/// Panel units a microvolt when `microvoltScale` is the full scale. A scale of 0 is a RuntimeError.
+/// Panel units per microvolt if `microvoltScale` is the full scale. A scale of 0 is a RuntimeError.
 [[nodiscard]] Fixed barScale(int microvoltScale);
 
-/// Where a bar ends: on the left panel it grows from x = 258 leftward, no further than 1; on the right panel from 0
-/// rightward, no further than 258. Both whole panel units, ties to even.
+/// The x at which a bar ends: on the left panel it grows from x = 258 leftward, no further than 1; on the right panel
+/// from 0 rightward, no further than 258. Both whole panel units, ties to even.
 [[nodiscard]] double leftBarEnd(Fixed scale, float microvolts);
 [[nodiscard]] double rightBarEnd(Fixed scale, float microvolts);
 

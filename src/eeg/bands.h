@@ -26,7 +26,7 @@ inline constexpr const Band& theta = bands[1];
 inline constexpr const Band& alpha = bands[2];
 inline constexpr const Band& beta = bands[3];
 
-/// The last eleven indexes of Beta, and what lies above, have a colour of their own.
+/// The last eleven indexes of Beta, and everything above, have their own colour.
 constexpr int firstUpperBeta = 54;
 constexpr int upperBetaColour = 13;  // light magenta
 

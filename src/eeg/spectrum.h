@@ -17,7 +17,7 @@ struct IndexRange {
   [[nodiscard]] constexpr int size() const { return last - first + 1; }
 };
 
-constexpr IndexRange mainsRange{100, 114};  ///< 49.5..56.5 Hz, where the mains disturbance shows
+constexpr IndexRange mainsRange{100, 114};  ///< 49.5..56.5 Hz, the mains disturbance
 constexpr IndexRange reportedRange{1, reportedIndexes};
 
 static_assert(hertzOf(mainsRange.first) == 49.5 && hertzOf(reportedIndexes) == 31.5);

@@ -5,10 +5,10 @@
 
 namespace korvinel {
 
-/// The two configuration files hold items separated by commas or line ends; text items may stand in double quotes.
+/// The two configuration files hold items separated by commas or line ends; text items may be in double quotes.
 /// A missing or unreadable item is a RuntimeError (input) that names the file and the item.
 
-/// Reads all nine items of the settings file and gives the third, the serial port's number.
+/// Reads all nine items of the settings file and returns the third, the serial port's number.
 [[nodiscard]] int readSettings(ByteSource& file);
 
 /// Reads the 64 calibration factors into indexes 1..64; 65..128 become 1, and 0, 129, 130 stay as they are.

@@ -5,8 +5,8 @@
 
 namespace korvinel {
 
-/// One line that tells the user, in Italian, that an operation was interrupted and why: what it means in plain words,
-/// then the fact itself in brackets, by which it is found in the manual.
+/// One line in Italian saying that an operation was interrupted and why: the meaning in plain words, then the fault's
+/// own text in brackets, which can be looked up in the manual.
 [[nodiscard]] std::string faultSentence(const std::exception& fault);
 
 }  // namespace korvinel

@@ -4,7 +4,7 @@
 
 namespace korvinel {
 
-/// Holds a flag of the record at 1 for as long as it lives, so that it falls however the operation is left.
+/// Sets a flag of the record to 1 during its lifetime, and to 0 however the operation is left.
 class HeldFlag {
  public:
   explicit HeldFlag(Int16& flag) : flag_(flag) { flag_ = 1; }

@@ -18,9 +18,10 @@ namespace korvinel {
 /// A command that reads a data file.
 enum class FileCommand { none, open, replay };
 
-/// The main window's record. It lives as long as the window; its operations take no arguments and return nothing.
+/// The main window's record. It lives as long as the window. Its operations work on the fields; nearly all take no
+/// arguments and return nothing.
 /// Channels 1..4 are F1, F2, T5, T6; pairs 1..4 are F1-F2, T5-T6, F1-T5, F2-T6. Row 0 of channels and pairs is unused.
-/// Everything runs on the user-interface thread: a wait pumps events, so the flags are read again after it.
+/// Everything runs on the user-interface thread. A wait dispatches events, so flags must be read again after it.
 struct MainState {
   MainState(MainWindow& mainWindow, ProgramValues& programValues, platform::Platform& theHost)
       : window(mainWindow), shared(programValues), host(theHost) {}
@@ -32,8 +33,15 @@ struct MainState {
   // --- Fields ------------------------------------------------------------------------------------------------------
 
   // The current block: written by device/, recording/ (from a file) and analysis/
-  Bounded<float, 4, 258>
-      sampleBlock;  ///< [channel][sample 1..256], sample units, mid level 128; columns 0, 257: edge copies
+  /// [channel][sample 1..256], sample units, mid level 128; columns 0 and 257: edge copies. Its stages, in order:
+  /// - In a live turn: decoded from the frames, smoothed (`smoothBlock`), checked, drawn in green; baseline removed
+  ///   (`removeBaseline`), ocular artefacts removed if wanted, drawn in blue; rounded and appended to the file while
+  ///   recording (`appendBlockToTemp`), analysed (`analyseBlockSpectra`); low-passed (`lowPassBlock`) for the
+  ///   correlation. The coherence comes from the spectra before the low-pass.
+  /// - In a scan: read from the file, transformed (`computeComplexSpectra`), low-passed, ocular artefacts removed if
+  ///   wanted; then analysed and correlated. Spectra and coherence are those of the low-passed signal.
+  /// - In a replay: read from the file, ocular artefacts removed if wanted, drawn in green, analysed. No low-pass.
+  Bounded<float, 4, 258> sampleBlock;
   Int16 samplesPerBlock = 256;
   Int16 fftHalf = 128;       ///< half a block: spectrum indexes 1..fftHalf are kept
   Int16 displayedBins = 64;  ///< spectrum indexes drawn as bars and in the coherence graph
@@ -47,18 +55,18 @@ struct MainState {
   // Program state: flags, 0 or 1
   Int16 acquisitionRunning = 0;  ///< blocks are being acquired, or a file is being scanned
   Int16 stopRequested = 0;       ///< Stop was pressed, or the block limit reached
-  Int16 endRequested = 0;        ///< the end of the program was asked for while acquiring
+  Int16 endRequested = 0;        ///< the program ends with the current acquisition or scan
   Int16 intervalSelectable = 0;  ///< a finished acquisition or a scanned file is in memory
-  Int16 recordingActive = 0;
-  Int16 recordingArmed = 0;
-  Int16 replayActive = 0;
-  Int16 printRequested = 0;
-  Int16 fileNameExists = 0;  ///< the typed data file name is taken
-  Int16 linkPending = 0;     ///< the handshake is under way
-  Int16 turnRunning = 0;     ///< a turn of the acquisition is under way, its end included
+  Int16 recordingActive = 0;     ///< accepted blocks are being recorded
+  Int16 recordingArmed = 0;      ///< recording was just switched on: the current turn is the last of the old count
+  Int16 replayActive = 0;        ///< the open file is, or was last, replayed: the time strip marks the current block
+  Int16 printRequested = 0;      ///< "Stampa" was pressed; ends a replay
+  Int16 fileNameExists = 0;      ///< a data file of the typed name exists
+  Int16 linkPending = 0;         ///< the handshake is under way
+  Int16 turnRunning = 0;         ///< a turn is under way, the end of the acquisition included
 
   // Texts
-  std::string recordingDate;                          ///< "dd/mm/yyyy"; of an opened file with a trailing blank
+  std::string recordingDate;                          ///< "dd/mm/yyyy"; after opening a file, with a trailing blank
   std::string headerText1, headerText2, headerText3;  ///< lines of a notice
   std::string messageText1, messageText2, messageText3, messageText4, messageText5;  ///< lines of a message
 
@@ -70,19 +78,19 @@ struct MainState {
   double timerMark = 0;        ///< start of the running wait or turn, seconds
   double readStartTime = 0;    ///< start of the wait for a block, seconds
   int messageAnswer = 0;       ///< last OK/Cancel box: 1 = OK, 2 = Cancel
-  int streamPosition = 0;      ///< byte inside the received block, from 1
+  int streamPosition = 0;      ///< bytes decoded of the last block received
   Int16 streamStopped = 1;     ///< no start command has been sent since the last stop or handshake
-  Int16 framesCut = 0;         ///< 1: at a stop the instrument, or the line, has left a frame unfinished
-  std::string lineFault;       ///< why the port could not be opened or its line has failed; "" = it works
-  std::string alignmentFault;  ///< why the stream had to be restarted to find its frames; "" = never since Start
+  Int16 framesCut = 0;         ///< 1: at a stop the last frame was found incomplete
+  std::string lineFault;       ///< why the port could not be opened or the line failed; "" = it works
+  std::string alignmentFault;  ///< why the stream was last restarted to find its frames; "" = not since Start
 
   // Acquisition and artefacts: written by device/
-  Int16 artefactFlag = 0;         ///< 1: the block just read was rejected, or there was none
-  Int16 artefactThreshold = 130;  ///< allowed excursion from the mid level 128, sample units, 70..130
-  Fixed pauseInterval;            ///< milliseconds until the next block is asked for
-  Int16 channelPair = 1;          ///< shown on the traces: 1 = channels 1, 2; 2 = channels 3, 4
-  Int16 pairToggleCount = 0;      ///< presses of the channel button since Start
-  std::string pairLabel1, pairLabel2;
+  Int16 artefactFlag = 0;              ///< 1: the last block was rejected, or none was read
+  Int16 artefactThreshold = 130;       ///< allowed excursion from the mid level 128, sample units, 70..130
+  Fixed pauseInterval;                 ///< milliseconds until the next block is asked for
+  Int16 channelPair = 1;               ///< shown on the traces: 1 = channels 1, 2; 2 = channels 3, 4
+  Int16 pairToggleCount = 0;           ///< presses of the channel button since Start
+  std::string pairLabel1, pairLabel2;  ///< the names on the two traces
   Int16 lineX1 = 0, lineX2 = 0, lineY1 = 0, lineY2 = 0;  ///< the trace segment being drawn, trace units
 
   // Spectra: written by analysis/
@@ -100,204 +108,270 @@ struct MainState {
   Bounded<float, 4> deltaPeak, thetaPeak, alfaPeak, betaPeak;  ///< [channel], microvolts, one decimal
 
   // Recordings: written by recording/
-  Int16 noteCount = 0;
-  Bounded<float, 60> noteTimes;        ///< [1..60], number of the block during which the note was begun
+  Int16 noteCount = 0;                 ///< 0..60
+  Bounded<float, 60> noteTimes;        ///< [1..60], the block in which the note was begun, at least 2 for a new one
   Bounded<std::string, 60> noteTexts;  ///< [1..60]
   std::string fileVersionTag;          ///< "V3" or "V4" of the opened file
   std::string openFilePath;            ///< "" when no file is open
   std::string openFileTitle;           ///< its name without folder
-  std::string lastOpenDir;             ///< where the open dialog starts
+  std::string lastOpenDir;             ///< where the file dialog starts
   Int16 displaySpeed = 6;              ///< replay: blocks in 3 seconds, 1 or more
   Int16 fileLoopRunning = 0;           ///< a scan or a replay is under way
   Int16 assembling = 0;                ///< the data file is being written
-  /// The data file being scanned or replayed. Whoever closes or replaces it ends the loop that reads from it.
+  /// The data file being scanned or replayed. Closing or replacing it ends the loop that reads from it.
   std::shared_ptr<platform::InputFile> readHandle;
-  FileCommand nextFileCommand{};  ///< given during a scan or a replay, to be run when that has ended
-  int temporaryWritten = 0;       ///< bytes of `temporaryContent` that are known to stand in the file
-  std::string temporaryContent;   ///< what the temporary file is to hold: header line and blocks so far, as bytes
-  std::string recordingFault;     ///< the first write that failed since recording began; "" = none
-  std::string setAsidePath;       ///< where a temporary file went that was not to be deleted; "" = nowhere
-  std::vector<std::string> sideFileLines;  ///< what the side file is known to hold; none: it is to be written anew
-  std::string foreignPaths;                ///< files found in the temporary file's place and kept, each behind "\r"
-  int blocksFromMemory = 0;                ///< blocks that the temporary file did not hold as they were recorded
-  Int16 dataFileWhole = 0;                 ///< 1: the last assembling wrote all of the data file
-  std::string savedElsewhere;              ///< the data file in the place that was asked for; "" = there was no need
-  Int16 recordingFaultUntold = 0;          ///< something failed or was mended in recording and nobody has been told
-  Int16 nobodyToAsk = 0;                   ///< the program ends where no box can be shown: faults go to standard error
-  std::function<void()> finishAssembling;  ///< while a data file is written: the rest of it, letting no events in
-  std::string fileDateField;               ///< of the opened file, as it stands there: date and version tag
-  Int16 openNote = 0;           ///< 0..60, the note whose text is being typed; 0: none was begun with "Annota"
-  std::string recordingNotice;  ///< what is to be told of the data file once it is written; "" = nothing
-  std::unique_ptr<platform::FileLock> folderLock;  ///< held from Start until the acquisition has ended for good
+  FileCommand nextFileCommand{};           ///< given during a scan or a replay, runs when that has ended
+  int temporaryWritten = 0;                ///< bytes of `temporaryContent` known to be in the temporary file
+  std::string temporaryContent;            ///< the recording so far, as bytes: header line and blocks
+  std::string recordingFault;              ///< the first failed write since recording began; "" = none
+  std::string setAsidePath;                ///< the new path of a temporary file that was kept; "" = none
+  std::vector<std::string> sideFileLines;  ///< known to be in the side file; empty: to be rewritten
+  std::string foreignPaths;        ///< foreign files found under the temporary file's name and kept, each after "\r"
+  int blocksFromMemory = 0;        ///< blocks that the temporary file had lost or changed
+  Int16 dataFileWhole = 0;         ///< 1: the last assembling wrote the whole data file
+  std::string savedElsewhere;      ///< the data file in another place that the user chose; "" = none
+  Int16 recordingFaultUntold = 0;  ///< a fault or repair of the recording is still to be reported
+  Int16 nobodyToAsk = 0;           ///< 1: the program is ending without boxes; faults go to standard error
+  std::function<void()> finishAssembling;          ///< set while a data file is being written: writes the rest at once
+  std::string fileDateField;                       ///< of the opened file, unchanged: date and version tag
+  Int16 openNote = 0;                              ///< 1..60: the note begun with "Annota" and being typed; 0: none
+  std::string recordingNotice;                     ///< to be shown once the data file is written; "" = nothing
+  std::unique_ptr<platform::FileLock> folderLock;  ///< held from Start until the acquisition has ended
 
   // Displays: written by display/
-  Int16 microvoltScale = 60;  ///< full scale of the spectrum panels, microvolts
-  Int16 bandColour = 0;       ///< palette index of the bar being drawn
-  std::string pairLabelLeft, pairLabelRight;
+  Int16 microvoltScale = 60;                     ///< full scale of the spectrum panels, microvolts
+  Int16 bandColour = 0;                          ///< palette index of the bar being drawn
+  std::string pairLabelLeft, pairLabelRight;     ///< the names on the two spectra
   Int16 selectionDragging = 0;                   ///< 1 between press and release on the time strip
   Int16 selectionStartX = 0, selectionEndX = 0;  ///< strip units (seconds)
-  std::string printPromptText;
+  std::string printPromptText;                   ///< the question before printing
 
   // --- Operations --------------------------------------------------------------------------------------------------
+  // Each comment says what the operation reads, writes and requires. Buttons are named by their captions.
 
   // frame/start_up.cpp
-  void startUp();        ///< priorities, defaults, configuration files, captions; a fault here ends the program
-  void raisePriority();  ///< asks for more processor time, so that the waits keep up with the stream
-  void setCaptions();    ///< puts the fixed captions on the buttons
+  /// Prepares the timers, sets the defaults, reads the configuration files into `serialPort` and `binCalibration`, and
+  /// draws the empty window. Called once; a fault ends the program.
+  void startUp();
+  void raisePriority();  ///< asks the system for more processor time, so that the waits keep up with the stream
+  void setCaptions();    ///< writes the fixed captions of the buttons
 
   // frame/commands.cpp
-  void startCommand();      ///< "Start": checks the names, links the instrument, starts acquisition
-  void startAcquisition();  ///< a fresh count from block 1
-  void stopCommand();       ///< "Stop": only sets flags; the next tick ends the acquisition
-  void endCommand();        ///< "End"
-  void endAcquisition();    ///< called by the tick; hands the block range on
-  /// Ends the program at once, without a box: its session, its display or whoever sent a signal does not wait.
+  /// "Start": checks the names, reserves the data folder, opens the link (which waits) and starts the acquisition. Does
+  /// nothing during a handshake, an acquisition or a scan; between Stop and the last turn the status label says what to
+  /// wait for.
+  void startCommand();
+  /// Clears the analysis, the histories, the flags and the block range, carries the notes over, sends the start command
+  /// and enables the tick timer: the count begins anew from block 1. Requires an open link.
+  void startAcquisition();
+  /// "Stop": sets `stopRequested`, clears `acquisitionRunning`. The current turn or the next tick ends the acquisition;
+  /// a scan or a replay ends after its current block.
+  void stopCommand();
+  /// "End": sets `endRequested`. Throws ProgramEnd unless an acquisition or a scan is under way, which then ends first.
+  void endCommand();
+  /// Called by a turn. Stops the timers and the stream. After Stop or End it ends the recording, writes the block range
+  /// into `shared`, sets `intervalSelectable`, and with `endRequested` throws ProgramEnd. If a recording was only just
+  /// switched on (`recordingArmed`), it starts the acquisition anew.
+  void endAcquisition();
+  /// Throws ProgramEnd at once and sets `nobodyToAsk`: for a signal, the session's end or a lost display.
   void endWithoutAsking();
-  /// A handshake or an acquisition is under way, or Stop was pressed and the turn that ends it is still to come.
+  /// Whether a handshake or an acquisition is under way, the turn that ends it included.
   [[nodiscard]] bool acquisitionPending() const;
-  /// What has to be waited for before another examination or file may begin, as a sentence; "" = nothing that comes by
-  /// itself.
+  /// What must end by itself before another examination or file may begin, as an Italian sentence; "" = nothing.
   [[nodiscard]] std::string awaited() const;
-  /// The platform asks to close the main window; returns true when it must stay open until the next tick.
+  /// The window is to be closed. Returns true, with `endRequested` and `stopRequested` set, if it must stay open until
+  /// the acquisition or the scan has ended; otherwise throws ProgramEnd.
   [[nodiscard]] bool closeWindow();
 
   // device/device_link.cpp
-  void openLink();  ///< handshake; returns with `linkReady` 1, or the program has ended
+  /// Opens `serialPort` and sends the test command until the instrument answers; then `linkReady` is 1. Waits about
+  /// four seconds for each attempt. Cancel in the box of a failed attempt throws ProgramEnd.
+  void openLink();
   /// Drops pending input and starts the stream. After a stop it first waits until the line is silent, for two seconds
-  /// at most; while the stream runs its frames are counted on.
+  /// at most; while the stream runs, the count of its frames continues. Writes `commandText`, `commandChecksum` and
+  /// `streamStopped`.
   void sendStartCommand();
-  void sendStopCommand();
+  void sendStopCommand();  ///< sends the stop command and sets `streamStopped`; a failing line is no fault
 
   // device/block_reading.cpp
-  /// Waits for a block, decodes, smooths and checks it. A block whose channels may be out of their places is given up.
-  /// Without one, after Stop or End or a fault, `artefactFlag` is 1.
+  /// Waits for a block and decodes it into `sampleBlock`, then smooths and checks it; a rejected one is shown and the
+  /// next one asked for. A block that may have lost bytes is dropped and the stream restarted. `artefactFlag` is 0 only
+  /// if a block was accepted.
   void readBlock();
 
   // device/acquisition_cycle.cpp
-  void acquisitionTick();  ///< one turn
-  void pauseElapsed();
-  void smoothBlock();     ///< weights 0.3, 1, 0.3 in place; the left neighbour is already smoothed
-  void removeBaseline();  ///< takes slow drifts away and centres the block on 128
+  /// One turn: counts, reads, analyses, records and shows a block, or ends the acquisition. A failing step is skipped.
+  /// The pause timer (or, after a rejected block or a fault, the tick timer) is enabled for the next turn.
+  void acquisitionTick();
+  void pauseElapsed();  ///< the pause is over: enables the tick timer, disables the pause timer
+  /// Smooths `sampleBlock` in place, columns 1..256, with weights 0.3, 1, 0.3 over 1.6; columns 0 and 257 become edge
+  /// copies. The left neighbour is already smoothed.
+  void smoothBlock();
+  /// Subtracts from `sampleBlock` its own baseline (slow drifts, eye movements) and centres it on 128.
+  void removeBaseline();
+  /// Clears both traces and draws the two channels of `channelPair` from `sampleBlock` in light green; with
+  /// `artefactFlag` 1 also "Artefatto!".
   void drawRawTraces();
-  void drawCorrectedTraces();
-  void nameTraces();  ///< prints the pair's labels at the lower left, over the lines
+  void drawCorrectedTraces();  ///< draws the same two channels in blue over what is there
+  void nameTraces();           ///< prints `pairLabel1` and `pairLabel2` at the lower left, over the lines
+  /// Draws one row of `sampleBlock`; 255 is the top. Writes `lineX1` .. `lineY2`. `channel`: 0..4, row 0 is empty.
   void drawTrace(platform::Surface& surface, int channel, platform::Colour colour);
 
   // device/artefact_rejection.cpp
-  void checkArtefacts();  ///< sets `artefactFlag`
-  void rejectBlock();     ///< shows the block in blue and asks the instrument for another
+  /// Sets `artefactFlag` to 1 if any sample of `sampleBlock` is further than `artefactThreshold` from 128, else to 0.
+  void checkArtefacts();
+  /// Draws the rejected `sampleBlock` in blue, the pair by `sharedSelector`; then sends the start command and enables
+  /// the tick timer.
+  void rejectBlock();
+  /// "Artefatti": asks for `artefactThreshold`; refused while ocular artefacts are being removed.
   void editArtefactThreshold();
 
   // device/channel_selection.cpp
+  /// "Canali": counts the press in `pairToggleCount`, whose parity gives `channelPair` and the two trace labels. With
+  /// `intervalSelectable` 1, redraws the time strip and the spectra.
   void toggleChannelPair();
 
   // analysis/spectral_analysis.cpp
+  /// The full spectral analysis of `sampleBlock`: what `computeComplexSpectra` writes, and the amplitudes in microvolts
+  /// (`binCalibration`) in `amplitudeSpectrum`, `runningMeanSpectrum`, `mainsDisturbance` and the `spectrumHistory` of
+  /// block `blockCount`. A `blockCount` outside 1..202 is a RuntimeError.
   void analyseBlockSpectra();
+  /// Only the transform of `sampleBlock`: writes `spectrumRe`, `spectrumIm`, `shapeSpectrum` and `blockDeviation`, no
+  /// amplitudes and no history. A scan needs it before the low-pass; `analyseBlockSpectra` does the same itself.
   void computeComplexSpectra();
+  /// Transforms `fftRe` in place (with `fftIm`, whose former content does not matter) and writes the `shapeSpectrum` of
+  /// `channelIndex`.
   void transformChannel();
 
   // analysis/low_pass_filter.cpp
+  /// Writes the low-passed signals (below 39.5 Hz) into `sampleBlock`, columns 1..256. Reads `spectrumRe` and
+  /// `spectrumIm`, not the samples: they must be those of this block.
   void lowPassBlock();
-  void inverseTransform();
+  void inverseTransform();  ///< transforms `fftRe` and `fftIm` back into `filteredSamples`, around 128
 
   // analysis/coherence.cpp
+  /// Phase coherence of the four pairs: from `spectrumRe` and `spectrumIm` into the `coherenceSpectrumHistory` of block
+  /// `blockCount` and into `meanCoherence`. A `blockCount` of 0 is a RuntimeError.
   void computeCoherence();
+  /// Draws the time strip of the whole examination for `channelPair` and writes the means of `coherenceHistory` into
+  /// `syncAverage`. A `fileBlockCount` of 0 is a RuntimeError.
   void summariseSynchrony();
+  void drawCoherenceGraph();  ///< clears the coherence graph and draws the `meanCoherence` of pair `channelPair`
 
-  // analysis/block_correlation.cpp, analysis/ocular_pass.cpp, analysis/analysis_reset.cpp
+  // analysis/block_correlation.cpp
+  /// Correlation of the four pairs in `sampleBlock`, into `coherenceHistory` at block `blockCount`. Without an open
+  /// file also redraws the time strip. Block 0 has none.
   void computeBlockCorrelation();
+
+  // analysis/ocular_pass.cpp
+  /// With the check box ticked, replaces the samples of `sampleBlock` that leave 58..198.
   void removeOcularArtefacts();
+
+  // analysis/analysis_reset.cpp
+  /// Clears the running means, the notes' times and texts, and the histories in `shared`. `meanCoherence` above index
+  /// 70 stays until the next first block.
   void resetAnalysis();
-  void drawCoherenceGraph();  ///< in analysis/coherence.cpp
 
   // analysis/band_panel.cpp
+  /// Writes the largest amplitude of each band in `amplitudeSpectrum` into `deltaPeak` .. `betaPeak` and prints those
+  /// of the pair shown.
   void showBandPeaks();
 
   // recording/temporary_file.cpp
   /// Creates the temporary file with its header line; one that a crash has left with blocks in it is set aside first.
-  /// A RuntimeError (output) where the file cannot be written.
+  /// Resets the fields of the last recording's faults. A RuntimeError (output) if the file cannot be written.
   void createTempFile();
-  /// Rounds the block in `sampleBlock` to what a file can hold and, while recording, appends it. A failing write is
-  /// told in the status label and made good with the next block if possible.
+  /// While recording, rounds `sampleBlock` to what a file can hold and appends it; otherwise does nothing. A failed
+  /// write is shown in the status label and completed with the next block if possible.
   void appendBlockToTemp();
 
   // recording/side_file.cpp
-  /// While recording, puts the names, the date and the notes as they stand into the side file beside the temporary one;
-  /// to be called whenever one of them changes. Never a fault: a side file that cannot be written is tried again at the
-  /// next change.
+  /// While recording, writes the names, the date and the notes into the side file beside the temporary file. To be
+  /// called whenever one of them changes. Never a fault: a failed write is repeated at the next change.
   void keepNotesAndNames();
 
   // recording/data_file.cpp
-  /// Writes the data file from the header values, the notes and the blocks as they were recorded. The temporary file is
-  /// compared with them block by block; then it is deleted, or set aside with the side file if any write has failed.
+  /// Writes the data file from the header values, the notes and the blocks in `temporaryContent`. The temporary file is
+  /// compared with them block by block; then it is deleted, or, if any write has failed, set aside with the side file.
   /// Failing steps are skipped; the first cause stays in `recordingFault`.
   void assembleDataFile();
-  /// From `readHandle`; sets the subject, the date field, the date, the tag, the notes and `headerText1`, again the
-  /// date field. All or nothing: a RuntimeError leaves them as they were.
+  /// Reads the header from `readHandle` into the subject's name, the date, the version tag, the notes, `fileDateField`
+  /// and `headerText1` (the date field again). All or nothing: a RuntimeError leaves them as they were.
   void readFileHeader();
-  /// From `readHandle` into `sampleBlock`, by `fileVersionTag`; with another tag than V3 or V4 nothing is read.
+  /// Reads the next block from `readHandle` into `sampleBlock`, by `fileVersionTag`; nothing unless that is V3 or V4.
   void readFileBlock();
 
   // recording/recording_control.cpp
-  void checkFileName();   ///< sets `fileNameExists`
-  void startRecording();  ///< "Registra"
-  void endRecording();    ///< at the end of an acquisition
+  void checkFileName();  ///< sets or clears `fileNameExists`: a data file of the name in the box, case ignored
+  /// "Registra": checks and takes the names, creates the temporary file, sets `recordingActive` and `recordingArmed`.
+  /// Only during an acquisition and once.
+  void startRecording();
+  /// At the end of an acquisition: takes the open note, writes the data file, clears the recording's flags, and reports
+  /// what could not be kept. Nothing unless `recordingActive` is 1.
+  void endRecording();
 
   // recording/recording_names.cpp
-  /// Checks the names in the boxes as they stand: the name that is checked by `checkFileName`, the one that will be
-  /// written, and the subject. Says what is wrong and returns whether a recording may be made under them.
+  /// Checks the boxes of the file name (by `checkFileName`, and with the ending it will get) and of the subject. Shows
+  /// what is wrong; returns whether a recording may be made under them.
   [[nodiscard]] bool namesAreUsable();
-  /// Takes the names and the date of the coming recording.
+  /// Takes `dataFileName` and `subjectName` from the boxes and sets `recordingDate` to today.
   void takeNames();
 
   // recording/notes.cpp
-  void beginNote();       ///< "Annota": counts and stamps a note, and opens the note box
-  void noteKey(int key);  ///< a key in the note box; Enter (13) takes the note's text
-  /// The texts of the notes that a new count takes over, to be asked for before the notes are cleared: those confirmed
-  /// since "Registra" and, empty and last, the one being typed.
+  void beginNote();       ///< "Annota": counts a note, stamps it with `blockCount` (at least 2), opens the note box
+  void noteKey(int key);  ///< a key in the note box; Enter (13) stores the note's text
+  /// The texts of the notes to be kept when the count begins anew: those confirmed since "Registra" and, empty and
+  /// last, the one being typed. To be called before `resetAnalysis`.
   [[nodiscard]] std::vector<std::string> notesToCarryOver() const;
   void carryNotesOver(const std::vector<std::string>& texts);  ///< counts and stamps them in the new count
-  /// Tells that a text typed in the note box is not kept; "" tells nothing.
+  /// Tells the user that this text of the note box is not kept; "" is ignored.
   void tellNoteIsDropped(const std::string& text);
 
   // recording/folder_lock.cpp
-  /// Takes the lock of the data folder for an acquisition; returns whether that may begin. Somebody else's is told; one
-  /// that cannot be had for another reason is told and may be done without.
+  /// Locks the data folder for an acquisition (`folderLock`); returns whether the acquisition may begin. Refused if
+  /// another program holds the lock; if locking fails for another reason, the user decides.
   [[nodiscard]] bool reserveDataFolder();
-  void releaseDataFolder();
+  void releaseDataFolder();  ///< frees `folderLock`, if held
 
   // recording/file_opening.cpp
-  void openDataFile();       ///< "Apri File": reads a whole file through the analysis and shows its summary
-  void startBlockChanged();  ///< the slider was moved
+  /// "Apri File": asks for a file, scans it (reads and analyses every block) and shows its summary. Writes the block
+  /// range into `shared`; sets `intervalSelectable`.
+  void openDataFile();
+  /// The slider was moved: sets `replayStartBlock`; with `intervalSelectable` 1 also `blockCount`, and shows that
+  /// block.
+  void startBlockChanged();
 
   // recording/replay.cpp
-  void replayFile();  ///< "Display": shows a file block by block from the slider's position
+  void replayFile();  ///< "Display": shows the open file block by block from the slider's position, by `displaySpeed`
 
   // display/window_layout.cpp
-  /// Takes everything of the examination before off the graphs and from the labels beside them.
-  void clearPictures();
-  void drawGraphFrames();    ///< the two layout operations below, at the start of an acquisition
-  void drawAxesAndLabels();  ///< also takes the names and the date of the coming recording
-  void drawGrids();          ///< over what the graphs show
-  void drawFrequencyAxis();
-  void drawRulers();
-  void amplitudeScaleMoved();
-  void displaySpeedMoved();
+  void clearPictures();        ///< removes the last examination from the graphs and from the labels beside them
+  void drawGraphFrames();      ///< the two layout operations below, at the start of an acquisition
+  void drawAxesAndLabels();    ///< captions, frequency axis and labels; also calls `takeNames`
+  void drawGrids();            ///< grids, rulers and frames, over what the graphs show
+  void drawFrequencyAxis();    ///< clears the axis between the spectra and prints its hertz
+  void drawRulers();           ///< the rulers under the spectra, by `microvoltScale`
+  void amplitudeScaleMoved();  ///< sets `microvoltScale`; redraws the rulers and, with data in memory, the spectra
+  void displaySpeedMoved();    ///< sets `displaySpeed` and its label
 
   // display/spectrum_display.cpp
+  /// Draws the spectra of `channelPair` and the labels beside them. With `intervalSelectable` 1, `amplitudeSpectrum` is
+  /// first filled from the `spectrumHistory` of block `blockCount`. During a replay also draws the time strip.
   void drawSpectrumDisplay();
 
   // display/interval_selection.cpp
-  void stripPressed(float x);  ///< x in strip units (seconds), 3 a block; nothing happens without data in memory
-  void stripMoved(float x);
-  void stripReleased(float x);  ///< sets the interval for the report
+  // The mouse on the time strip, x in strip units (seconds), 3 a block. Nothing happens unless `intervalSelectable`
+  // is 1.
+  void stripPressed(float x);   ///< sets `selectionStartX`, begins dragging
+  void stripMoved(float x);     ///< while dragging, sets `selectionEndX` and draws the bar
+  void stripReleased(float x);  ///< ends dragging; sets the interval for the report in `shared`
 
   // display/screen_print.cpp
-  void printCommand();
-  void printScreen();
+  void printCommand();  ///< "Stampa": sets `printRequested`, which ends a replay, and prints
+  void printScreen();   ///< asks, then prints the active window; Cancel clears `printRequested`
 
   // report/open_report.cpp
-  void openReport();
+  void openReport();  ///< "Analisi": opens the report window; without data in memory says why not
 };
 
 }  // namespace korvinel

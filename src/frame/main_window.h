@@ -60,7 +60,8 @@ struct MainWindow {
   platform::Surface Picture6{"Striscia del tempo", 600, 200, 32};  ///< 3 units a block
   platform::PointerEvents stripPointer;                            ///< the mouse on the time strip
 
-  /// Axis captions on the window itself: the ground under the other surfaces, in the units of the window's geometry.
+  /// Axis captions on the window itself: the background under the other surfaces, in the units of the window's
+  /// geometry.
   platform::Surface axisCaptions{"Didascalie degli assi", 1024, 730, 14, platform::Colour::graphArea};
 
   platform::Picture startPicture{"Posizione degli elettrodi"};  ///< shown until the first examination

@@ -6,15 +6,15 @@
 
 namespace korvinel {
 
-/// Printing what the screen shows, for both windows. What fails is a RuntimeError (output).
+/// Printing what the screen shows, for both windows. Failures are RuntimeErrors (output).
 
 inline constexpr auto printPrompt = "Accendere la stampante.  Viene stampata l'immagine attuale.";
 
-/// Asks, and after OK handles events for 0.2 seconds, so that the box has vanished and the window is painted again.
+/// Asks, and after OK dispatches events for 0.2 seconds, so that the box has gone and the window is repainted.
 /// `timerMark` becomes the start of that wait. Returns whether to print.
 [[nodiscard]] bool confirmPrint(platform::Platform& host, const std::string& prompt, double& timerMark);
 
-/// Takes a picture of the active window through the clipboard and prints it on one page.
+/// Copies the active window through the clipboard and prints it on one page.
 void printActiveWindow(platform::Platform& host);
 
 }  // namespace korvinel

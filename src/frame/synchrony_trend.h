@@ -12,6 +12,6 @@ void drawTrendScale(platform::Surface& strip);  ///< a mark every minute, dotted
 /// Blocks 1..`blocks` of one pair's correlation; the line starts from element 0, which is always 0.
 void drawTrend(platform::Surface& strip, const Bounded<float, 202>& correlation, int blocks);
 
-void drawNoteMarks(MainState& state);  ///< a short red line at the top for every note of the recording
+void drawNoteMarks(MainState& state);  ///< a short red line at the top for each note
 
 }  // namespace korvinel

@@ -5,13 +5,13 @@
 
 namespace korvinel {
 
-/// Handles events until more than `seconds` have passed. Handlers may set any flag meanwhile.
+/// Dispatches events until more than `seconds` have passed. Their handlers may set any flag.
 inline void waitLongerThan(MainState& state, double seconds) {
   const double start = state.timerMark = state.host.clock.seconds();
   while (state.host.clock.seconds() - start <= seconds) state.host.events.process();
 }
 
-/// Handles events until at least `seconds` have passed; `mark` becomes the time of the beginning.
+/// Dispatches events until at least `seconds` have passed; `mark` becomes the start time.
 inline void waitAtLeast(platform::Platform& host, double& mark, double seconds) {
   const double start = mark = host.clock.seconds();
   while (host.clock.seconds() - start < seconds) host.events.process();

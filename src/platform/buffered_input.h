@@ -9,7 +9,7 @@
 
 namespace korvinel::platform {
 
-/// Hands out, byte by byte, a file that is read in large pieces.
+/// Reads a file in large pieces and returns it byte by byte.
 class BufferedInput : public InputFile {
  public:
   int peek() override {
@@ -30,7 +30,7 @@ class BufferedInput : public InputFile {
   [[nodiscard]] std::int64_t position() const override { return position_; }
 
  private:
-  /// Fills the room from its start and returns how many bytes came; 0 at the end of the file.
+  /// Fills the buffer from its start and returns the number of bytes read; 0 at the end of the file.
   virtual std::size_t readPiece(std::span<char> room) = 0;
 
   std::array<char, 32'768> buffer_{};

@@ -9,9 +9,9 @@
 
 namespace korvinel::platform {
 
-/// What the serial lines of all systems share. The line has a receive buffer of its own, into which everything that the
-/// system holds is taken at every look; what does not fit is lost, as on the wire. While it carries frames every byte
-/// is counted, those that are dropped too, and what may have cost a byte raises a doubt.
+/// What the serial lines of all systems share. The line has its own receive buffer, into which every call moves all
+/// that the system holds; what does not fit is lost, as on the wire. While it carries frames, every byte is counted,
+/// dropped ones included, and anything that may have lost a byte raises a doubt.
 class BufferedLine : public SerialPort {
  public:
   void setReceiveBuffer(int bytes) override { received_.setCapacity(bytes); }
@@ -29,13 +29,13 @@ class BufferedLine : public SerialPort {
   [[nodiscard]] bool framed() const { return framed_; }
   void keep(std::string_view bytes);  ///< for takeFromSystem()
   void suspect(const std::string& reason) { watch_.suspect(reason); }
-  void beginAnew();  ///< the line has been opened or closed: single bytes, nothing has arrived
+  void beginAnew();  ///< after opening or closing: single bytes, nothing received
 
  private:
-  /// Hands everything that the system holds to keep(), and what it knows of lost bytes to suspect().
+  /// Passes everything that the system holds to keep(), and any sign of lost bytes to suspect().
   virtual void takeFromSystem() = 0;
-  virtual void dropFromSystem() {}                   ///< what the system holds, uncounted
-  [[nodiscard]] virtual double seconds() const = 0;  ///< a clock that goes on while the machine sleeps
+  virtual void dropFromSystem() {}                   ///< discards what the system holds, uncounted
+  [[nodiscard]] virtual double seconds() const = 0;  ///< of a clock that keeps running while the machine sleeps
   void look();
 
   ReceiveBuffer received_;

@@ -6,7 +6,7 @@ namespace korvinel::platform {
 
 /// A colour by its index in the classic 16-colour palette, or a part of the desktop's own look.
 enum class Colour : signed char {
-  graphArea = -3,         ///< the dark ground on which the graphs stand
+  graphArea = -3,         ///< the dark background of the graphs
   windowBackground = -2,  ///< the background of the window that holds the surface
   buttonFace = -1,        ///< a control's usual background
   black = 0,
@@ -41,8 +41,8 @@ struct Rgb {
 /// Contrast ratio of two colours, 1..21 (relative luminance of sRGB, as the web accessibility guidelines define it).
 [[nodiscard]] double contrast(Rgb first, Rgb second);
 
-/// The opaque cell behind a text: the surface's background where the ink reaches a contrast of 3 on it, else black or
-/// white, whichever reads better. So no printed word is lost, whatever its ink.
+/// The colour of the opaque cell behind a text: the surface's background if the ink has a contrast of at least 3 on it,
+/// else black or white, whichever contrasts more. So every text can be read, whatever its ink.
 [[nodiscard]] Rgb cellBehind(Rgb ink, Rgb background);
 
 }  // namespace korvinel::platform

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-/// What a program without a window wants of its terminal; each system has its own `console.cpp`.
+/// What a program without a window needs of its terminal; each system has its own `console.cpp`.
 namespace korvinel::platform {
 
-/// While it lives, std::cout and std::cerr carry the very bytes that are written, and a terminal shows them as UTF-8.
-/// The first thing that main() makes.
+/// During its lifetime, std::cout and std::cerr pass bytes unchanged, and a terminal shows them as UTF-8. To be created
+/// first in main().
 class Console {
  public:
   Console();
@@ -22,15 +22,15 @@ class Console {
   std::unique_ptr<Streams> streams_;
 };
 
-/// What follows the program's name on the command line, UTF-8. `count`, `arguments`: as main() was given them. Where
-/// shells leave "*" and "?" in file names to the programs (on Windows), they are replaced here by the files they match.
+/// The command line's arguments without the program's name, in UTF-8. `count`, `arguments`: those of main(). On
+/// Windows, where shells do not expand "*" and "?", they are replaced here by the names of the matching files.
 [[nodiscard]] std::vector<std::string> commandLineWords(int count, const char* const* arguments);
 
-/// Whether standard error is a terminal, with somebody before it.
+/// Whether standard error is a terminal.
 [[nodiscard]] bool errorsAreWatched();
 
-/// From now on, calls `act` in a thread of its own when the program is interrupted (Ctrl+C, the terminal closed,
-/// SIGTERM), and then lets it end as the system would have. To be called before another thread is started.
+/// From now on, an interruption (Ctrl+C, the terminal closed, SIGTERM) calls `act` in a separate thread and then ends
+/// the program as usual. To be called before another thread is started.
 void whenInterrupted(std::function<void()> act);
 
 }  // namespace korvinel::platform

@@ -7,7 +7,7 @@
 #include "platform/colour.h"
 #include "values/code_page.h"
 
-/// The controls of a window as plain models: they remember what they show, and a view mirrors them. Operations set
+/// The controls of a window as plain models: they hold what they show, and a view mirrors them. Operations change
 /// them through the set... functions, which never raise the user's events; a view or a test acts as the user through
 /// press, type, moveTo and so on, which do.
 namespace korvinel::platform {
@@ -65,8 +65,8 @@ class Button : public Control {
   Colour backColour_ = Colour::buttonFace;
 };
 
-/// One line of text. What the user types or pastes is cleaned of characters that would break the data files' lines.
-/// Read-only, it shows its text and takes none.
+/// One line of text. Characters that would break the data files' lines are removed from what the user types or pastes.
+/// When read-only, it accepts no input.
 class TextBox : public Control {
  public:
   TextBox(std::string name, EntryKind kind, bool enabled = true)
@@ -80,7 +80,7 @@ class TextBox : public Control {
   void setReadOnly(bool readOnly) { assign(readOnly_, readOnly); }
   void setBackColour(Colour colour) { assign(backColour_, colour); }
 
-  /// Asks for the keyboard. `focusRequests` counts the asking.
+  /// Requests the keyboard focus. `focusRequests` counts the requests.
   void requestFocus() {
     ++focusRequests_;
     if (onFocusRequested) onFocusRequested();
@@ -88,7 +88,7 @@ class TextBox : public Control {
   int focusRequests() const { return focusRequests_; }
   std::function<void()> onFocusRequested;
 
-  /// The user's new content of the box, cleaned; a view shows `text()` afterwards.
+  /// The user's new content of the box, which is cleaned; a view then shows `text()`.
   void type(const std::string& text) {
     if (!enabled_ || readOnly_) return;
     text_ = cleanEntry(text, kind_);

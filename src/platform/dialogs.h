@@ -7,13 +7,13 @@ namespace korvinel::platform {
 /// The button that closed a message box.
 enum class Choice { ok = 1, cancel = 2 };
 
-/// A place on the screen in twentieths of a printer's point (1440 an inch).
+/// A position on the screen in twentieths of a point (1440 to the inch).
 struct ScreenPosition {
   int x, y;
 };
 
-/// Modal boxes. Lines of a text are separated by "\r". While one is open, timers go on. A box that is closed because
-/// the program ends throws ProgramEnd, and so does every later one, except where there are last words.
+/// Modal boxes. Lines of a text are separated by "\r". While one is open, timers keep running. A box closed because the
+/// program ends throws ProgramEnd, and so does every later box, unless there are last words.
 struct Dialogs {
   virtual ~Dialogs() = default;
   virtual void notice(const std::string& text) = 0;  ///< one OK button, the program's name as title
@@ -23,14 +23,14 @@ struct Dialogs {
   /// The full path of an existing file, or "" when none was chosen. `filter`: pairs of a label and a pattern,
   /// "(*.QVD)|*.QVD|". `directory`: in the program's notation.
   virtual std::string chooseFile(const std::string& directory, const std::string& filter) = 0;
-  /// The full path of an existing folder with the separator behind it, or "" when none was chosen. `directory`: where
-  /// the search begins, in the program's notation.
+  /// The full path of an existing folder with a trailing separator, or "" when none was chosen. `directory`: where the
+  /// dialog starts, in the program's notation.
   virtual std::string chooseFolder(const std::string& title, const std::string& directory) = 0;
 
-  int lastWords = 0;  ///< above 0: boxes open although the program has ended, and closing one throws nothing
+  int lastWords = 0;  ///< above 0: boxes open even after the program's end, and closing one throws nothing
 };
 
-/// While it lives, the user is told what must not go unsaid even though the program is ending.
+/// During its lifetime, boxes are shown even though the program is ending.
 class LastWords {
  public:
   explicit LastWords(Dialogs& dialogs) : dialogs_(dialogs) { ++dialogs_.lastWords; }

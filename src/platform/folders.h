@@ -4,9 +4,9 @@
 
 namespace korvinel::platform {
 
-/// Makes a folder, and those above it that are missing. In the user's home, or anywhere but in a folder that several
-/// users share, they are for their owner alone; on Windows each has the rights of the one above. One that is there
-/// stays as it is. A RuntimeError (output) where it cannot be made.
+/// Creates a folder and its missing parents. Unless they lie in a folder that several users share, they are for their
+/// owner alone; on Windows each inherits the rights of its parent. An existing folder is left as it is. A RuntimeError
+/// (output) if one cannot be created.
 void makeFolders(const std::string& path);
 
 }  // namespace korvinel::platform

@@ -6,23 +6,23 @@
 
 namespace korvinel::platform {
 
-/// Watches the looks at a line that carries frames for whatever may have cost it a byte: from then on nobody knows
-/// which channel a byte belongs to. Times are seconds of a clock that goes on while the machine sleeps.
+/// Watches a line that carries frames for anything that may have lost a byte: after that the channel of a byte is no
+/// longer certain. Times are seconds of a clock that keeps running while the machine sleeps.
 class LineWatch {
  public:
-  /// A system's buffer of 4096 bytes takes no more once this many wait in it (the terminals of Linux).
+  /// A system buffer of 4096 bytes accepts no more once it holds this many (Linux terminals).
   static constexpr std::size_t fullSystemBuffer = 4096 - 128;
-  /// A stream of 512 bytes a second has filled that buffer in less than 8 seconds.
+  /// A stream of 512 bytes a second fills that buffer in less than 8 seconds.
   static constexpr double longestUnread = 7.0;
-  /// Sixteen frames' time, and longer than an adapter keeps bytes back.
+  /// The time of sixteen frames, longer than an adapter holds bytes back.
   static constexpr double silence = 0.125;
 
-  void begin(double now) {  ///< nothing is known of what was before
+  void begin(double now) {  ///< forgets everything before
     lastLook_ = lastArrival_ = now;
     doubt_.clear();
   }
 
-  /// Everything that the system held has been taken over: `arrived` bytes.
+  /// All `arrived` bytes that the system held have been taken.
   void looked(double now, std::size_t arrived) {
     const double unread = now - lastLook_;
     if (unread > longestUnread)
@@ -32,7 +32,7 @@ class LineWatch {
     lastLook_ = std::max(lastLook_, now);
   }
 
-  void suspect(const std::string& reason) {  ///< the first reason is kept
+  void suspect(const std::string& reason) {  ///< only the first reason is kept
     if (doubt_.empty()) doubt_ = reason;
   }
 

@@ -9,7 +9,7 @@
 
 namespace korvinel::platform {
 
-/// Runs one step; a fault skips the rest of it. Returns whether it went through.
+/// Runs one step; a fault skips the rest of it. Returns whether it succeeded.
 template <typename Step>
 bool skipOnFault(Step&& step) {
   try {
@@ -20,10 +20,10 @@ bool skipOnFault(Step&& step) {
   }
 }
 
-/// The edge between an event and its operation: a fault ends that operation only, ProgramEnd ends the program.
+/// Runs the operation of an event: a fault ends that operation only, ProgramEnd ends the program.
 class OperationEdge {
  public:
-  std::function<void(const std::exception& fault)> onFault;  ///< told of every fault
+  std::function<void(const std::exception& fault)> onFault;  ///< called with every fault
   std::function<void()> beforeEnd;  ///< called once, when the program ends: saves what is unsaved
   std::function<void()> onEnd;      ///< called once after it
 
@@ -41,7 +41,7 @@ class OperationEdge {
     }
   }
 
-  /// Called by whatever pumps events: an operation that is still under way when the program has ended goes no further.
+  /// To be called when dispatching events: stops an operation still under way once the program has ended.
   void stopIfEnded() const {
     if (ended_) throw ProgramEnd{};
   }

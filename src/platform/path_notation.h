@@ -5,8 +5,8 @@
 
 namespace korvinel::platform {
 
-/// The two ways between the program's own notation "C:\QUARVEL5\..." and the paths of this machine. What has no other
-/// notation stays as it is.
+/// Converts between the program's own notation "C:\QUARVEL5\..." and the paths of this machine. Other paths are
+/// returned unchanged.
 struct PathNotation {
   std::function<std::string(const std::string& path)> toHost;
   std::function<std::string(const std::string& hostPath)> toProgram;

@@ -12,7 +12,7 @@ struct ScreenPrinter;
 struct SerialPort;
 struct Windows;
 
-/// Everything the program needs of a machine.
+/// Everything the program needs of the machine it runs on.
 struct Platform {
   Clock& clock;
   EventPump& events;

@@ -7,26 +7,28 @@
 
 namespace korvinel::platform {
 
-/// What has arrived on a serial line and has not been read, oldest first: single bytes, or frames of so many bytes.
-/// Frames are handed out, discarded and lost as a whole, so that a reader who takes what is there never cuts one.
+/// Bytes received on a serial line and not yet read, oldest first: single bytes, or frames of a fixed length. Frames
+/// are read, discarded and lost as a whole, so that a read never cuts one.
 class ReceiveBuffer {
  public:
-  /// `bytes`: 0 or more; what arrives beyond it is lost, as on the wire. What is here already stays.
+  /// `bytes`: 0 or more; what arrives beyond it is lost, as on the wire. What is already held stays.
   void setCapacity(int bytes) { capacity_ = static_cast<std::size_t>(bytes); }
-  void setReadLength(int bytes) { readLength_ = static_cast<std::size_t>(bytes); }  ///< what one read takes; 0 = all
+  void setReadLength(int bytes) {
+    readLength_ = static_cast<std::size_t>(bytes);
+  }  ///< the most that one read returns; 0 = all
   [[nodiscard]] int capacity() const { return static_cast<int>(capacity_); }
   [[nodiscard]] int readLength() const { return static_cast<int>(readLength_); }
 
-  /// The next byte is the first of a frame; what is here is dropped. `bytesPerFrame`: 1 or more; 1 = single bytes.
+  /// The next byte is the first of a frame; what is held is dropped. `bytesPerFrame`: 1 or more; 1 = single bytes.
   void expectFrames(int bytesPerFrame);
   [[nodiscard]] bool hasUnfinishedFrame() const { return !unfinished_.empty(); }
-  void dropUnfinished();  ///< it will not be finished: the next byte is the first of a frame
+  void dropUnfinished();  ///< drops the unfinished frame: the next byte is the first of a frame
 
   [[nodiscard]] int waiting() const { return static_cast<int>(bytes_.size()); }  ///< bytes of whole frames
   void keep(std::string_view arrived);
-  void discard();                    ///< drops what is here; the frame that is under way is dropped once it is whole
+  void discard();                    ///< drops what is held; the rest of an unfinished frame is dropped as it arrives
   void clear() { expectFrames(1); }  ///< forgets everything: single bytes again
-  [[nodiscard]] std::string read();  ///< the oldest bytes, at most the read length, down to a whole frame
+  [[nodiscard]] std::string read();  ///< the oldest bytes, at most the read length, only whole frames
 
  private:
   void closeFrame();
@@ -35,7 +37,7 @@ class ReceiveBuffer {
   std::size_t readLength_ = 0;
   std::size_t frameBytes_ = 1;
   std::string bytes_;
-  std::string unfinished_;       // the beginning of a frame, never a whole one
+  std::string unfinished_;       // the beginning of a frame, never all of it
   bool dropUnfinished_ = false;  // its beginning has been discarded
 };
 

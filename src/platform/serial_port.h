@@ -8,7 +8,7 @@
 namespace korvinel::platform {
 
 /// The port cannot be opened, is closed, or its line has failed (an unplugged adapter). A failed line is closed at its
-/// first error and counts as silent until it is opened again.
+/// first error and stays silent until it is opened again.
 struct PortFault : RuntimeError {
   explicit PortFault(const std::string& message) : RuntimeError(Fault::output, message) {}
 };
@@ -20,30 +20,32 @@ struct SerialPort {
   virtual void select(int portNumber) = 0;                  ///< 1 = first port; takes effect at the next opening
   virtual void setSettings(std::string_view settings) = 0;  ///< "19200,N,8,1": baud, parity, data bits, stop bits
   virtual void setReceiveBuffer(int bytes) = 0;             ///< what arrives beyond it is lost
-  virtual void setReadLength(int bytes) = 0;                ///< what one read takes; 0 = everything waiting
+  virtual void setReadLength(int bytes) = 0;                ///< the most that one read returns; 0 = everything waiting
 
-  virtual void open() = 0;   ///< throws PortFault; the line carries single bytes
-  virtual void close() = 0;  ///< a closed port may be closed again
+  virtual void open() = 0;   ///< throws PortFault; the line then carries single bytes
+  virtual void close() = 0;  ///< has no effect on a closed port
   [[nodiscard]] virtual bool isOpen() const = 0;
-  virtual void raiseRts() = 0;  ///< a line without it is no error
+  virtual void raiseRts() = 0;  ///< no error on a line without it
   virtual void raiseDtr() = 0;
 
   [[nodiscard]] virtual int waiting() = 0;  ///< bytes that have arrived and not been read; 0 when closed or failed
-  virtual void discardInput() = 0;          ///< drops what has arrived; nothing happens on a closed port
-  /// Takes what has arrived, oldest first, at most the read length; never waits. Fewer bytes, even none, is no error.
+  virtual void discardInput() = 0;          ///< drops what has arrived; no effect on a closed port
+  /// Returns what has arrived, oldest first, at most the read length; never waits. Fewer bytes, even none, is no error.
   [[nodiscard]] virtual std::string read() = 0;
   virtual void write(std::string_view bytes) = 0;  ///< throws PortFault
 
-  /// Until the port is closed the line carries frames of so many bytes, 1 or more. `waiting`, `read` and `discardInput`
-  /// then know whole frames only: an unfinished one waits until it is whole, and what does not fit the receive buffer
-  /// is lost in whole frames. `lineIsSilent`: what has arrived is dropped, the next byte is the first of a frame, and
-  /// any doubt ends. Otherwise frames are counted on; where none have been counted yet they begin in doubt.
+  /// From now until the port is closed, the line carries frames of this length, 1 or more. `waiting`, `read` and
+  /// `discardInput` then handle whole frames only: an unfinished one is held back until it is complete, and what does
+  /// not fit the receive buffer is lost in whole frames. If `lineIsSilent`, what has arrived is dropped, the next byte
+  /// is the first of a frame, and any doubt is cleared. Otherwise the count of frames continues; if there was none yet,
+  /// it begins in doubt.
   virtual void expectFrames(int bytesPerFrame, bool lineIsSilent) = 0;
-  /// Why it is no longer certain where the frames begin (bytes may have been lost); "" = certain, or no frames.
+  /// Why the frames' beginnings are uncertain (bytes may have been lost); "" = certain, or no frames.
   [[nodiscard]] virtual std::string alignmentDoubt() const = 0;
-  /// A silence of some frames' time has come in the middle of a frame since `expectFrames`; a new one began after it.
+  /// Whether, since `expectFrames`, the line has fallen silent in the middle of a frame; the next byte then began a new
+  /// one.
   [[nodiscard]] virtual bool leftFrameUnfinished() const = 0;
-  /// Seconds without a byte up to the last look at the line (`waiting`, `read` or `discardInput`).
+  /// Seconds without a byte, as of the last call of `waiting`, `read` or `discardInput`.
   [[nodiscard]] virtual double silentFor() const = 0;
 };
 

@@ -19,8 +19,8 @@ struct Mark {
   friend bool operator==(const Mark&, const Mark&) = default;
 };
 
-/// A drawing surface that remembers, as plain data, what was drawn since its last clear. Whoever shows it paints the
-/// marks at the true pixels of its widget or page. It has user units, a current position and an ink.
+/// A drawing surface that keeps what was drawn since its last clear as plain data. A view paints these marks at the
+/// true pixels of its widget or page. It has user units, a current position and an ink.
 class Surface {
  public:
   /// `name`: the surface's role in Italian, for a screen reader. `width`, `height`: its extent in user units; only
@@ -28,38 +28,38 @@ class Surface {
   /// `lineHeight`: user units from one line of text to the next; letters are sized to it.
   Surface(std::string name, double width, double height, double lineHeight, Colour background = Colour::white);
 
-  /// Removes everything, the shade too, and moves the position to (0, 0). The ink stays; the height is the first one
-  /// again.
+  /// Removes everything, the shade included, and moves the position to (0, 0). The ink stays; the height returns to its
+  /// initial value.
   void clear();
 
   /// A point or a line moves the position to its end, a box to its second corner.
   void point(double x, double y, Colour colour);
   void line(double x1, double y1, double x2, double y2, Colour colour);
-  /// A box takes away the texts that begin in it and are no higher than it, and the boxes that it hides wholly.
+  /// A box removes the texts that begin in it and are no taller than it, and the boxes that it covers completely.
   void box(double x1, double y1, double x2, double y2, Colour filling);
 
-  /// Prints at the position, which then moves to the left edge of the next line. A text at the very place of an earlier
-  /// one replaces it.
+  /// Prints at the position, which then moves to the left edge of the next line. A text at exactly the position of an
+  /// earlier one replaces it.
   void print(const std::string& text);
-  /// Prints at (x, y) in a colour of its own; the ink for later texts stays.
+  /// Prints at (x, y) in this colour; the ink for later texts stays.
   void printAt(double x, double y, Colour colour, const std::string& text);
 
   /// Prints at the position on a surface that grows downward with its texts.
   void printBelow(const std::string& text);
 
-  /// Texts begin where they are printed, however long they are: a view makes them smaller, and in the end shortens
-  /// them, where it else would move them to the left.
+  /// Texts start exactly where they are printed, however long: a view makes them smaller, or finally shortens them,
+  /// instead of moving them to the left.
   void keepTextsInPlace() { textsStay_ = true; }
   bool textsStay() const { return textsStay_; }
 
-  /// Boxes are the ground of what is drawn: whatever the order, they never hide a line, a point or a text.
+  /// Boxes form the background: whatever the order, they never hide a line, a point or a text.
   void keepBoxesBelow() { boxesBelow_ = true; }
   bool boxesLieBelow() const { return boxesBelow_; }
 
-  /// A stretch of the surface, over its whole height, is tinted behind everything drawn. There is one at a time; an
-  /// empty one is none.
+  /// Tints a range of x over the whole height, behind everything drawn. There is one shade at a time; an empty range
+  /// removes it.
   struct Shade {
-    double x1 = 0, x2 = 0;  ///< either may be the left one
+    double x1 = 0, x2 = 0;  ///< in either order
     Colour colour = Colour::white;
     friend bool operator==(const Shade&, const Shade&) = default;
   };
@@ -75,14 +75,14 @@ class Surface {
   double lineHeight() const { return lineHeight_; }
   Colour background() const { return background_; }
   const std::vector<Mark>& marks() const { return marks_; }
-  [[nodiscard]] std::vector<std::string> texts() const;     ///< what is printed now, in the order of printing
-  [[nodiscard]] bool shows(const std::string& text) const;  ///< whether a text stands on the surface
+  [[nodiscard]] std::vector<std::string> texts() const;     ///< the texts shown, in the order of printing
+  [[nodiscard]] bool shows(const std::string& text) const;  ///< whether this text is shown
 
-  std::function<void()> onChanged;  ///< called after every change, by whoever shows the surface
+  std::function<void()> onChanged;  ///< the view's hook, called after every change
 
-  /// Above this number, and then at each doubling, earlier marks that a later equal one repeats are dropped. What can
-  /// be seen is never dropped: a surface that is drawn upon for long stays small because its boxes hide earlier ones,
-  /// its texts replace those at their place, and whoever draws clears it before the next picture.
+  /// Above this number of marks, and then at each doubling, a mark that an equal later one repeats is dropped. What can
+  /// be seen is never dropped: a surface stays small because boxes hide earlier ones, texts replace those at their
+  /// position, and it is cleared before each new picture.
   static constexpr std::size_t foldingSize = 8'000;
 
  private:

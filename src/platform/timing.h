@@ -5,11 +5,11 @@
 
 namespace korvinel::platform {
 
-/// Calls `onElapsed` again and again while it is enabled, each time after its interval.
+/// While enabled, calls `onElapsed` after every interval.
 class IntervalTimer {
  public:
   virtual ~IntervalTimer() = default;
-  virtual void setIntervalMs(int interval) = 0;  ///< 1..65535; a running timer starts anew
+  virtual void setIntervalMs(int interval) = 0;  ///< 1..65535; restarts a running timer
   virtual void setEnabled(bool enabled) = 0;     ///< enabling starts a whole interval
   [[nodiscard]] virtual int intervalMs() const = 0;
   [[nodiscard]] virtual bool enabled() const = 0;
@@ -22,7 +22,7 @@ struct CalendarTime {
 
 struct Clock {
   virtual ~Clock() = default;
-  /// Seconds on a clock that only goes forward, so that a wait which spans midnight ends.
+  /// Seconds of a monotonic clock, so that a wait across midnight ends.
   [[nodiscard]] virtual double seconds() const = 0;
   [[nodiscard]] virtual CalendarTime localTime() const = 0;
 };
@@ -32,15 +32,15 @@ struct Clock {
 
 struct EventPump {
   virtual ~EventPump() = default;
-  /// Handles what the user and the timers have brought about; may sleep up to some milliseconds until there is
-  /// something. Throws ProgramEnd once the program has been ended.
+  /// Dispatches pending user and timer events; may sleep a few milliseconds until there are any. Throws ProgramEnd once
+  /// the program has ended.
   virtual void process() = 0;
-  /// The same, but never sleeps: for loops that have work of their own and look at the flags between two pieces of it.
+  /// The same, but never sleeps: for loops with work of their own, which check the flags between two pieces of it.
   virtual void poll() = 0;
 };
 
-/// Ends the program: thrown by an operation, it unwinds every operation that is under way. It is no std::exception, so
-/// that nothing which skips faults holds it up.
+/// Ends the program: thrown by an operation, it unwinds all operations under way. It is not a std::exception, so code
+/// that skips faults does not catch it.
 struct ProgramEnd {};
 
 }  // namespace korvinel::platform

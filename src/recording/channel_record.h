@@ -16,19 +16,19 @@ constexpr int recordTailBytes = 3;
 constexpr int channelRecordBytes = samplesPerRecord + recordTailBytes;
 constexpr int blockBytes = eeg::channelCount * channelRecordBytes;
 
-/// The whole number 1..255 as which a sample is stored: rounded (halves up), limited, and moved off the three shunned
-/// bytes. No number (NaN) is stored as 1.
+/// The whole number 1..255 that is stored for a sample: rounded (halves up), limited, and moved off the three excluded
+/// bytes. NaN is stored as 1.
 [[nodiscard]] float storedSample(float sample);
 
-/// Rounds samples 1..256 of one channel as storedSample does, in place, and gives the channel record.
+/// Rounds samples 1..256 of one channel as storedSample does, in place, and returns the channel record.
 [[nodiscard]] std::string takeChannelRecord(Bounded<float, 258>& samples);
 
-/// Reads the next block of a version V3 file: channel 1..`channels` x 256 bytes, three bytes skipped behind each
-/// channel, whatever they are. Where the source ends, the samples not reached keep their values.
+/// Reads the next block of a version V3 file: channel 1..`channels` x 256 bytes, skipping three bytes after each
+/// channel, whatever they are. If the source ends early, the remaining samples keep their values.
 void readByteBlock(ByteSource& source, int channels, Bounded<float, 4, 258>& block);
 
-/// Reads the next block of a version V4 file: channel 1..`channels` x 256 numeric fields. A field that is no number, or
-/// none that a 32-bit float holds, leaves its sample's value; where the source ends, reading ends.
+/// Reads the next block of a version V4 file: channel 1..`channels` x 256 numeric fields. A field that is not a number,
+/// or not one that a 32-bit float can hold, leaves its sample unchanged; reading stops at the end of the source.
 void readNumberBlock(ByteSource& source, int channels, Bounded<float, 4, 258>& block);
 
 }  // namespace korvinel

@@ -4,18 +4,18 @@
 
 namespace korvinel {
 
-/// What is still to be done when a recording has been assembled: nobody leaves without knowing where it is.
+/// The steps after assembling a recording, which make sure that the user knows where it is.
 
-/// Where neither the data file nor the files set aside hold all of the recording, asks for another place until the data
-/// file is there or the user gives the recording up. Then tells what failed or was mended, and where everything is,
-/// and tells and empties `recordingNotice`.
-/// Nothing happens where there is nothing to tell, or where it has been told. Where nobody can be asked, the user's
-/// home folder is the place, and standard error is told.
+/// If neither the data file nor the files set aside hold the whole recording, asks for another folder until the data
+/// file is written there or the user gives up. Then reports what failed or was repaired and where everything is, and
+/// shows and clears `recordingNotice`.
+/// Does nothing if there is nothing to report or it has been reported. With `nobodyToAsk`, the folder is the user's
+/// home and the report goes to standard error.
 void concludeRecording(MainState& state);
 
-/// When the program ends in mid-recording (Cancel in a communication error, End right after Stop): writes the data file
-/// without letting events in, and concludes the recording, be it assembled already. Of a file that is just being
-/// written the rest is.
+/// When the program ends in mid-recording (Cancel in a communication error, End right after Stop): writes the data
+/// file, or the rest of one that is being written, without dispatching events, and concludes the recording even if it
+/// was already assembled.
 void bringRecordingHome(MainState& state);
 
 }  // namespace korvinel

@@ -4,7 +4,7 @@
 
 namespace korvinel {
 
-/// As MainState::assembleDataFile, but lets no events in between two blocks.
+/// As MainState::assembleDataFile, but dispatches no events between blocks.
 void assembleWithoutEvents(MainState& state);
 
 }  // namespace korvinel

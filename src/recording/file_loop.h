@@ -7,11 +7,11 @@
 
 namespace korvinel {
 
-/// A loop that reads the open data file and lets the user's events in between two blocks. Any of them may close the
-/// file, open another or start an acquisition; the loop then leaves at once and touches nothing more.
+/// A loop that reads the open data file and dispatches events between blocks. An event may close the file, open another
+/// or start an acquisition; the loop then ends at once and changes nothing more.
 class FileLoop {
  public:
-  /// Takes the file that `readHandle` holds, and closes it in the end.
+  /// Takes the file in `readHandle` and closes it at the end.
   explicit FileLoop(MainState& state) : state_(state), file_(state.readHandle) { state.fileLoopRunning = 1; }
   ~FileLoop() {
     close();
@@ -27,7 +27,7 @@ class FileLoop {
     if (!fileGone()) state_.readHandle.reset();
   }
 
-  /// Lets events in; returns whether the loop may go on.
+  /// Dispatches events; returns whether the loop may continue.
   [[nodiscard]] bool poll() {
     state_.host.events.poll();
     return !fileGone();
@@ -38,13 +38,13 @@ class FileLoop {
   std::weak_ptr<platform::InputFile> file_;
 };
 
-/// Runs "Apri File" or "Display". Given while a file loop is under way, the command ends that loop and follows it, so
-/// that loops never nest.
+/// Runs "Apri File" or "Display". While a file loop is running, the command ends that loop and then runs, so that loops
+/// never nest.
 void runFileCommand(MainState& state, FileCommand command);
 
 // The steps of runFileCommand.
-[[nodiscard]] bool openingIsAllowed(MainState& state);  ///< says why not
-[[nodiscard]] bool replayIsAllowed(MainState& state);   ///< says why not
+[[nodiscard]] bool openingIsAllowed(MainState& state);  ///< if not, tells the user why
+[[nodiscard]] bool replayIsAllowed(MainState& state);   ///< if not, tells the user why
 void openChosenFile(MainState& state);
 void replayOpenFile(MainState& state);
 

@@ -4,8 +4,8 @@
 
 namespace korvinel {
 
-/// At the end of a recording: what stands in the note box becomes a note, and a box that was opened with "Annota" is
-/// closed. Nothing happens while recording is off. What cannot be kept is added to `recordingNotice`.
+/// At the end of a recording: turns the text in the note box into a note and closes the box. Does nothing while
+/// recording is off. What cannot be kept is added to `recordingNotice`.
 void takeOpenNote(MainState& state);
 
 }  // namespace korvinel

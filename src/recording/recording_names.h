@@ -6,15 +6,15 @@
 
 namespace korvinel {
 
-/// While recording, the boxes of the names show what was checked and cannot be edited.
+/// While recording, the names in the boxes, already checked, are read-only.
 void lockNames(MainState& state, bool locked);
 
-/// The name itself where no file of that name lies in the folder, upper and lower case alike; else the first free one
-/// of "uno (2).QVD", "uno (3).QVD", ..., shortened where it would be too long.
+/// The name itself if the folder has no file of that name, case ignored; else the first free one of "uno (2).QVD", "uno
+/// (3).QVD", ..., shortened if it would be too long.
 [[nodiscard]] std::string freeFileName(platform::Files& files, const std::string& folder, const std::string& name);
 
-/// Before a data file is written: gives the recording a free name where a file of its own has appeared since it began,
-/// and adds that to `recordingNotice`.
+/// Before a data file is written: if a file of its name has appeared since recording began, gives the recording a free
+/// name and adds that to `recordingNotice`.
 void takeFreeName(MainState& state);
 
 }  // namespace korvinel

@@ -6,12 +6,12 @@
 
 namespace korvinel {
 
-/// What "Apri File" shows before, after and instead of a scanned file.
+/// What "Apri File" shows before and after a scan, or instead of a scanned file.
 
 void announceReading(MainState& state);
 void showScannedFile(MainState& state);  ///< graphs, labels and the summary on the message panel
 void showThatItWasStopped(MainState& state);
-/// Says that the file could not be read beyond `block`, and why.
+/// Reports that the file could not be read beyond `block`, and why.
 void tellReadFault(MainState& state, int block, const std::string& fault);
 
 }  // namespace korvinel

@@ -11,7 +11,7 @@ constexpr auto sideFileNames = "nomi";
 constexpr auto sideFileNoteCount = "note";
 constexpr auto sideFileNote = "nota";
 
-/// 0..65535; tells a line that was cut short or damaged from a whole one.
+/// Check number 0..65535, by which a truncated or damaged line is recognised.
 [[nodiscard]] constexpr unsigned checkNumber(std::string_view fields) {
   unsigned number = 0;
   for (const char byte : fields) number = (number * 31 + static_cast<unsigned char>(byte)) % 65536;
@@ -19,7 +19,7 @@ constexpr auto sideFileNote = "nota";
 }
 static_assert(checkNumber("\"note\",1") == 28051);
 
-/// The fields with their check number behind them, and CR LF.
+/// The fields, then their check number and CR LF.
 [[nodiscard]] inline std::string checkedLine(const std::string& fields) {
   return fields + "," + std::to_string(checkNumber(fields)) + "\r\n";
 }

@@ -7,7 +7,7 @@
 
 namespace korvinel {
 
-/// A band in the report: the record's fields that hold its values, and where its text stands in a spectrum panel.
+/// A band in the report: the fields that hold its values, and the position of its text in a spectrum panel.
 struct BandRow {
   const eeg::Band& band;
   Bounded<Fixed, 4> ReportState::*maximum;
@@ -15,7 +15,7 @@ struct BandRow {
   Bounded<float, 4> ReportState::*shown;
   int x, y;                     ///< panel units
   const char* label;            ///< before the value
-  const char* labelOfPanelTwo;  ///< the second panel spaces two of them; all are the system's own forms
+  const char* labelOfPanelTwo;  ///< the second panel spaces two of them differently, as is settled
 };
 
 inline constexpr std::array<BandRow, 4> bandRows = {{

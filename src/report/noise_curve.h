@@ -4,20 +4,20 @@
 
 namespace korvinel {
 
-/// The curve of the undifferentiated background activity: it rises to the largest of the slow waves and falls from
-/// there with the power of the shape that comes closest to the lowest value of the spectrum.
+/// The curve of the undifferentiated background activity: it rises to the peak of the slow waves, then falls with the
+/// power of the shape that comes closest to the lowest value of the spectrum.
 struct NoiseFit {
   int peak = 1;               ///< index of the largest value in 1..7
   int valley = 1;             ///< index of the smallest value from the peak to 64
-  Fixed height;               ///< value of the curve at its peak, microvolts: nine tenths of the spectrum's
-  int exponent = 0;           ///< 3..10; 11 when no curve comes closer than 3000 microvolts to the valley
+  Fixed height;               ///< the curve at its peak, microvolts: nine tenths of the spectrum there
+  int exponent = 0;           ///< 3..10; 11 if no curve comes within 3000 microvolts of the valley
   Bounded<Fixed, 130> curve;  ///< [index 1..64], microvolts
 };
 
 /// Fits the curve to a mean spectrum in microvolts.
 [[nodiscard]] NoiseFit fitNoise(const ReportSpectrum& spectrum);
 
-/// The shape of a curve with its peak at index `peak`: 1 there, rising to it, and falling towards 0.7071 after it.
+/// The shape of a curve with its peak at index `peak`: rises to 1 there, then falls towards 0.7071.
 [[nodiscard]] Fixed noiseShape(int peak, int index);
 
 }  // namespace korvinel

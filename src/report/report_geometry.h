@@ -40,12 +40,12 @@ constexpr Rect printButton{490, 820, 224, 40};
 constexpr Rect explainButton{724, 820, 224, 40};
 constexpr Rect commentButton{958, 820, 224, 40};
 
-// Texts printed on the ground
+// Texts printed on the background
 constexpr int textColumn = 880;                      ///< left edge of the header and of the verdicts
 constexpr int makerLine = 10;                        ///< y of the maker's name
 constexpr int firstLine = 47;                        ///< y of line 1
 constexpr int lineDistance = 33;                     ///< from one line to the next
-constexpr Rect scaleLine{textColumn, 144, 316, 24};  ///< room of line 4 once the scale has moved
+constexpr Rect scaleLine{textColumn, 144, 316, 24};  ///< area of line 4 once the scale has moved
 constexpr int frequencyLine = 780;                   ///< y of the frequency labels
 
 }  // namespace korvinel::report_geometry

@@ -23,20 +23,20 @@ struct ReportWindow {
   platform::Range scaleSlider{"Scala del rapporto in microvolt", 1, 200, 30};
   platform::Label scaleLabel{"Scala del rapporto"};
   platform::Label intervalLabel{"Durata dell'intervallo"};
-  platform::Label statusLabel{"Stato del rapporto"};  ///< empty, or why an operation has ended early
+  platform::Label statusLabel{"Stato del rapporto"};  ///< empty, or why an operation ended early
 
-  /// Spectra of channels 1..4: two units an index across, 200 down.
+  /// Spectra of channels 1..4: two units per index across, 200 down.
   platform::Surface spectrum1{"Spettro F1", 128, 200, 18};
   platform::Surface spectrum2{"Spettro F2", 128, 200, 18};
   platform::Surface spectrum3{"Spettro T5", 128, 200, 18};
   platform::Surface spectrum4{"Spettro T6", 128, 200, 18};
-  /// Coherence of pairs 1..4: one unit an index across; 100 at the top, 0 in the middle, -100 at the foot.
+  /// Coherence of pairs 1..4: one unit per index across; 100 at the top, 0 in the middle, -100 at the bottom.
   platform::Surface coherence1{"Coerenza F1-F2", 64, 200, 18};
   platform::Surface coherence2{"Coerenza T5-T6", 64, 200, 18};
   platform::Surface coherence3{"Coerenza F1-T5", 64, 200, 18};
   platform::Surface coherence4{"Coerenza F2-T6", 64, 200, 18};
 
-  /// The window itself: the ground under the panels, in the units of the report's geometry. Holds the header, the
+  /// The window itself: the background under the panels, in the units of the report's geometry. Shows the header, the
   /// verdicts and the frequency labels.
   platform::Surface ground{"Rapporto", 1200, 900, 18, platform::Colour::windowBackground};
 
@@ -44,7 +44,7 @@ struct ReportWindow {
   platform::Surface& coherenceOf(int pair);    ///< 1..4; else a RuntimeError (subscript)
 };
 
-/// The small window of comments: one surface that grows downward with every printing of the comments.
+/// The small window of comments: one surface that grows downward each time the comments are printed.
 struct CommentWindow {
   static constexpr int linesOfComment = 18;
   static constexpr int lineHeight = 16;  ///< of letters of 10 points, at 96 dots an inch

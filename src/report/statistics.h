@@ -10,7 +10,7 @@ namespace korvinel {
 using ReportSpectrum = Bounded<float, 66>;
 
 /// Mean of a sum over `blocks` blocks, stored as a 32-bit float and floored to one decimal; never "-0".
-/// A negative count (a reversed interval) divides as it stands; no block is a RuntimeError (division by zero).
+/// A negative count (a reversed interval) is used as it is; a count of 0 is a RuntimeError (division by zero).
 [[nodiscard]] float meanToTenth(double sum, int blocks);
 
 /// Largest value in the range, at least 0, floored to one decimal.
@@ -18,9 +18,9 @@ using ReportSpectrum = Bounded<float, 66>;
 /// Mean value in the range, floored to one decimal.
 [[nodiscard]] Fixed bandMean(const ReportSpectrum& spectrum, eeg::IndexRange range);
 
-/// Moves the whole spectrum so that its mean becomes the pair's coherence.
+/// Shifts the whole spectrum so that its mean becomes the pair's coherence.
 void levelCoherence(ReportSpectrum& spectrum, float pairCoherence);
-/// Scales a spectrum whose maximum is 100 or more so that it ends at 100; another stays as it is.
+/// Scales a spectrum whose maximum is 100 or more to a maximum of 100; leaves any other unchanged.
 void capCoherence(ReportSpectrum& spectrum);
 
 }  // namespace korvinel

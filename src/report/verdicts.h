@@ -4,10 +4,10 @@
 
 namespace korvinel {
 
-/// The rules that turn the report's numbers into classes, and the classes into words. The limits 0.8, 0.95, 1.05, 1.2
-/// and 1.3 are 32-bit floats, compared with ratios in double precision.
+/// Turns the report's numbers into classes, and the classes into words. The limits 0.8, 0.95, 1.05, 1.2 and 1.3 are
+/// 32-bit floats, compared with ratios in double precision.
 
-/// How far the alpha band stands out of the noise: 0 none, 1 little, 2 fair, 3 excellent.
+/// How far alpha rises above the noise: 0 none, 1 little, 2 fair, 3 excellent.
 [[nodiscard]] int alphaClass(double ratio);
 /// Left level over right level: 0 even, 1 and 2 leaning to the right (slightly, strongly), -1 and -2 to the left.
 [[nodiscard]] int symmetryClass(double ratio);
@@ -23,7 +23,7 @@ namespace korvinel {
 [[nodiscard]] std::string frontalCoherenceVerdict(int coherence);
 [[nodiscard]] std::string temporalCoherenceVerdict(int coherence);
 
-/// Comments. A class that no row of a table names leaves `text` as it is.
+/// Comments. A class without a comment leaves `text` unchanged.
 void commentAlpha(int frontalPlusTemporal, std::string& text);  ///< sum of both alpha classes, 0..6
 void commentSymmetry(float symmetry, std::string& text);
 void commentCoherence(float coherence, std::string& text);

@@ -36,7 +36,7 @@ class Bounded {
     return elements_[static_cast<std::size_t>(index)];
   }
 
-  /// The elements from index 0, for arithmetic on plain arrays.
+  /// The elements from index 0 as a plain array.
   constexpr Element* data() { return elements_.data(); }
   constexpr const Element* data() const { return elements_.data(); }
 

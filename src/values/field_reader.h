@@ -28,16 +28,16 @@ class TextSource : public ByteSource {
   std::string_view rest_;
 };
 
-/// Reads one field and the delimiter behind it. Fields are separated by commas or line ends (CR LF, LF or CR); leading
+/// Reads one field and the delimiter after it. Fields are separated by commas or line ends (CR LF, LF or CR); leading
 /// blanks are skipped; a field that begins with a double quote runs to the next double quote, any other to the next
-/// delimiter. A RuntimeError (input) where the source is at its end before the field begins, where the closing quote
-/// is missing, or where a field is longer than `longestField` bytes (a damaged file must not fill the memory).
+/// delimiter. A RuntimeError (input) if the source ends before the field begins, the closing quote is missing, or the
+/// field is longer than `longestField` bytes (a damaged file must not fill the memory).
 [[nodiscard]] std::string readField(ByteSource& source);
 
-/// Reads one field as a number; a RuntimeError (input) if it is none.
+/// Reads one field as a number; a RuntimeError (input) if it is not one.
 [[nodiscard]] double readNumber(ByteSource& source);
 
-/// Reads one field as a 32-bit number; also a RuntimeError (overflow) where it is beyond that format's range.
+/// Reads one field as a 32-bit number; also a RuntimeError (overflow) if it is beyond that format's range.
 [[nodiscard]] float readFloat(ByteSource& source);
 
 constexpr int longestField = 32'767;

@@ -25,7 +25,7 @@ class Fixed {
     return result;
   }
 
-  /// The count nearest to the double product number x 10000, ties to even. No number (NaN) is an overflow.
+  /// The count nearest to the double product number x 10000, ties to even. NaN counts as overflow.
   static Fixed nearest(double number) {
     const double exact = number * static_cast<double>(scale);
     // Below 2^51 a sum with 1.5 x 2^52 is rounded to a whole number, without the library's call.
@@ -94,7 +94,7 @@ class Fixed {
   std::int64_t count_ = 0;
 };
 
-/// The largest tenth that is not above the number (toward minus infinity): 12.38 gives 12.3, -0.05 gives -0.1.
+/// The largest tenth not above the number (toward minus infinity): 12.38 gives 12.3, -0.05 gives -0.1.
 constexpr Fixed floorToTenth(Fixed number) {
   constexpr std::int64_t tenth = Fixed::scale / 10;
   const std::int64_t remainder = number.count() % tenth;

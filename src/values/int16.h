@@ -15,7 +15,7 @@ class Int16 {
   constexpr Int16(int number)
       : value_(checked(number)) {}  // NOLINT(google-explicit-constructor): a field reads as a number
 
-  /// The nearest integer, ties to even: 0.5 gives 0, 1.5 gives 2. No number (NaN) is an overflow.
+  /// The nearest integer, ties to even: 0.5 gives 0, 1.5 gives 2. NaN counts as overflow.
   static Int16 nearest(double number) {
     const double rounded = std::nearbyint(number);
     if (!(rounded >= minimum && rounded <= maximum)) overflow();

@@ -7,8 +7,8 @@
 
 namespace korvinel {
 
-/// The 32-bit float nearest to a double. A RuntimeError (overflow) where its magnitude is beyond the largest one: the
-/// plain conversion has no defined result there. NaN and the infinities stay what they are.
+/// The 32-bit float nearest to a double. A RuntimeError (overflow) if its magnitude exceeds the largest float, for
+/// which a plain conversion is undefined. NaN and infinities are returned unchanged.
 [[nodiscard]] inline float toFloat(double number) {
   constexpr auto largest = static_cast<double>(std::numeric_limits<float>::max());
   if (std::abs(number) > largest && !std::isinf(number))

@@ -7,11 +7,11 @@ namespace korvinel {
 
 /// What went wrong in an operation.
 enum class Fault {
-  overflow,        ///< a value does not fit its 16-bit or fixed-point field
+  overflow,        ///< a value does not fit its field
   subscript,       ///< an index outside an array's stated bounds
-  divisionByZero,  ///< a quotient with a zero divisor, or a result that is no number
-  input,           ///< a file or a line whose content cannot be read
-  output,          ///< a file or device that does not take what is written
+  divisionByZero,  ///< a zero divisor, or a NaN result
+  input,           ///< content of a file or a line that cannot be read
+  output,          ///< a file or device that cannot be written
 };
 
 /// A fault of the running operation. It ends that operation, never the program, except at start-up.

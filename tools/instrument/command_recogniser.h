@@ -25,7 +25,7 @@ static_assert(closingChecksum("\xFF") == 1);
 [[nodiscard]] std::string_view bytesOf(Command command);
 
 /// Finds the commands in the bytes that arrive at the instrument, one byte at a time. Anything that is not exactly a
-/// command is passed over, and a command that begins inside such garbage is still found.
+/// command is ignored, and a command that begins inside such garbage is still found.
 class CommandRecogniser {
  public:
   struct Step {
@@ -35,7 +35,7 @@ class CommandRecogniser {
   [[nodiscard]] Step take(char byte);
 
  private:
-  std::string pending_;  // always the beginning of a command, never a whole one
+  std::string pending_;  // always the beginning of a command, never a complete one
 };
 
 }  // namespace korvinel::instrument

@@ -7,11 +7,12 @@
 
 namespace korvinel::instrument {
 
-/// What is wrong with the instrument or its cable. Bytes and blocks are counted from the start of the program, over all
-/// starts and stops; a block is 256 frames = 1024 bytes as the instrument makes them, before any are lost or doubled.
+/// The faults of the instrument or its cable. Bytes and blocks are counted from the start of the program, across all
+/// starts and stops; a block is 256 frames = 1024 bytes as the instrument produces them, before any are lost or
+/// doubled.
 struct Faults {
   bool noAnswer = false;                        ///< the test command is not answered
-  std::string wrongAnswer;                      ///< what answers the test command instead of "OK"; empty = "OK"
+  std::string wrongAnswer;                      ///< the answer to the test command instead of "OK"; empty = "OK"
   bool repeatAnswer = false;                    ///< the answer comes twice in a row
   bool splitAnswer = false;                     ///< 300 ms between the answer's first character and the rest
   std::int64_t lateAnswerMs = 0;                ///< pause before the answer, milliseconds
@@ -28,7 +29,7 @@ struct Faults {
 /// Adds the fault written as "NAME" or "NAME=VALUE". Throws std::invalid_argument with a message for the user.
 void addFault(Faults& faults, std::string_view text);
 
-/// What reaches the wire of the byte with the given number, counted from 1: nothing, the byte, or two of it. A flipped
+/// What reaches the wire for the byte with this number, counted from 1: nothing, the byte, or the byte twice. A flipped
 /// byte has all its bits inverted.
 [[nodiscard]] std::string onTheWire(const Faults& faults, std::int64_t number, char byte);
 

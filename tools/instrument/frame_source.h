@@ -9,10 +9,10 @@
 
 namespace korvinel::instrument {
 
-/// Where the frames come from that the instrument streams.
+/// The source of the frames that the instrument streams.
 struct FrameSource {
   virtual ~FrameSource() = default;
-  virtual std::optional<Frame> nextFrame() = 0;  ///< none: at its end, for good
+  virtual std::optional<Frame> nextFrame() = 0;  ///< none: the source has ended
 };
 
 /// The frames of simulated heads, without end.

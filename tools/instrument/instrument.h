@@ -13,30 +13,30 @@
 
 namespace korvinel::instrument {
 
-/// The four-channel instrument and how its bytes come over the cable: bytes and the time go in, bytes come out. Times
-/// are seconds of any clock that never goes back.
+/// The four-channel instrument and its cable: bytes and the time go in, bytes come out. Times are seconds of any
+/// monotonic clock.
 ///
 /// It answers the test command with "OK", streams frames after the start command, 128 a second, the first one 1/128 s
 /// after it, and stops after the stop command. A start command during the stream begins a new one, at channel 1. It
-/// finishes a frame before it obeys. The test command ends a running stream, so that the answer can be told from
-/// samples.
+/// finishes a frame before it obeys a command. The test command ends a running stream, so that the answer can be
+/// distinguished from samples.
 class Instrument {
  public:
-  /// `speed`: multiplies the 128 frames a second; above 0. A line too slow for it is made faster.
+  /// `speed`: multiplies the 128 frames a second; above 0. The line's speed is raised if it is too slow for that.
   Instrument(std::unique_ptr<FrameSource> source, double speed, Faults faults,
              const Wiring& wiring = {.pace = Pace::wholeFrames});
 
   void receive(std::string_view bytes, double now);
 
-  /// What has come out of the cable up to `now`, in order: the adapter's chunks, or answers and frames. More than 4096
-  /// frames behind, the instrument goes on from `now` rather than catching up for ever.
+  /// What has come out of the cable up to `now`, in order: the adapter's chunks, or answers and frames. If it is more
+  /// than 4096 frames behind, the instrument continues from `now` instead of catching up.
   [[nodiscard]] std::vector<std::string> takeDue(double now);
 
   [[nodiscard]] double nextDue() const;  ///< when the next piece may be due; infinity while there is nothing to send
 
   /// The cable has been pulled out by a fault: nothing is received or sent until plugIn().
   [[nodiscard]] bool unplugged() const { return unplugged_; }
-  void plugIn();  ///< as after power-up: not streaming, no half command, no answer due
+  void plugIn();  ///< as after power-up: not streaming, no partial command, no answer due
 
   [[nodiscard]] std::int64_t bytesStreamed() const { return bytesStreamed_; }  ///< since the program's start
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
-/// Numbers in the values of options. All throw std::invalid_argument with a message for the user, which names `what`
-/// and the allowed range. Decimal with a point, whatever the machine's locale.
+/// Numbers in option values. All throw std::invalid_argument with a message for the user that names `what` and the
+/// allowed range. A decimal point, whatever the locale.
 namespace korvinel::instrument {
 
 [[nodiscard]] double numberIn(std::string_view text, double least, double most, std::string_view what);

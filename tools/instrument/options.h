@@ -12,7 +12,7 @@
 
 namespace korvinel::instrument {
 
-/// What the user wants of the program.
+/// The options of a run.
 struct Options {
   bool help = false;                                           ///< show helpText() and end
   std::filesystem::path link;                                  ///< where the port is linked
@@ -20,20 +20,20 @@ struct Options {
   std::uint64_t seed = 1;
   std::optional<std::filesystem::path> recording;  ///< the raw file to play
   bool once = false;                               ///< fall silent at the recording's end
-  double speed = 1;                                ///< factor on 128 frames a second
+  double speed = 1;                                ///< multiplies the 128 frames a second
   Wiring wiring;
   Faults faults;
   std::optional<double> replugSeconds;  ///< pause between a hang-up and the cable coming back
   std::optional<std::filesystem::path> log;
 };
 
-/// A command line that is not understood; what() is a message for the user.
+/// An invalid command line; what() is a message for the user.
 struct UsageError : std::invalid_argument {
   using std::invalid_argument::invalid_argument;
 };
 
 /// Reads the arguments without the program's name. `dataFolder`: the user's data folder of Korvinel, which holds
-/// `ports/`; empty if there is none, and then --link is required. Throws UsageError.
+/// `ports/`; empty if there is none; --link is then required. Throws UsageError.
 [[nodiscard]] Options parseOptions(const std::vector<std::string>& arguments, const std::filesystem::path& dataFolder);
 
 /// `$XDG_DATA_HOME/korvinel`, or `~/.local/share/korvinel` where that is unset or relative; empty without a home.

@@ -6,19 +6,19 @@
 
 namespace korvinel::instrument {
 
-/// The instrument's end of a serial cable that is a pseudo-terminal. The other end is linked under a name of the
-/// user's choice until the object goes. Throws std::runtime_error with a message for the user.
+/// The instrument's end of a serial cable that is a pseudo-terminal. The other end is linked under a name of the user's
+/// choice for the lifetime of the object. Throws std::runtime_error with a message for the user.
 class PseudoTerminal {
  public:
-  /// Opens the pair, raw at 19200 baud, and makes `link` point to the far end; folders on the way are created, an old
-  /// symbolic link is replaced, anything else under that name is refused and left alone.
+  /// Opens the pair, raw at 19200 baud, and makes `link` point to the far end; missing folders are created, an old
+  /// symbolic link is replaced, anything else of that name is refused and left alone.
   explicit PseudoTerminal(std::filesystem::path link);
   ~PseudoTerminal();  ///< removes the link if it is still its own, then hangs up
   PseudoTerminal(const PseudoTerminal&) = delete;
   PseudoTerminal& operator=(const PseudoTerminal&) = delete;
 
-  /// Sends without waiting. What does not fit because the far end does not read is lost, but a piece only as a whole: a
-  /// slow reader misses frames and never sees half of one.
+  /// Sends without waiting. What does not fit because the far end does not read is lost, but only in whole pieces: a
+  /// slow reader misses frames but never sees part of one.
   void send(std::string_view piece);
 
   [[nodiscard]] std::string receive();  ///< everything that has arrived; never waits

@@ -4,8 +4,8 @@
 
 namespace korvinel::instrument {
 
-/// A small generator of its own, so that a seed gives the same signal with every standard library.
-/// Recurrence: splitmix64 (Steele, Lea and Flood, Fast splittable pseudorandom number generators, 2014).
+/// A small generator of our own, so that a seed gives the same signal with every standard library. Recurrence:
+/// splitmix64 (Steele, Lea and Flood, Fast splittable pseudorandom number generators, 2014).
 class Random {
  public:
   explicit Random(std::uint64_t seed) : state_(seed) {}
@@ -17,12 +17,12 @@ class Random {
     return mixed ^ (mixed >> 31U);
   }
 
-  double between(double low, double high) {  ///< evenly spread, `high` excluded
+  double between(double low, double high) {  ///< uniform, `high` excluded
     return low + (high - low) * (static_cast<double>(next() >> 11U) * 0x1p-53);
   }
 
-  /// Nearly normal, mean 0, deviation 1, never beyond 6: the sum of twelve even numbers needs no logarithm, whose last
-  /// bits differ between mathematics libraries.
+  /// Nearly normal, mean 0, deviation 1, never beyond 6: the sum of twelve uniform numbers, as the last bits of a
+  /// logarithm differ between mathematics libraries.
   double normal() {
     double sum = -6;
     for (int term = 0; term < 12; ++term) sum += between(0, 1);

@@ -13,15 +13,15 @@
 
 namespace korvinel::instrument {
 
-/// The instrument at its cable, in real time.
+/// The instrument on its cable, in real time.
 class Session {
  public:
-  /// Opens what the options name and says on `output` when and where the port is ready, also after a replug. Throws
-  /// std::runtime_error with a message for the user.
+  /// Opens the port and the recording that the options name, and writes to `output` when and where the port is ready,
+  /// also after a replug. Throws std::runtime_error with a message for the user.
   Session(const Options& options, std::ostream& output);
 
-  /// Waits until something is due or arrives, at most `most`, and deals with it. `alsoWakes`: a descriptor whose
-  /// becoming readable ends the wait, or -1. Returns false when the session is over: the cable is out for good.
+  /// Waits until something is due or arrives, at most `most`, and handles it. `alsoWakes`: a descriptor that ends the
+  /// wait when it becomes readable, or -1. Returns false when the session is over: the cable is permanently out.
   bool step(std::chrono::milliseconds most, int alsoWakes = -1);
 
  private:

@@ -22,9 +22,8 @@ struct ModelStep {
   friend bool operator==(const ModelStep&, const ModelStep&) = default;
 };
 
-/// Reads "MODEL" or "MODEL:SECONDS,MODEL:SECONDS,...". A model without seconds lasts for ever and must be the last; if
-/// the last one has seconds too, the list starts again after it. Throws std::invalid_argument with a message for the
-/// user.
+/// Reads "MODEL" or "MODEL:SECONDS,MODEL:SECONDS,...". A model without seconds has no end and must be the last; if the
+/// last one has seconds too, the list repeats. Throws std::invalid_argument with a message for the user.
 [[nodiscard]] std::vector<ModelStep> parseModels(std::string_view text);
 
 [[nodiscard]] std::string modelNames();  ///< "eyes-closed, eyes-open, ..."

@@ -38,8 +38,8 @@ class SlowLevel {
   double inner_ = 0, outer_ = 0;
 };
 
-/// A rhythm that waxes and wanes in spindles of some seconds and wanders a little in frequency; -1..1, where 1 is the
-/// crest of a full spindle.
+/// A rhythm that waxes and wanes in spindles of some seconds and varies slightly in frequency; -1..1, where 1 is the
+/// peak of a full spindle.
 class Rhythm {
  public:
   explicit Rhythm(double hertz) : hertz_(hertz) {}
@@ -51,7 +51,7 @@ class Rhythm {
   SlowLevel waxing_;
 };
 
-/// A rhythm of both hemispheres: mostly common to them, partly each one's own.
+/// A rhythm of both hemispheres: mostly common, partly independent.
 class BilateralRhythm {
  public:
   explicit BilateralRhythm(double hertz) : common_(hertz), left_(hertz), right_(hertz) {}
@@ -63,8 +63,8 @@ class BilateralRhythm {
   Rhythm common_, left_, right_;
 };
 
-/// The potential of blinking as seen above the eyes, in uV, 0 between blinks: one blink of 100..150 uV and 200..400 ms
-/// every 3 to 6 s.
+/// The potential of blinking as recorded above the eyes, in uV, 0 between blinks: one blink of 100..150 uV and 200..400
+/// ms every 3 to 6 s.
 class Blinks {
  public:
   double next(Random& random);

@@ -7,7 +7,7 @@
 
 namespace korvinel::tool {
 
-/// Where the numbers of an analysis go; "" is nowhere.
+/// Where the numbers of an analysis are written; "" = nowhere.
 struct AnalyseTargets {
   std::string json;  ///< "-" is standard output
   std::string csvFolder;

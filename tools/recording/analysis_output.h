@@ -9,14 +9,14 @@
 
 namespace korvinel::tool {
 
-/// Everything that was calculated for an opened recording and its report, in the layout that the manual page describes.
-/// Arrays hold the used indexes in ascending order.
+/// Everything calculated for an opened recording and its report, in the layout described in the manual page. Arrays
+/// hold the used indexes in ascending order.
 [[nodiscard]] Json analysisJson(const Workbench& bench);
 
-/// The same as tables: file name and content (CSV, a header line each).
+/// The same as tables: file name and content (CSV with a header line).
 [[nodiscard]] std::vector<std::pair<std::string, std::string>> analysisTables(const Workbench& bench);
 
-/// The fault in a word or two, "" without one.
+/// The fault in a word or two; "" = none.
 [[nodiscard]] std::string reportError(const Workbench& bench);
 
 /// The band arrays of a report, "maxDelta" to "meanBeta": every band's maxima, then every band's means.

@@ -15,19 +15,19 @@ struct BatchOptions {
   bool force = false;
 };
 
-/// The recordings among these files and, however deep, in these folders: every file that is named, and what ends in
-/// .QVD; in the order of their names, each once. ToolError where one does not exist.
+/// The recordings among these files and, at any depth, in these folders: every file named, and those ending in .QVD;
+/// sorted by name, each once. ToolError if one does not exist.
 [[nodiscard]] std::vector<std::string> recordingsIn(const std::vector<std::string>& places);
 
-/// Analyses every recording and writes a table, one row each in the order of `recordings`. A recording that cannot be
-/// analysed has its reason in the row's last column. Rows that are finished are kept beside the table until it is
-/// whole, so that an interrupted run can be resumed. Returns the exit code: `failed` where a row has an error.
+/// Analyses every recording and writes a table, one row each in the order of `recordings`. If a recording cannot be
+/// analysed, the row's last column says why. Finished rows are kept in a file beside the table until it is complete, so
+/// that an interrupted run can be resumed. Returns the exit code: `failed` if a row has an error.
 int runBatch(const std::vector<std::string>& recordings, const BatchOptions& options);
 
-/// The line of column names, and the row of one recording.
+/// The header line, and the row of one recording.
 [[nodiscard]] std::string batchTitle();
 struct BatchRow {
-  std::string line;  ///< with line end
+  std::string line;  ///< including the line end
   bool hasError = false;
 };
 [[nodiscard]] BatchRow batchRow(const std::string& recording, const AnalysisOptions& options);

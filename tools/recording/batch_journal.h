@@ -10,19 +10,19 @@
 
 namespace korvinel::tool {
 
-/// The rows that an unfinished batch has so far, a line of JSON each, in a file beside the table. The first line tells
-/// what the rows were calculated with.
+/// The rows of an unfinished batch, one line of JSON each, in a file beside the table. The first line holds the options
+/// that the rows were calculated with.
 class BatchJournal {
  public:
-  /// Opens TABLE.part. Where it exists it is continued with `resume`, replaced with `force`, and else a ToolError; a
-  /// UsageError where it is to be continued with other options than it was begun with.
+  /// Opens TABLE.part. If it exists, it is continued with `resume`, replaced with `force`, and otherwise a ToolError; a
+  /// UsageError if it was begun with other options than those of the run that would continue it.
   BatchJournal(const BatchOptions& options);
 
-  /// The row of a recording that has not changed since it was written.
+  /// The row of a recording that has not changed since the row was written.
   [[nodiscard]] const BatchRow* rowOf(const std::string& recording) const;
-  /// Safe to be called by several threads.
+  /// Thread-safe.
   void add(const std::string& recording, const BatchRow& row);
-  void remove();  ///< when the table is whole
+  void remove();  ///< once the table is complete
 
  private:
   void readRows(const std::string& signature);

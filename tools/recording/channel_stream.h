@@ -10,10 +10,10 @@ struct soxr;
 
 namespace korvinel::tool {
 
-/// One signal of an EDF file in microvolts, at 128 samples a second whatever its own rate, piece by piece.
+/// One signal of an EDF file in microvolts, resampled to 128 a second, read piece by piece.
 class ChannelStream {
  public:
-  /// ToolError where the signal's unit is no voltage, or its rate too low or too high.
+  /// ToolError if the signal's unit is not a voltage, or its rate too low or too high.
   ChannelStream(const EdfFile& file, int signal);
   ~ChannelStream();
   ChannelStream(ChannelStream&&) noexcept;

@@ -11,9 +11,9 @@
 
 namespace korvinel::tool {
 
-/// A text that no spreadsheet takes for a formula: where apostrophes and blanks followed by =, +, - or @ stand at its
-/// beginning, or behind a semicolon, tab or line end (a cell's beginning for some), one more apostrophe goes in front.
-/// Whoever reads the table takes one apostrophe away at the same places.
+/// A text that no spreadsheet takes for a formula: if apostrophes and blanks followed by =, +, - or @ stand at its
+/// beginning, or after a semicolon, tab or line end (where a cell begins for some), one more apostrophe is put in
+/// front. A reader of the table removes one apostrophe at the same places.
 [[nodiscard]] inline std::string plainText(std::string_view text) {
   std::string plain;
   bool cellBegins = true;
@@ -27,7 +27,7 @@ namespace korvinel::tool {
   return plain;
 }
 
-/// A field of a CSV file: in double quotes (doubled inside) where it holds a comma, a quote or a line end.
+/// A field of a CSV file: in double quotes (doubled inside) if it contains a comma, a quote or a line end.
 [[nodiscard]] inline std::string csvField(std::string_view text) {
   if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
   std::string field = "\"";

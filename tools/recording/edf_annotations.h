@@ -8,22 +8,21 @@
 
 namespace korvinel::tool {
 
-/// A remark at a time of an EDF+ file; text in UTF-8.
+/// An annotation of an EDF+ file; text in UTF-8.
 struct Annotation {
   double onset;  ///< seconds of signal from the file's beginning
   std::string text;
   friend bool operator==(const Annotation&, const Annotation&) = default;
 };
 
-constexpr std::size_t longestAnnotation = 40;  ///< bytes that the library writes of one
+constexpr std::size_t longestAnnotation = 40;  ///< bytes that the library writes at most
 
-/// What a recording of so many blocks says, in the order of time: one annotation for each block, which tells its time
-/// in the examination
-/// ("block 5 at 12 s"), and the notes, the longer of them in pieces.
+/// The annotations of a recording of so many blocks, in order of time: one for each block with its time in the
+/// examination ("block 5 at 12 s"), and the notes, long ones in pieces.
 [[nodiscard]] std::vector<Annotation> annotationsOf(const FileHeader& header, int blocks);
 
-/// Notes for a recording from the annotations of any file: those that tell the time of a block are left out, pieces are
-/// put together. Times are blocks, 2 or more.
+/// Notes for a recording from the annotations of any file: those with the time of a block are left out, pieces are
+/// joined. Times are blocks, 2 or more.
 struct Note {
   int block;
   std::string text;

@@ -20,25 +20,25 @@ struct EdfDate {
   friend bool operator==(const EdfDate&, const EdfDate&) = default;
 };
 
-/// What an exported file is to hold.
+/// The expected content of an exported file.
 struct EdfPlan {
   int blocks = 0;
-  std::string person;  ///< ASCII; "" leaves the person out
+  std::string person;  ///< ASCII; "" = anonymous
   EdfDate date{1985, 1, 1};
   std::vector<Annotation> annotations;
 
-  /// Each holds one annotation in each record.
+  /// Each holds one annotation per record.
   [[nodiscard]] int annotationSignals() const {
     const int count = static_cast<int>(annotations.size());
     return (count + blocks - 1) / blocks;
   }
 };
 
-/// The samples of one channel in microvolts, as whole numbers -128..127; counts in `limited` those that were beyond.
+/// The samples of one channel in microvolts, as whole numbers -128..127; counts in `limited` those out of range.
 [[nodiscard]] std::array<short, samplesPerRecord> digitalSamples(const Bounded<float, 258>& samples, int& limited);
 
-/// Reads a written file back: its size, its header, every annotation and every sample. ToolError where anything differs
-/// from the plan and the recording.
+/// Reads a written file back: its size, its header, every annotation and every sample. ToolError if anything differs
+/// from the plan or the recording.
 void checkEdf(const std::string& recording, const SafeOutput& output, const EdfPlan& plan);
 
 }  // namespace korvinel::tool

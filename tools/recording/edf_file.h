@@ -13,7 +13,7 @@ namespace korvinel::tool {
 /// An EDF, EDF+, BDF or BDF+ file open for reading, through EDFlib. Signals count from 0.
 class EdfFile {
  public:
-  /// `shownAs` is named in errors. ToolError where the file is none, or is discontinuous.
+  /// `shownAs`: its name in errors. ToolError if it is not EDF/BDF, or is discontinuous.
   EdfFile(const std::string& path, const std::string& shownAs);
   ~EdfFile();
   EdfFile(const EdfFile&) = delete;
@@ -24,7 +24,7 @@ class EdfFile {
   [[nodiscard]] std::vector<std::string> labels() const;
   [[nodiscard]] double samplesPerSecond(int signal) const;
   [[nodiscard]] std::vector<Annotation> annotations() const;  ///< in the order of time
-  /// The next samples of a signal in its own unit, `count` at most; none at the end.
+  /// The next samples of a signal in its own unit, at most `count`; none at the end.
   [[nodiscard]] std::vector<double> readPhysical(int signal, int count) const;
   [[nodiscard]] std::vector<int> readDigital(int signal, int count) const;
 
@@ -33,10 +33,10 @@ class EdfFile {
   std::unique_ptr<edf_hdr_struct> header_;
 };
 
-/// The name of the person that a header tells of; "" where it is left out.
+/// The person's name in a header; "" if it is left out.
 [[nodiscard]] std::string personOf(const edf_hdr_struct& header);
 
-/// A text from a fixed field of a header, without the blanks around it.
+/// The text of a fixed header field, without surrounding blanks.
 [[nodiscard]] std::string trimmed(const std::string& text);
 
 }  // namespace korvinel::tool

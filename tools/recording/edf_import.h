@@ -13,16 +13,16 @@ struct ImportOptions {
   bool force = false;
 };
 
-/// Makes a recording of four channels of an EDF or BDF file: resampled to 128 a second, 1 unit = 1 microvolt, limited
-/// to what a recording can hold; annotations become notes. Tells what could not be kept as it is. ToolError where the
-/// file cannot be used.
+/// Makes a recording from four channels of an EDF or BDF file: resampled to 128 a second, 1 unit = 1 microvolt, limited
+/// to what a recording can hold; annotations become notes. Reports what could not be preserved. ToolError if the file
+/// cannot be used.
 void importEdf(const std::string& input, const std::string& output, const ImportOptions& options);
 
 struct Imported {
   std::string dataFile;            ///< bytes of the recording
-  std::vector<std::string> notes;  ///< what there is to tell the user
+  std::vector<std::string> notes;  ///< what to report to the user
 };
-/// The same without writing it. `shownAs` is named in errors.
+/// The same without writing it. `shownAs`: the file's name in errors.
 [[nodiscard]] Imported importedFrom(const std::string& input, const std::string& shownAs, const ImportOptions& options);
 
 }  // namespace korvinel::tool

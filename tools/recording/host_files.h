@@ -8,19 +8,19 @@
 
 namespace korvinel::tool {
 
-/// A file of the user's for reading; ToolError with the system's reason where it cannot be opened.
+/// Opens one of the user's files for reading; ToolError with the system's reason if that fails.
 [[nodiscard]] std::unique_ptr<platform::InputFile> openInput(const std::string& path);
 
-/// All bytes of a file of at most `most` bytes; ToolError where it is longer or cannot be read.
+/// All bytes of a file of at most `most` bytes; ToolError if it is longer or cannot be read.
 [[nodiscard]] std::string readAll(const std::string& path, std::int64_t most = 1'000'000'000);
 
 /// The path without "." and "..", from the root of the file system.
 [[nodiscard]] std::string absolutePath(const std::string& path);
 
-/// Whether both names lead to one existing file.
+/// Whether both names refer to one existing file.
 [[nodiscard]] bool isSameFile(const std::string& first, const std::string& second);
 
-/// The last line of a core message: the reason that the system gave.
+/// The last line of a core message: the system's reason.
 [[nodiscard]] std::string reasonOf(const std::string& message);
 
 }  // namespace korvinel::tool

@@ -9,24 +9,24 @@
 
 namespace korvinel::tool {
 
-/// Something that a whole recording does not have.
+/// A defect of a recording.
 struct Defect {
   std::int64_t offset;  ///< byte at which it begins, from 0
   std::string what;
 };
 
-/// What a look at a recording finds, without analysing it.
+/// The result of inspecting a recording, without analysing it.
 struct Inspection {
-  FileHeader header;            ///< empty where it cannot be read
-  int blocks = 0;               ///< blocks of samples, whole or not
+  FileHeader header;            ///< empty if it cannot be read
+  int blocks = 0;               ///< blocks of samples, complete or not
   std::vector<Defect> defects;  ///< in the order of the file
 };
 
-/// Goes through a recording from its beginning to its end, with little memory however long it is. A RuntimeError where
-/// the disk cannot be read.
+/// Inspects a recording from beginning to end, with little memory however long it is. A RuntimeError if the disk cannot
+/// be read.
 [[nodiscard]] Inspection inspect(platform::InputFile& file);
 
-/// Takes the source past one field of version V4; returns whether it holds a number that a sample can have.
+/// Reads one field of version V4; returns whether it is a number that a sample can have.
 [[nodiscard]] bool takeSampleField(ByteSource& source);
 
 }  // namespace korvinel::tool

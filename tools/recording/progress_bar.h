@@ -6,7 +6,7 @@
 
 namespace korvinel::tool {
 
-/// A bar with the time left, on standard error; nothing where nobody watches (no terminal).
+/// A progress bar with the time left, on standard error; nothing unless that is a terminal.
 class ProgressBar {
  public:
   explicit ProgressBar(int total);

@@ -7,9 +7,9 @@
 
 namespace korvinel::tool {
 
-/// Keeps a recording from being begun into the folder of this temporary file while it is being read. A ToolError where
-/// one is under way: the file is then still being written. Null where the file is no recording's of that folder, where
-/// nobody has ever recorded there, or where that cannot be found out, which is told.
+/// Prevents a recording from being started in the folder of this temporary file while the file is being read. A
+/// ToolError if one is under way, as the file is then still being written. Null if the file is not where recordings are
+/// made, if nobody has ever recorded there, or if that cannot be determined, which is reported.
 [[nodiscard]] std::unique_ptr<platform::FileLock> holdAgainstRecording(const std::string& temporaryFile);
 
 }  // namespace korvinel::tool

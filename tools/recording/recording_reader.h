@@ -9,17 +9,16 @@
 
 namespace korvinel::tool {
 
-using Block = Bounded<float, 4, 258>;  ///< [channel 1..4][sample 1..256], sample units, 128 is the middle
+using Block = Bounded<float, 4, 258>;  ///< [channel 1..4][sample 1..256], sample units, mid level 128
 
 /// The raw samples of a recording, block after block to its end, however long it is.
 class RecordingReader {
  public:
-  /// Reads the header and the notes. ToolError where that fails or the version is unknown.
+  /// Reads the header and the notes. ToolError if that fails or the version is unknown.
   explicit RecordingReader(const std::string& path);
 
   [[nodiscard]] const FileHeader& header() const { return header_; }
-  /// The next block; samples that the file does not hold are 128. False at the end. ToolError where the disk cannot be
-  /// read.
+  /// Reads the next block; missing samples are 128. False at the end. ToolError if the disk cannot be read.
   bool next(Block& block);
   [[nodiscard]] int missingSamples() const { return missingSamples_; }  ///< so far
 

@@ -6,8 +6,8 @@
 
 namespace korvinel::tool {
 
-/// Writes the report of an opened recording as a page: a PDF, PNG or SVG file, by the ending of `output`. ToolError
-/// where it cannot be written, UsageError for another ending.
+/// Writes the report of an opened recording as a page: a PDF, PNG or SVG file, by the ending of `output`. ToolError if
+/// it cannot be written, UsageError for any other ending.
 void writeReport(const Workbench& bench, const std::string& recording, const std::string& output, bool force);
 
 /// UsageError unless the ending is .pdf, .png or .svg.

@@ -8,15 +8,15 @@
 
 namespace korvinel::tool {
 
-/// A temporary file, block after block. It is known by its header line, never by its name.
+/// Reads a temporary file block by block. It is recognised by its header line, never by its name.
 class TemporaryReader {
  public:
-  /// ToolError where the file cannot be read or its header line is not that of a temporary file.
+  /// ToolError if the file cannot be read or its header line is not that of a temporary file.
   explicit TemporaryReader(const std::string& path);
 
   [[nodiscard]] const std::string& subject() const { return subject_; }
   [[nodiscard]] const std::string& date() const { return date_; }  ///< "dd/mm/yyyy"
-  /// The bytes of the next block as they stand, fewer at the end of the file. ToolError where the disk cannot be read.
+  /// The bytes of the next block unchanged, fewer at the end of the file. ToolError if the disk cannot be read.
   [[nodiscard]] std::string nextBlock();
   [[nodiscard]] std::int64_t position() const { return file_->position(); }
 
@@ -31,8 +31,8 @@ class TemporaryReader {
   std::string subject_, date_;
 };
 
-/// Whether a whole block is as the program writes them: the ends of its records in their places, no sample of a value
-/// that is never written.
+/// Whether a complete block is as the program writes it: record ends in their places, no sample with a value that is
+/// never written.
 [[nodiscard]] bool isSound(const std::string& block);
 
 }  // namespace korvinel::tool

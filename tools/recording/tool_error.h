@@ -12,17 +12,17 @@ enum ExitCode : int {
   notUnderstood = 2,  ///< the command line
 };
 
-/// Something that cannot be done with a file. what() is the line for the user: "FILE: what is wrong, where".
+/// An operation on a file that failed. what() is the line for the user: "FILE: what is wrong, where".
 struct ToolError : std::runtime_error {
   ToolError(const std::string& file, const std::string& what) : std::runtime_error(file + ": " + what) {}
 };
 
-/// A command line whose parts do not fit together.
+/// A command line whose parts contradict each other.
 struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Prints a line on standard error that is no error: "FILE: note".
+/// Prints a remark, not an error, on standard error: "FILE: note".
 void tell(const std::string& file, const std::string& note);
 void tellError(const std::exception& error);
 

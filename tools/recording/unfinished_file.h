@@ -5,11 +5,11 @@
 
 namespace korvinel::tool {
 
-/// A file that is being written and is worth nothing until it is whole: it goes with the object, and where the program
-/// is interrupted with the program.
+/// A file being written that is worthless until complete: it is removed with the object, and also if the program is
+/// interrupted.
 class UnfinishedFile {
  public:
-  /// `create`: makes the file; if it throws there is none.
+  /// `create`: creates the file; if it throws, there is none.
   UnfinishedFile(std::string path, const std::function<void()>& create);
   ~UnfinishedFile();
   UnfinishedFile(const UnfinishedFile&) = delete;
@@ -21,10 +21,10 @@ class UnfinishedFile {
   std::string path_;
 };
 
-/// Runs a step that could make a removed file anew; it does not run any more once the program is interrupted.
+/// Runs a step that could re-create a removed file; not once the program has been interrupted.
 void beforeInterruption(const std::function<void()>& step);
 
-/// Removes all that is unfinished. Nothing can be created as such from then on: the program is about to end.
+/// Removes all unfinished files. None can be created from then on: the program is about to end.
 void removeUnfinishedFiles();
 
 }  // namespace korvinel::tool

@@ -5,7 +5,7 @@
 
 namespace korvinel::tool {
 
-/// Names of files are UTF-8 in the tool. The standard library's own conversion is another one on Windows.
+/// File names are UTF-8 in the tool; on Windows the standard library would convert them differently.
 [[nodiscard]] inline std::filesystem::path pathOf(const std::string& utf8) {
   return {std::u8string(utf8.begin(), utf8.end())};
 }

@@ -11,12 +11,12 @@
 
 namespace korvinel::tool {
 
-/// Files of the disk, but the program's own root lies in memory: nothing of an installation is touched, and what the
-/// program would write there can be taken from `root`.
+/// Files on the disk, but with the program's own root in memory: no installation is touched, and what the program would
+/// write there can be read from `root`.
 class ToolFiles : public platform::Files {
  public:
   platform::MemoryFiles root;  ///< by full path
-  std::string recording;       ///< is read from the disk, even where the user keeps it in the program's own folder
+  std::string recording;       ///< read from the disk, even if it is in the program's own folder
 
   [[nodiscard]] std::unique_ptr<platform::InputFile> openForReading(const std::string& path) override {
     return path == recording ? disk_->openForReading(path) : at(path).openForReading(path);
@@ -48,32 +48,34 @@ class ToolFiles : public platform::Files {
   std::unique_ptr<platform::Files> disk_ = platform::hostFiles("");
 };
 
-/// What the user may choose before a recording is analysed.
+/// The user's choices for an analysis.
 struct AnalysisOptions {
   std::string factors;                 ///< bytes of the calibration file
-  std::string factorsFile;             ///< the file that they were read from, "" if from none
+  std::string factorsFile;             ///< the file they were read from, "" if none
   bool ocular = false;                 ///< ocular artefacts are removed
   std::optional<int> first, last;      ///< the report's interval; the whole recording if not given
   bool maxima = false, means = false;  ///< the band values written in the report's panels
   std::optional<int> microvolts;       ///< full scale of the report's spectra, 1..200
 };
 
-/// Puts the calibration into the options: of the file `path`, or of the installation if it is empty (64 factors of 1
-/// where nothing is installed). ToolError where the file cannot be used.
+/// Reads the calibration into the options: from the file `path`, or if that is empty from the installation (64 factors
+/// of 1 if there is none). ToolError if the file cannot be used.
 void takeCalibration(AnalysisOptions& options, const std::string& path);
 
-/// The whole program without a screen, for one recording. It is worked as a user would: through its controls.
+/// The whole program without a screen, for one recording, operated through its controls like a user would.
 class Workbench {
  public:
   explicit Workbench(const AnalysisOptions& options = {});
 
-  /// "Apri File" with this file. ToolError where it is not opened.
+  /// "Apri File" with this file. ToolError if it is not opened.
   void open(const std::string& path);
-  /// "Analisi", with the interval, the band values and the scale of the options, and the comments. UsageError where the
+  /// "Analisi", with the interval, the band values and the scale of the options, and the comments. UsageError if the
   /// interval is outside the recording. A fault ends the report early and stays in `reportFault`.
   void makeReport();
 
-  [[nodiscard]] int scannedBlocks() const { return scannedBlocks_; }  ///< read and analysed, one more than is counted
+  [[nodiscard]] int scannedBlocks() const {
+    return scannedBlocks_;
+  }  ///< blocks read and analysed, one more than counted
 
  private:
   AnalysisOptions options_;
