@@ -17,7 +17,7 @@ float meanOf(const float* samples) {
   return sum / static_cast<float>(sampleCount);
 }
 
-/// While acquiring, the time strip follows the pair on show; with a file open it shows the whole file instead.
+/// While acquiring, the time strip follows the pair shown; with a file open it shows the whole file instead.
 void drawLiveTrend(MainState& state) {
   platform::Surface& strip = state.window.Picture6;
   strip.clear();

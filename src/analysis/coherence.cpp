@@ -32,7 +32,7 @@ void printAverage(MainState& state) {
   if (state.channelPair == 2) strip.print("Syncro 3-4 media= " + shortestDecimal(state.syncAverage[2]));
 }
 
-/// Frequency runs upward, four units an index; +100 stands at the left edge, 0 in the middle.
+/// Frequency runs upward, four units per index; +100 is at the left edge, 0 in the middle.
 void drawCoherenceGuides(Surface& graph) {
   for (int y = 1; y <= 249; y += 8) graph.point(100, y, Colour::blue);
   for (int y = 43; y <= 258; y += 43)

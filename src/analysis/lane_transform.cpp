@@ -18,9 +18,9 @@ namespace korvinel {
 namespace {
 
 // Values are whole counts of ten-thousandths, held in doubles. Stage s combines groups of 2^(s-1) values into groups of
-// twice the size. In the first six stages a row holds one element of all groups, the groups in the order in which the
-// bit-reversed halves lie behind each other: the lower halves of the pairs are the row's second half. Then the rows are
-// turned into groups, and the last two stages run along these.
+// twice the size. In the first six stages a row holds one element of every group, the groups in bit-reversed order: the
+// lower halves of the pairs are the second half of the row. Then rows are transposed into groups, along which the last
+// two stages run.
 
 /// The quotient c / 10000, correctly rounded, for whole c below 2^39: c times the first 14 bits of 1/10000 is exact,
 /// and what the rest adds is off by less than 2^-13 units in the last place, while no c / 10000 lies within 1/1250 of
@@ -29,7 +29,7 @@ constexpr double perCountFirst = 0x1.a36p-14;
 constexpr double perCountRest = (1.0 - perCountFirst * 10'000) / 10'000;
 constexpr double countsPerUnit = 10'000;
 
-/// Adding it, and taking it off again, rounds a number below 2^51 to a whole one, ties to even.
+/// Adding and subtracting it rounds a number below 2^51 to a whole one, ties to even.
 constexpr double rounder = 0x1.8p52;
 constexpr auto rounderBits = std::bit_cast<std::uint64_t>(rounder);
 
@@ -37,8 +37,8 @@ constexpr std::uint64_t complexRange = std::uint64_t{1} << 29;  // grows to less
 constexpr std::uint64_t realRange = std::uint64_t{1} << 22;
 constexpr int rowStages = 6;
 
-/// In the stages up to the sixth, the factor of a quarter turn just swaps the parts: what the short pi adds to a real
-/// value does not reach half a count.
+/// Up to the sixth stage, the factor of a quarter turn just swaps the parts: what the truncated pi adds to a real value
+/// is below half a count.
 consteval bool quarterTurnsAreExact() {
   constexpr double largest = static_cast<double>(realRange << (rowStages - 1));
   for (int stage = 2; stage <= rowStages; ++stage) {
@@ -82,7 +82,7 @@ KORVINEL_INLINE void turnRows(const Four* rows, Four* groups) {
   }
 }
 
-/// One transform, `width` values at a time. Vectors are handed on by reference: by value they would need the wide
+/// One transform, `width` values at a time. Vectors are passed by reference: by value they would need the wide
 /// registers that only some callers have.
 template <int width>
 class LaneTransform {
@@ -120,7 +120,7 @@ class LaneTransform {
     std::memcpy(&counts, values + 1 + i * width, sizeof counts);
   }
 
-  /// The values of +-range, a power of two, are those that leave no bit above 2 x range - 1 here.
+  /// Values within +-range, a power of two, set no bit above 2 x range - 1 here.
   static KORVINEL_INLINE void load(const Fixed* values, int i, std::uint64_t range, Doubles& numbers, Counts& bits) {
     Counts counts;
     load(values, i, counts);
@@ -184,8 +184,8 @@ class LaneTransform {
     for (int row = 1; row < 1 << (stage - 1); ++row) combineRow<stage>(in, out, row);
   }
 
-  /// The same for real values: the imaginary part of row 0, and of the row that is turned by a quarter, is 0. It is
-  /// neither written nor read.
+  /// The same for real values: the imaginary part of row 0, and of the row rotated by a quarter turn, is 0 and neither
+  /// written nor read.
   template <int stage>
   static KORVINEL_INLINE void realRowStage(const Parts& in, Parts& out) {
     constexpr int half = 1 << (stage - 1), rowLength = (transformLength >> stage) / width;
@@ -200,7 +200,7 @@ class LaneTransform {
     for (int row = half / 2 + 1; row < half; ++row) combineRow<stage>(in, out, row);
   }
 
-  /// Stage 1; gives whether all values are within the range.
+  /// Stage 1; returns whether all values are within the range.
   static KORVINEL_INLINE bool startComplex(const Fixed* re, const Fixed* im, Parts& out) {
     Counts bits{};
     Parts in;
@@ -221,7 +221,7 @@ class LaneTransform {
     rowStage<6>(a, b);
   }
 
-  /// Stages 1 and 2, which only add and swap; gives whether all values are within the range.
+  /// Stages 1 and 2, which only add and swap; returns whether all values are within the range.
   static KORVINEL_INLINE bool startReal(const Fixed* re, Parts& out) {
     Counts bits{};
     for (int i = 0; i < quarter; ++i) {

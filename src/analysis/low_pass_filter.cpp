@@ -9,7 +9,7 @@ constexpr int firstCutIndex = 80;  // 39.5 Hz
 constexpr double gain = 1.06;
 constexpr double midLevel = eeg::midLevel;
 
-/// Indexes 80..176. Not mirror-symmetric: one component more survives on the negative side.
+/// Indexes 80..176. Not symmetric: one more component survives on the negative side.
 void cutHighFrequencies(MainState& state) {
   for (int i = firstCutIndex; i <= state.samplesPerBlock - firstCutIndex; ++i) state.fftRe[i] = state.fftIm[i] = 0;
 }
@@ -31,7 +31,7 @@ void MainState::lowPassBlock() {
 
 void MainState::inverseTransform() {
   invertTransform(fftRe.data(), fftIm.data());
-  // The imaginary part that the uneven cut leaves is folded in, on purpose.
+  // The imaginary part left by the asymmetric cut is added, on purpose.
   for (int i = 0; i <= samplesPerBlock; ++i)
     filteredSamples[i] = static_cast<float>((fftRe[i] + fftIm[i]).toDouble() * gain + midLevel);
 }

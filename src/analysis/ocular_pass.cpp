@@ -15,7 +15,7 @@ struct SamplePair {
   Fixed first, second;
 };
 
-/// Good pairs of samples in the order of time.
+/// Good pairs of samples in order of time.
 struct Reserve {
   std::array<SamplePair, sampleCount> pairs;
   std::size_t gathered = 0;
@@ -72,7 +72,7 @@ void MainState::removeOcularArtefacts() {
   WorkingCopy copy = copyOf(sampleBlock);
   const bool frontal = fillFromReserve(copy[1].data(), copy[2].data());
   const bool temporal = fillFromReserve(copy[3].data(), copy[4].data());
-  // One replacement anywhere, and all four channels come back through the four-decimal copy; otherwise none does.
+  // After any replacement, all four channels are rounded to four decimals by the copy; otherwise none is.
   if (frontal || temporal) putBack(copy, sampleBlock);
 }
 

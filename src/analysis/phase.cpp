@@ -24,7 +24,7 @@ double signOf(double number) { return number < 0 ? -1.0 : 1.0; }
 
 /// For numbers within 0..1: the nearest eighth, and the series for what remains, at most 1/16.
 double arcTangentBelowOne(double number) {
-  // NOLINTNEXTLINE(bugprone-incorrect-roundings): half-way between two eighths either will do
+  // NOLINTNEXTLINE(bugprone-incorrect-roundings): halfway between two eighths, either is right
   const int eighths = static_cast<int>(number * 8.0 + 0.5);
   const double near = eighths / 8.0;
   const double rest = (number - near) / (1.0 + number * near);

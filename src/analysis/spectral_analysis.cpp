@@ -5,7 +5,7 @@
 namespace korvinel {
 namespace {
 
-/// The complex spectrum of one channel, with the block's deviation and the shape on the way. The mean is not taken off:
+/// The complex spectrum of one channel, and with it the block's deviation and the shape. The mean is not subtracted:
 /// the transform discards it.
 void transformSamples(MainState& state, int channel) {
   state.channelIndex = channel;

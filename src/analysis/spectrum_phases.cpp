@@ -6,9 +6,9 @@
 #include "analysis/phase.h"
 #include "analysis/transform.h"
 
-// Loops without branches, so that a compiler can take several indexes at once, and all indexes abreast, so that no term
-// of a series waits for the one before. A phase need not be exact to the last bit of a double here: only its
-// fourth decimal counts, and the few that lie next to the middle between two decimals are left to phaseAngle.
+// Branch-free loops over all indexes for each term of a series, so that a compiler can vectorise them and no term waits
+// for the previous one. A phase need not be exact to the last bit of a double here: only its fourth decimal counts, and
+// the few phases close to the middle between two decimals are left to phaseAngle.
 
 namespace korvinel {
 namespace {
@@ -18,7 +18,7 @@ constexpr double quarterPi = 0.7853981633974483;
 constexpr double tangentOfNumbershPi = 0.41421356237309503;
 constexpr double countsPerUnit = 10'000;
 constexpr double rounder = 0x1.8p52;     // a sum with it is rounded to a whole number
-constexpr double decisiveRest = 0.4999;  // rounding off less than this is beyond doubt
+constexpr double decisiveRest = 0.4999;  // rounding by less than this is certain
 constexpr std::size_t size = keptIndexes;
 
 using Numbers = std::array<double, size>;
@@ -45,7 +45,7 @@ Numbers nearPhases(const Numbers& a, const Numbers& b) {
   constexpr double tiny = 1e-300;  // two parts of 0 give 0
   Numbers quotient, aboveNumbersh;
   for (std::size_t k = 0; k < size; ++k) {
-    // The angle within 0..pi / 4, above pi / 8 as what it falls short of pi / 4.
+    // The angle within 0..pi / 4; above pi / 8, its difference from pi / 4.
     const double small = std::min(std::abs(a[k]), std::abs(b[k])), large = std::max(std::abs(a[k]), std::abs(b[k]));
     aboveNumbersh[k] = small > tangentOfNumbershPi * large ? 1.0 : 0.0;
     quotient[k] = (small - aboveNumbersh[k] * large) / (large + aboveNumbersh[k] * small + tiny);
@@ -90,7 +90,7 @@ void phasesOf(const Fixed* re, const Fixed* im, Fixed* phases) {
 }
 
 void phaseCoherences(const Fixed* first, const Fixed* second, float* coherence) {
-  // pi in two parts, the first short enough for what is left of an angle near it to be exact.
+  // pi in two parts, the first short enough for the difference of a nearby angle from it to be exact.
   constexpr double piHigh = 0x1.921fb544p+1, piLow = 0x1.0b4611a626331p-33;
   const Numbers a = countsOf(first), b = countsOf(second);
   Numbers x;

@@ -35,7 +35,7 @@ void CommentWindowView::resizeEvent(QResizeEvent* event) {
   fitText();
 }
 
-/// The text as wide as its window; the newest lines in sight.
+/// Makes the text as wide as its window and shows the newest lines.
 void CommentWindowView::fitText() {
   const int width = scroll_.viewport()->width();
   const int height = static_cast<int>(std::lround(model_.text.height() * width / model_.text.width()));

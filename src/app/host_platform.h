@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-/// The one place that says which system the program is built for.
+/// Selects the system that the program is built for; the only place that does.
 #ifdef _WIN32
 #include "platform/windows/disk_files.h"
 #include "platform/windows/end_signals.h"
@@ -24,7 +24,7 @@ namespace korvinel {
 #ifdef _WIN32
 using HostMachine = platform::WindowsMachine;
 
-/// The toolkit prints what the system itself has taken a picture of.
+/// The toolkit prints the picture that the system has captured.
 class HostScreenPrinter : public platform::WindowsScreenPrinter {
  public:
   HostScreenPrinter(platform::Dialogs& dialogs, platform::PathNotation paths, std::function<std::string()> dataFileName)

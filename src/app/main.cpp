@@ -24,10 +24,10 @@ int refuseToStart(const std::exception& cause) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  // The desktop knows the installed program, and its icon, by these names.
+  // The desktop finds the installed program and its icon by these names.
   QApplication::setDesktopFileName("org.korvinel.Korvinel");
   QApplication::setWindowIcon(QIcon::fromTheme("korvinel"));
-  // The toolkit takes over the machine's locale; numbers are written with a point all the same.
+  // The toolkit sets the machine's locale; numbers must still have a decimal point.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName("Korvinel");
   korvinel::platform::applyAppearance();

@@ -26,7 +26,7 @@ using platform::SurfaceView;
 constexpr QSize smallestClient(900, 600);
 constexpr double letterHeight = 13;  // of the plan
 
-/// Along the blocks "down" and "page down" are onward, as on the time strip; the toolkit's slider takes them for less.
+/// "Down" and "page down" go forward through the blocks, as on the time strip; the toolkit's slider would go back.
 class BlockSlider : public QSlider {
  public:
   using QSlider::QSlider;

@@ -41,13 +41,13 @@ int Program::run() {
   return QApplication::exec();
 }
 
-/// An acquisition under way is ended first, by its next turn.
+/// An acquisition under way ends first, by its next turn.
 bool Program::mayClose() {
   edge_.run([this] { static_cast<void>(state_.closeWindow()); });
   return edge_.ended();
 }
 
-/// Leaves every event loop, also those of open dialogs; the operations that wait in them unwind.
+/// Leaves every event loop, including those of open dialogs; the operations waiting in them unwind.
 void Program::end() {
   if (!displayIsThere_) return;
   windows_.hideAll();
@@ -55,7 +55,7 @@ void Program::end() {
   QApplication::exit(0);
 }
 
-/// Nothing is asked any more, not even in a box that is open already about a recording that could not be saved.
+/// Asks nothing any more, even if a box about a recording that could not be saved is already open.
 void Program::endAtOnce() {
   state_.nobodyToAsk = 1;
   if (!edge_.ended()) return edge_.run([this] { state_.endWithoutAsking(); });

@@ -13,13 +13,13 @@
 
 namespace korvinel {
 
-/// The whole program on the screen: the main window's models tied to their record over this machine.
+/// The whole program on the screen: the main window's models and record on this machine.
 class Program {
  public:
-  /// `dataFolder`: where the program's drive C and the links of its serial ports lie.
+  /// `dataFolder`: holds the program's drive C and the links to the serial ports.
   explicit Program(std::string dataFolder);
 
-  void startUp();  ///< throws a RuntimeError where the program cannot work
+  void startUp();  ///< throws a RuntimeError if the program cannot work
   int run();       ///< shows the window; returns when the program has ended
 
  private:

@@ -18,7 +18,7 @@ void bringForward(QWidget& window) {
 
 }  // namespace
 
-/// The views are also the main window's children, so they may go before their models, never after.
+/// The views are also children of the main window, so they may be destroyed before their models, never after.
 struct ReportWindows::Report {
   Report(ProgramValues& shared, platform::Platform& host) : state(window, comments, shared, host) {}
   ~Report() { delete view; }
@@ -66,7 +66,7 @@ void ReportWindows::reportClosed() {
   forgetting_.start(0);
 }
 
-/// A report that is closed while it waits for something lives until that is over.
+/// A report closed while one of its operations waits is kept until that has ended.
 void ReportWindows::forgetClosed() {
   constexpr int lookAgainMs = 50;
   std::erase_if(closed_, [](const auto& report) { return report->state.operationsUnderWay == 0; });

@@ -18,7 +18,8 @@ class ReportWindows : public platform::Windows {
   ReportWindows(ProgramValues& shared, platform::OperationEdge& edge);
   ~ReportWindows() override;
 
-  /// Before anything is shown. `main`: the main window, which owns the others. All of them must outlive this.
+  /// To be called before anything is shown. `main`: the main window, which owns the others. All arguments must outlive
+  /// this.
   void attach(QWidget& main, platform::Platform& host);
 
   void showReport() override;

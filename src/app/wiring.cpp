@@ -13,7 +13,7 @@ std::function<void()> behindEdge(MainState& state, platform::OperationEdge& edge
   return [&state, &edge, operation] { edge.run([&] { (state.*operation)(); }); };
 }
 
-/// The stream is stopped where the turn that would do it does not come any more.
+/// Stops the stream if the turn that would stop it no longer comes.
 void stopStream(MainState& state) {
   const bool turnIsLeftOut = state.host.tickTimer.enabled() || state.host.pauseTimer.enabled();
   const bool streams = turnIsLeftOut || (state.nobodyToAsk == 1 && state.acquisitionPending());

@@ -5,8 +5,8 @@
 
 namespace korvinel {
 
-/// Ties the main window's controls and the two timers to the operations of the record. Every event runs behind the
-/// edge, where a fault ends its operation only. All of them must live as long as the window.
+/// Connects the main window's controls and the two timers to the operations of the record, each through the edge: a
+/// fault ends its operation only. All arguments must live as long as the window.
 void tieControls(MainState& state, platform::OperationEdge& edge);
 
 }  // namespace korvinel

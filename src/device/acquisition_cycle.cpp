@@ -21,7 +21,7 @@ void finish(MainState& state) {
   skipOnFault([&] { state.endAcquisition(); });
 }
 
-/// The pause makes up for the time that the block's processing took, so that a turn lasts three seconds.
+/// The pause is shortened by the time spent on the block, so that a turn lasts three seconds.
 void armPauseTimer(MainState& state, double turnStart) {
   state.window.Slider1.setValue(state.blockCount);
   const double elapsedMs = std::trunc((state.host.clock.seconds() - turnStart) * 1000.0);
@@ -48,7 +48,7 @@ void handleAcceptedBlock(MainState& state) {
   skipOnFault([&] { state.drawSpectrumDisplay(); });
   skipOnFault([&] { state.showBandPeaks(); });
   const bool ends = state.endRequested == 1 || state.stopRequested == 1;
-  // A recording that has just been switched on starts the examination anew, so that it is counted from its own first
+  // When recording has just been switched on, the examination starts anew, so that it counts from the recording's first
   // block.
   if (ends || state.recordingArmed == 1) return finish(state);
   armPauseTimer(state, turnStart);
@@ -68,8 +68,8 @@ void runTurn(MainState& state) {
   if (state.endRequested == 1) finish(state);
 }
 
-/// Until the acquisition has been ended another turn comes, whatever has happened in this one: turns alone look at
-/// what Stop and End ask for.
+/// Until the acquisition has ended there is always another turn, whatever happened in this one: only turns check for
+/// Stop and End.
 void keepTurning(MainState& state) {
   const bool turnComes = state.host.tickTimer.enabled() || state.host.pauseTimer.enabled();
   if (state.intervalSelectable == 0 && !turnComes) state.host.tickTimer.setEnabled(true);

@@ -36,7 +36,8 @@ void MainState::checkArtefacts() {
 }
 
 void MainState::rejectBlock() {
-  // Not `channelPair`: rejected blocks are shown for the pair that the start of acquisition selects, the first.
+  // Not `channelPair`: rejected blocks are always shown for the pair selected at the start of the acquisition, the
+  // first.
   const int firstChannel = sharedSelector == 1 ? 1 : sharedSelector == 2 ? 3 : 0;
   const int secondChannel = firstChannel == 0 ? 0 : firstChannel + 1;
   window.firstTrace.clear();

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int channels = 4;
 constexpr int passesUnderWay = 8;
-constexpr int lag = 2;                                 ///< samples from one pass to the next
+constexpr int lag = 2;                                 ///< samples between one pass and the next
 constexpr int lastDelay = lag * (passesUnderWay - 1);  ///< of the last pass behind the first
 static_assert(baselinePasses % passesUnderWay == 0);
 
@@ -17,7 +17,7 @@ struct Column {
   alignas(16) float of[channels];
 };
 
-/// Renews `columns[0]`. `left`: the new column before it; it becomes the one just renewed.
+/// Renews `columns[0]`. `left`: the renewed column before it; becomes the one just renewed.
 inline void takeMean(Column* columns, Column& left) {
   Column mean;
   for (int c = 0; c < channels; ++c) {
@@ -28,7 +28,7 @@ inline void takeMean(Column* columns, Column& left) {
   columns[0] = left = mean;
 }
 
-/// Several passes over the columns 1..count, each `lag` behind the one before.
+/// Several passes over the columns 1..count, each trailing the previous one by `lag`.
 void runPasses(Column* columns, int count) {
   Column left[passesUnderWay];
   columns[count + 1] = columns[count];

@@ -11,7 +11,7 @@ namespace korvinel {
 namespace {
 
 constexpr int bytesPerBlock = instrumentStream.bytesPerBlock();
-constexpr int mostRestarts = 3;  // without a question, for one block
+constexpr int mostRestarts = 3;  // without asking, for one block
 
 void restartStream(MainState& state, const std::string& reason) {
   tellOfDoubt(state, reason);
@@ -20,11 +20,11 @@ void restartStream(MainState& state, const std::string& reason) {
   state.readStartTime = state.host.clock.seconds();
 }
 
-/// Whoever has asked for the end is asked no more, and needs no stream.
+/// After Stop or End, the operator is not asked again and no stream is needed.
 bool endIsAsked(const MainState& state) { return state.endRequested == 1 || state.stopRequested == 1; }
 
-/// Waits for a whole block and takes it with all that is waiting; nothing after the time-out. Where it is not certain
-/// that the bytes begin with channel 1 they are given up and the stream is restarted.
+/// Waits for a whole block and reads everything that is waiting; nothing after the time-out. If it is uncertain whether
+/// the bytes begin with channel 1, they are dropped and the stream is restarted.
 std::optional<std::string> waitForBlock(MainState& state) {
   auto& port = state.host.serialPort;
   state.readStartTime = state.host.clock.seconds();
@@ -36,14 +36,14 @@ std::optional<std::string> waitForBlock(MainState& state) {
         if (++restarts > mostRestarts || endIsAsked(state)) return std::nullopt;
         restartStream(state, doubt);
       } else if (std::string bytes = port.read(); bytes.size() >= bytesPerBlock) {
-        return bytes;  // a cable pulled out since the look gives fewer
+        return bytes;  // fewer if the cable was pulled out since
       }
     }
     if (state.host.clock.seconds() - state.readStartTime > instrumentStream.blockTimeout()) return std::nullopt;
   }
 }
 
-/// The stop did not reach the instrument, which may stream on.
+/// The stop did not reach the instrument, which may still be streaming.
 void openLineAgain(MainState& state) {
   if (!openPort(state)) return;
   raiseLines(state);
@@ -65,13 +65,13 @@ void askToRestartStream(MainState& state) {
 }  // namespace
 
 void MainState::readBlock() {
-  artefactFlag = 1;  // until a whole block has been checked there is none to accept
+  artefactFlag = 1;  // no block is accepted until it has been checked
   std::optional<std::string> block;
   while (!(block = waitForBlock(*this))) {
     if (endIsAsked(*this)) return;
     askToRestartStream(*this);
   }
-  streamPosition = decodeFrames(*block, instrumentStream, sampleBlock);  // what has come beyond the block is dropped
+  streamPosition = decodeFrames(*block, instrumentStream, sampleBlock);  // anything beyond the block is dropped
   smoothBlock();
   checkArtefacts();
   if (endIsAsked(*this)) return;

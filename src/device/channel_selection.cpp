@@ -3,7 +3,7 @@
 namespace korvinel {
 
 void MainState::toggleChannelPair() {
-  // The count starts anew with every acquisition while the pair stays, so a press may select the pair already shown.
+  // Each acquisition resets the count but keeps the pair, so a press may select the pair already shown.
   pairToggleCount += 1;
   const bool firstPair = pairToggleCount % 2 == 0;
   channelPair = firstPair ? 1 : 2;

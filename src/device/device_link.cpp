@@ -30,7 +30,7 @@ std::string readAnswer(MainState& state) {
   }
 }
 
-/// Opens the port and asks the instrument for its "OK"; a port that cannot be opened is an instrument that is silent.
+/// Opens the port and asks the instrument for its "OK"; a port that cannot be opened counts as a silent instrument.
 bool shakeHands(MainState& state) {
   state.window.firstTrace.printAt(2, 2, Colour::white, "Aspetta 4 secondi..");
   if (!openPort(state)) return false;
@@ -43,7 +43,7 @@ bool shakeHands(MainState& state) {
   state.host.serialPort.setReadLength(2);
   state.linkReady = 0;
   sendWithChecksum(state, testCommandText);
-  // What may still come after the answer would stand in the place of the first samples.
+  // Bytes that follow the answer would be taken for the first samples.
   return readAnswer(state) == "OK" && fallsSilent(state);
 }
 

@@ -67,7 +67,7 @@ void findFramesAnew(MainState& state) {
   auto& port = state.host.serialPort;
   const bool cutBefore = port.leftFrameUnfinished();
   const bool silent = fallsSilent(state);
-  // The stop has cut a frame, or one has lost a byte before: the blocks so far may be rotated.
+  // The stop has cut a frame, or an earlier one has lost a byte: the blocks so far may be rotated.
   if (silent && !cutBefore && port.leftFrameUnfinished()) {
     state.framesCut = 1;
     tellOfDoubt(state, "un gruppo di campioni è rimasto incompleto");

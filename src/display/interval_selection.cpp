@@ -12,7 +12,7 @@ constexpr int unitsPerBlock = eeg::secondsPerBlock;
 
 int blockAt(int x) { return static_cast<int>(std::floor(static_cast<double>(x) / unitsPerBlock)); }
 
-/// The bar is as thin as a pixel; the tint behind the trend lets it be seen.
+/// The bar is only a pixel high; the tint behind the trend makes it visible.
 void drawBar(MainState& state) {
   platform::Surface& strip = state.window.Picture6;
   strip.box(state.selectionStartX, 1, state.selectionEndX, 2, Colour::lightRed);

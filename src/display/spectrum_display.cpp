@@ -25,7 +25,7 @@ void namePanels(MainState& state) {
     state.pairLabelLeft = "C1";
     state.pairLabelRight = "C2";
   } else {
-    // Both names of the second pair go to the right panel, the left one keeps its own: the settled behaviour.
+    // Both names of the second pair are set on the right panel and the left one keeps its own: settled behaviour.
     state.pairLabelRight = "C3";
     state.pairLabelRight = "C4";
   }
@@ -38,7 +38,7 @@ void recallBlock(MainState& state) {
     for (int i = 1; i <= state.fftHalf; ++i) state.amplitudeSpectrum[channel][i] = stored[channel][i];
 }
 
-/// Low frequencies at the bottom; `start` is the bars' foot, `endOf` gives their other end.
+/// Low frequencies at the bottom; `start` is the base of the bars, `endOf` returns their other end.
 template <typename BarEnd>
 void drawBars(MainState& state, Surface& panel, int channel, double start, BarEnd&& endOf) {
   panel.clear();
@@ -62,7 +62,7 @@ void drawPanels(MainState& state, Fixed scale) {
 }
 
 void showMainsVerdict(MainState& state) {
-  // With a file open the line holds its date. The shared text, which held it too, may have had another use since.
+  // With a file open the line shows its date, not `headerText1`, which may have been overwritten since.
   std::string text = state.fileDateField + "\r";
   if (state.openFilePath.empty()) {
     text = "     Disturbo a  50Hz\r";
@@ -71,7 +71,7 @@ void showMainsVerdict(MainState& state) {
   state.window.zLabel.setText(text);
 }
 
-/// While replaying: the whole file's synchrony, with the value and the place of the block on show.
+/// During a replay: the whole file's synchrony, with the value and the position of the current block.
 void drawStrip(MainState& state) {
   Surface& strip = state.window.Picture6;
   const int pair = state.channelPair == 2 ? 2 : 1;

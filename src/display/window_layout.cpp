@@ -17,7 +17,7 @@ using platform::Surface;
 constexpr double captionGap = 2;
 constexpr double stripUnitsPerMinute = 60;
 
-/// About as wide as a text on the ground becomes; its own line is 14 units high.
+/// The approximate width of a text on the background, whose lines are 14 units high.
 double widthOf(const std::string& text) { return 7.2 * static_cast<double>(text.size()); }
 
 /// Captions along the bottom of a graph, the first at its left end and the last at its right end.
@@ -57,7 +57,7 @@ void drawFrame(Surface& surface, Colour colour) {
   surface.line(0, bottom, 0, 0, colour);
 }
 
-/// Ticks every ten microvolts from the zero at the foot of the bars; the longer ones every fifty.
+/// Ticks every ten microvolts from the zero at the base of the bars; longer ones every fifty.
 void drawRuler(Surface& ruler, int microvoltScale, bool zeroAtRight) {
   ruler.box(0, 0, ruler.width(), ruler.height(), Colour::white);
   const double unitsPerMicrovolt = 254.0 / microvoltScale;
@@ -97,7 +97,7 @@ void MainState::drawAxesAndLabels() {
   window.timeLabel.setText("Tempo=");
   window.amplitudeLabel.setText("EEG microvolts " + std::to_string(microvoltScale));
   window.speedLabel.setText("Velocita' display=" + std::to_string(displaySpeed));
-  // Lower case here, a capital on the record button: both forms are the system's own.
+  // Lower case here, a capital on the record button: both forms are settled.
   window.statusLabel.setText(recordingActive == 1 ? "Registrazione attiva" : "Registrazione disattiva");
   window.messagePanel.clear();
   window.messagePanel.print(" Eseguire questo programma in grafica 1024x768");

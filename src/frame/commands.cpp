@@ -21,14 +21,14 @@ void clearForStart(MainState& state) {
   state.intervalSelectable = state.recordingArmed = state.linkReady = state.endRequested = 0;
   state.stopRequested = state.acquisitionRunning = state.recordingActive = 0;
   state.messageAnswer = 0;
-  state.openNote = 0;  // one that was left open without a recording; its text is cleared, too
+  state.openNote = 0;  // a note left open without a recording; its text is cleared too
   state.readHandle.reset();
   state.window.startPicture.setVisible(false);
   state.host.tickTimer.setEnabled(false);
   state.host.pauseTimer.setEnabled(false);
 }
 
-/// Says what is missing; returns whether the command may go on.
+/// Shows what is missing; returns false, as the command may not continue.
 bool refuse(MainState& state, const char* message) {
   state.host.dialogs.notice(message);
   return false;
@@ -43,7 +43,7 @@ bool startIsAllowed(MainState& state) {
   return false;
 }
 
-/// While it asks, the start counts as under way: nothing else may begin in between.
+/// While it asks, the start counts as under way, so that nothing else can begin.
 bool folderIsReserved(MainState& state) {
   const HeldFlag pending(state.linkPending);
   return state.reserveDataFolder();
@@ -63,7 +63,7 @@ void handBlockRangeOn(MainState& state) {
   state.shared.analysisLastBlock = state.blockCount;
 }
 
-/// Whether anything still comes that looks at `endRequested`: a turn, or a block of a file.
+/// Whether anything will still check `endRequested`: a turn, or a block of a file.
 bool endIsLookedAt(const MainState& state) { return state.acquisitionPending() || state.fileLoopRunning == 1; }
 
 void warnOfShortRecordings(MainState& state) {
@@ -77,7 +77,7 @@ void warnOfShortRecordings(MainState& state) {
 
 void MainState::startCommand() {
   if (acquisitionRunning == 1 || linkPending == 1) return;
-  // Between Stop and the turn that ends the acquisition a new start would throw the recording away.
+  // Between Stop and the turn that ends the acquisition, a new start would discard the recording.
   if (acquisitionPending()) {
     window.statusLabel.setInk(Colour::lightRed);
     return window.statusLabel.setText(awaited());
@@ -101,7 +101,7 @@ void MainState::startAcquisition() {
   drawGraphFrames();
   acquisitionRunning = 1;
   endRequested = replayActive = stopRequested = recordingArmed = intervalSelectable = 0;
-  artefactFlag = selectionDragging = 0;  // left behind by the examination before
+  artefactFlag = selectionDragging = 0;  // left from the last examination
   noteCount = pairToggleCount = blockCount = 0;
   carryNotesOver(carriedNotes);
   shared.analysisFirstBlock = shared.analysisLastBlock = shared.replayStartBlock = shared.fileBlockCount = 0;

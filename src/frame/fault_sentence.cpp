@@ -8,7 +8,7 @@
 namespace korvinel {
 namespace {
 
-/// Empty where the fact is in plain words itself.
+/// Empty if the fault's text is plain already.
 std::string meaningOf(const std::exception& fault) {
   if (dynamic_cast<const std::bad_alloc*>(&fault) != nullptr) return "La memoria del computer non basta.";
   const auto* known = dynamic_cast<const RuntimeError*>(&fault);

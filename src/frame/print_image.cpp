@@ -7,7 +7,7 @@
 namespace korvinel {
 namespace {
 
-/// Both families of the system copy the active window, not the whole screen, each with its own scan code.
+/// Both families of systems copy the active window, not the whole screen, each with its own scan code.
 int captureScanCode(int majorVersion) {
   constexpr int secondFamily = 5;
   return majorVersion >= secondFamily ? 1 : 0;

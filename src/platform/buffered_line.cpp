@@ -11,7 +11,7 @@ int BufferedLine::waiting() {
 
 void BufferedLine::discardInput() {
   look();
-  // The system drops an unknown number of bytes: of a stream nothing may go uncounted.
+  // The system would drop an unknown number of bytes, but every byte of a stream must be counted.
   if (!framed_) dropFromSystem();
   received_.discard();
 }
@@ -45,7 +45,7 @@ void BufferedLine::beginAnew() {
 void BufferedLine::look() {
   takeFromSystem();
   watch_.looked(seconds(), std::exchange(arrivedInLook_, 0));
-  // A frame that nobody finishes: a byte was lost before, or the instrument has cut it.
+  // A frame that stays unfinished: a byte was lost, or the instrument has cut it.
   if (received_.hasUnfinishedFrame() && watch_.silentFor() >= LineWatch::silence) {
     watch_.suspect("un gruppo di campioni è rimasto incompleto");
     received_.dropUnfinished();

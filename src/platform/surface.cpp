@@ -20,7 +20,7 @@ struct SameMark {
   bool operator()(const Mark* a, const Mark* b) const { return *a == *b; }
 };
 
-/// From one edge to the other along one axis.
+/// Whether it extends from edge to edge along one axis.
 struct Span {
   double from, to;
 };
@@ -28,8 +28,8 @@ struct Span {
 Span across(const Mark& box) { return {std::min(box.x1, box.x2), std::max(box.x1, box.x2)}; }
 Span down(const Mark& box) { return {std::min(box.y1, box.y2), std::max(box.y1, box.y2)}; }
 
-/// A box is painted from the pixel nearest to its near edge, so many pixels far as it is long. So at every size of the
-/// picture it hides the shorter ones that begin where it begins, and all if it goes from edge to edge.
+/// A box is painted from the pixel nearest to its start, with its length in pixels. So at every size of the picture it
+/// hides shorter boxes with the same start, and any box if it extends from edge to edge.
 bool hides(Span later, Span earlier, double extent) {
   const bool wholeAxis = later.from <= 0 && later.to >= extent;
   return wholeAxis || (later.from == earlier.from && later.to >= earlier.to);
@@ -67,7 +67,7 @@ void Surface::box(double x1, double y1, double x2, double y2, Colour filling) {
   if (fillsSurface) marks_.clear();
   std::erase_if(marks_, [&](const Mark& mark) {
     if (mark.kind == Mark::Kind::box) return hides(width, across(mark), width_) && hides(height, down(mark), height_);
-    // A painted-over text must not go on being read aloud.
+    // A painted-over text must no longer be read by a screen reader.
     return mark.kind == Mark::Kind::text && mark.x1 >= width.from && mark.x1 < width.to && mark.y1 >= height.from &&
            mark.y2 <= height.to;
   });

@@ -10,7 +10,7 @@ float storedSample(float sample) {
   double stored = std::floor(static_cast<double>(sample) + 0.5);
   if (!(stored >= 1)) stored = 1;
   if (stored > 255) stored = 255;
-  // Bytes that a text reader would take for a tab, a line feed or the end of the file.
+  // Bytes that a text reader would interpret as a tab, a line feed or the end of the file.
   if (stored == 9) stored = 8;
   if (stored == 10) stored = 11;
   if (stored == 26) stored = 27;

@@ -32,7 +32,7 @@ void tell(MainState& state, std::string text) {
   std::fprintf(stderr, "korvinel: %s\n", text.c_str());
 }
 
-/// Only what nobody has been told of yet is asked about: a box may have let the program's end in, which did it all.
+/// Asks only about what has not been reported yet: while a box was open, the program's end may have done all of this.
 bool isStillToBeSaved(const MainState& state) {
   const bool anythingRecorded = state.temporaryContent.size() > recordedHeaderBytes(state);
   return state.recordingFaultUntold == 1 && anythingRecorded && state.dataFileWhole == 0 &&
@@ -55,7 +55,7 @@ void writeDataFile(MainState& state, const std::string& path) {
   file->synchronise();
 }
 
-/// Returns why it failed, or "".
+/// Returns the reason of a failure, or "".
 std::string saveIn(MainState& state, const std::string& folder) {
   auto& files = state.host.files;
   const std::string path = freePath(files, folder, state.shared.dataFileName);

@@ -12,17 +12,17 @@
 namespace korvinel {
 namespace {
 
-/// The two files of an assembling, and whether the data file has taken all that was written to it so far. A record
-/// behind a gap could not be read again, so after a write that failed nothing more is written.
+/// The two files of an assembling, and whether every write to the data file has succeeded so far. A record after a gap
+/// could not be read again, so after a failed write nothing more is written.
 struct Assembly {
   MainState& state;
   std::unique_ptr<platform::OutputFile> data;
   std::unique_ptr<platform::InputFile> temporary;
   bool letsEventsIn = true;
   bool whole = true;
-  bool asRecorded = true;  ///< the temporary file holds what was recorded and nothing else
+  bool asRecorded = true;  ///< the temporary file holds exactly what was recorded
   bool programEnds = false;
-  std::size_t next = 0;  ///< byte of `temporaryContent` that is to be copied next
+  std::size_t next = 0;  ///< byte of `temporaryContent` to be copied next
 };
 
 void attempt(Assembly& assembly, const std::function<void()>& step) {
@@ -47,8 +47,8 @@ void writeHeaderAndNotes(Assembly& assembly) {
     write(assembly, noteLine(state.noteTimes[note], state.noteTexts[note]));
 }
 
-/// Takes as many bytes from the temporary file as `recorded` has. Returns whether they are the same. A file that cannot
-/// be read any further holds nothing.
+/// Reads as many bytes from the temporary file as `recorded` has; returns whether they are the same. A file that cannot
+/// be read further counts as empty from there.
 bool temporaryHolds(Assembly& assembly, std::string_view recorded) {
   if (!assembly.temporary) return false;
   bool same = true;
@@ -67,7 +67,7 @@ void openTemporary(Assembly& assembly) {
       temporaryHolds(assembly, std::string_view(assembly.state.temporaryContent).substr(0, assembly.next));
 }
 
-/// The recording is brought home even if the program is ended meanwhile.
+/// The recording is completed even if the program ends meanwhile.
 void letEventsIn(Assembly& assembly) {
   if (!assembly.letsEventsIn || assembly.programEnds) return;
   try {
@@ -79,7 +79,7 @@ void letEventsIn(Assembly& assembly) {
 
 bool moreToCopy(const Assembly& assembly) { return assembly.next < assembly.state.temporaryContent.size(); }
 
-/// What was recorded is written; the temporary file, which may have been changed by others, only confirms it.
+/// Writes what was recorded; the temporary file, which others may have changed, is only compared with it.
 void copyBlock(Assembly& assembly) {
   bool same = true;
   for (int channel = 1; channel <= 4 && moreToCopy(assembly); ++channel) {
@@ -123,7 +123,7 @@ void disposeOfTemporary(Assembly& assembly) {
   removeTemporaryFile(state.host.files);
 }
 
-/// Everything from the first block on; done once, by the assembling itself or by what ends the program during it.
+/// Everything from the first block on; done once, by the assembling itself or by the program's end during it.
 void finish(Assembly& assembly) {
   MainState& state = assembly.state;
   copyBlocks(assembly);

@@ -17,7 +17,7 @@ void splitDateField(FileHeader& header, const std::string& bytes) {
   header.date = utf8FromCodePage(bytes.substr(0, dateLength));
 }
 
-/// 0, which is no block, where the number is too large: the note's words are kept.
+/// 0, which is no block, if the number is too large: the note's text is kept.
 float noteTime(ByteSource& source) {
   try {
     return readFloat(source);
@@ -27,7 +27,7 @@ float noteTime(ByteSource& source) {
   }
 }
 
-/// Notes beyond the sixtieth are read, so that the samples behind them are found, but not kept.
+/// Notes after the sixtieth are read, so that the samples after them are found, but not kept.
 void readNotes(FileHeader& header, ByteSource& source) {
   for (int note = 1; note <= header.notesInFile; ++note) {
     const float time = noteTime(source);

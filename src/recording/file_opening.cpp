@@ -28,7 +28,7 @@ void noFileChosen(MainState& state) {
   state.window.messagePanel.clear();
 }
 
-/// The name behind the folder. A backslash is a letter in the paths of some hosts.
+/// The name without its folder. A backslash is an ordinary character in the paths of some hosts.
 std::string titleOf(const std::string& path) {
   const std::size_t separator = path.find_last_of(path.starts_with('/') ? "/" : "\\/");
   return separator == std::string::npos ? path : path.substr(separator + 1);
@@ -42,7 +42,7 @@ bool chooseFile(MainState& state) {
   return true;
 }
 
-/// Opens the file and reads what stands before its samples; says so where that cannot be done.
+/// Opens the file and reads everything before its samples; if that fails, tells the user.
 bool readBeginning(MainState& state) {
   try {
     state.readHandle = state.host.files.openForReading(state.openFilePath);
@@ -63,14 +63,14 @@ void showHeader(MainState& state) {
   window.subjectBox.setText(state.shared.subjectName);
 }
 
-/// What a file is too short for, or what its unknown version keeps from being read, is no signal of someone else.
+/// A file that is too short or of an unknown version must not show the last examination's samples.
 void forgetLastExamination(MainState& state) {
   state.sampleBlock = {};
   state.clearPictures();
   state.drawGrids();
 }
 
-/// Clears the analysis for the new file. The notes are the file's own by now and stay, so that they can be marked on
+/// Clears the analysis for the new file. The notes are already the file's own and stay, so that they can be marked on
 /// the time strip.
 void resetForScan(MainState& state) {
   const auto times = state.noteTimes;
@@ -95,7 +95,7 @@ void analyseScannedBlock(MainState& state) {
 
 enum class ScanResult { finished, stopped, fileGone };
 
-/// Reads and analyses up to the file's end or the block limit. A RuntimeError where it cannot be read.
+/// Reads and analyses up to the file's end or the block limit. A RuntimeError if it cannot be read.
 ScanResult scanBlocks(MainState& state) {
   FileLoop loop(state);
   do {
@@ -111,7 +111,7 @@ ScanResult scanBlocks(MainState& state) {
   return ScanResult::finished;
 }
 
-/// A file that cannot be read any further ends there; `readFault` says why.
+/// A read error ends the scan there, and `readFault` says why.
 ScanResult scan(MainState& state, std::string& readFault) {
   try {
     return scanBlocks(state);
@@ -121,14 +121,14 @@ ScanResult scan(MainState& state, std::string& readFault) {
     readFault = fault.what();
     return ScanResult::finished;
   } catch (const std::exception&) {
-    // A scan that runs no more would keep Start, this command and the end of the program waiting.
+    // Otherwise Start, this command and the program's end would wait for a scan that no longer runs.
     if (!state.acquisitionPending()) state.acquisitionRunning = 0;
     throw;
   }
 }
 
 void handBlockRangeOn(MainState& state) {
-  // One less than was read: the last block, which may be cut off, is not counted.
+  // One less than was read: the last block, which may be incomplete, is not counted.
   state.blockCount -= 1;
   state.shared.replayStartBlock = 1;
   state.shared.fileBlockCount = state.blockCount;

@@ -13,7 +13,7 @@ namespace {
 
 using platform::LockOutcome;
 
-/// Who acquires here since when; nothing of the patient.
+/// Who is acquiring here and since when; nothing about the patient.
 std::string noteOf(const MainState& state) {
   const platform::Identity self = state.host.machine.identity();
   const platform::CalendarTime now = state.host.clock.localTime();
@@ -24,7 +24,7 @@ std::string noteOf(const MainState& state) {
          since.data();
 }
 
-/// A note is another program's: what is no text of a line or two is not shown.
+/// The note comes from another program: it is shown only if it is a text of one or two lines.
 std::string shownNote(const std::string& note) {
   const auto isControl = [](char sign) { return static_cast<unsigned char>(sign) < ' ' && sign != '\r'; };
   if (note.empty() || std::any_of(note.begin(), note.end(), isControl)) return "un altro programma";

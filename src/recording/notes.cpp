@@ -29,8 +29,8 @@ void countNote(MainState& state) {
   state.openNote = state.noteCount;
 }
 
-/// Stores a text of the note box. One that was typed without "Annota", in a box that an opened file has left enabled,
-/// is a note of this moment. Returns false, and says why, where the text must stay in the box.
+/// Stores the text of the note box. A text typed without "Annota", in a box that an opened file has left enabled,
+/// becomes a note of the current block. Returns false, and shows why, if the text must stay in the box.
 bool storeNote(MainState& state, const std::string& text) {
   if (const std::string letters = lettersOutsidePage(text); !letters.empty() && inItalian(state)) {
     showStatus(state, "La nota non può contenere: " + letters);
@@ -46,7 +46,7 @@ bool storeNote(MainState& state, const std::string& text) {
   return true;
 }
 
-/// What the box holds when "Annota" is pressed again. Returns whether a new note may be begun.
+/// Handles the text in the box when "Annota" is pressed again. Returns whether a new note may be begun.
 bool takeTextBefore(MainState& state) {
   const std::string text = state.window.noteBox.text();
   if (text.empty()) return true;
@@ -81,7 +81,7 @@ void MainState::noteKey(int key) {
   constexpr int enter = 13;
   const std::string text = window.noteBox.text();
   if (key != enter || text.empty()) return;
-  const bool isKept = recordingActive == 1 && assembling == 0;  // the notes of a file being written stand in it already
+  const bool isKept = recordingActive == 1 && assembling == 0;  // the notes of a file being written are already in it
   if (isKept && !storeNote(*this, text)) return;
   showStatus(*this, recordingActive == 1 ? "Registrazione Attiva" : "Registrazione Disattiva");
   closeNoteBox(*this);
@@ -90,7 +90,7 @@ void MainState::noteKey(int key) {
 
 std::vector<std::string> MainState::notesToCarryOver() const {
   std::vector<std::string> texts;
-  // Before "Registra" no text is stored: what stands here then is an opened file's.
+  // Before "Registra" no text is stored: any text here is then an opened file's.
   for (int note = 1; recordingActive == 1 && note <= noteCount; ++note)
     if (note != openNote && !noteTexts[note].empty()) texts.push_back(noteTexts[note]);
   if (openNote != 0) texts.emplace_back();

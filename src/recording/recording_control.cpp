@@ -22,7 +22,7 @@ void refuseRecording(MainState& state, const std::string& reason) {
   state.host.dialogs.notice("Impossibile registrare!\r" + reason + "\rLa registrazione resta disattiva.");
 }
 
-/// An examination that cannot be recorded is told at once, while it can still be repeated.
+/// If the examination cannot be recorded, the operator learns it now, while it can still be repeated.
 bool temporaryFileIsReady(MainState& state) {
   try {
     state.createTempFile();
@@ -51,7 +51,7 @@ void switchRecordingOff(MainState& state) {
 void MainState::checkFileName() {
   fileNameExists = 0;
   std::string candidate = window.fileNameBox.text();
-  // A name that already ends in QVD is checked as it stands, but recorded with a second ending.
+  // A name that already ends in QVD is checked unchanged, but recorded with a second ending.
   if (!candidate.ends_with("QVD")) candidate += ".QVD";
   for (const std::string& name : host.files.list(dataFolder, ".QVD"))
     if (upperCase(name) == upperCase(candidate)) fileNameExists = 1;
@@ -59,9 +59,9 @@ void MainState::checkFileName() {
 
 void MainState::startRecording() {
   if (acquisitionRunning == 0 || !openFilePath.empty() || recordingActive == 1) return;
-  // The data file may be written already; another recording would go behind it, under the same name.
+  // The data file may already be written; another recording would be appended to it under the same name.
   if (stopRequested == 1 || endRequested == 1) return refuseRecording(*this, "L'acquisizione sta terminando.");
-  // The names may have been edited since Start. From here on they stay as they were checked.
+  // The names may have been edited since Start. From here on they are fixed.
   if (!namesAreUsable()) return;
   takeNames();
   if (!temporaryFileIsReady(*this)) return tellOfSetAsideRecording(*this);

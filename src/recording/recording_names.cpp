@@ -13,7 +13,7 @@ using platform::TextBox;
 
 constexpr std::string_view ending = ".QVD";
 
-/// Says what is wrong and moves to the box where it can be mended.
+/// Shows what is wrong and focuses the box to be corrected.
 bool refuse(MainState& state, TextBox& box, const std::string& message) {
   state.host.dialogs.notice(message);
   box.requestFocus();
@@ -28,7 +28,7 @@ bool isTaken(platform::Files& files, const std::string& folder, const std::strin
 
 bool holdsOnlyDotsAndBlanks(const std::string& typed) { return typed.find_first_not_of(". ") == std::string::npos; }
 
-/// Why the typed name, with its ending, can be no file's; "" where it can.
+/// Why the typed name, with its ending, cannot be a file's; "" if it can.
 std::string whyNoFileName(MainState& state, const std::string& typed) {
   if (holdsOnlyDotsAndBlanks(typed)) return "È fatto solo di punti e spazi.";
   if (typed.starts_with('.')) return "Comincia con un punto, e il file resterebbe nascosto.";
@@ -47,7 +47,7 @@ bool fileNameIsUsable(MainState& state) {
   if (isBlank(typed)) return refuse(state, box, "Scrivere nome del file!");
   if (const std::string reason = whyNoFileName(state, typed); !reason.empty())
     return refuse(state, box, "Questo nome di file non si può usare!\r" + reason + "\rCambiare nome!");
-  // The box's text always gets the ending, also where it has it already and is checked without.
+  // The recording's name always gets the ending, even a second one, unlike the name that checkFileName checks.
   if (isTaken(state.host.files, dataFolder, typed + std::string(ending))) state.fileNameExists = 1;
   if (state.fileNameExists == 1) return refuse(state, box, "Questo nome di file esiste gia'!Cambiare nome!");
   return true;
@@ -63,7 +63,7 @@ bool subjectIsUsable(MainState& state) {
   return true;
 }
 
-/// Without its last letter.
+/// Removes the last letter.
 void shorten(std::string& utf8) {
   while (!utf8.empty()) {
     const auto byte = static_cast<unsigned char>(utf8.back());

@@ -33,7 +33,7 @@ void beginReplay(MainState& state) {
   state.window.noteBox.setText("");
 }
 
-/// Skips blocks up to the start block, which is skipped too: only from block 1 on is the chosen block the first shown.
+/// Skips blocks up to the start block, which is itself skipped too, unless it is block 1.
 void skipToStartBlock(MainState& state, FileLoop& loop) {
   if (state.shared.replayStartBlock <= 1) return;
   do {
@@ -57,7 +57,7 @@ bool leaves(const MainState& state, const FileLoop& loop) {
   return state.endRequested == 1 || state.stopRequested == 1 || state.printRequested == 1 || loop.atEnd();
 }
 
-/// A block stands for three seconds. The speed may change meanwhile. Returns whether the file is still there.
+/// A block stands for three seconds. The speed may change meanwhile. Returns whether the file is still open.
 bool pace(MainState& state, const FileLoop& loop) {
   const double start = state.timerMark = state.host.clock.seconds();
   while (state.host.clock.seconds() - start <
@@ -101,8 +101,8 @@ void printImage(MainState& state, const FileLoop& loop) {
   }
 }
 
-/// The file stays open while the image is waited for, so that a Start or another command in that time is noticed: the
-/// record is then theirs.
+/// The file stays open while the print waits, so that a Start or another command in that time is noticed and the record
+/// left to it.
 void actOnRequests(MainState& state, const FileLoop& loop) {
   if (state.printRequested == 1) printImage(state, loop);
   if (loop.fileGone()) return;
@@ -133,7 +133,7 @@ void replayOpenFile(MainState& state) {
   } catch (const RuntimeError& fault) {
     rewind(state);
     const std::string place = "La lettura si e' fermata al blocco " + std::to_string(state.blockCount);
-    if (state.blockCount > 0) state.blockCount -= 1;  // the display goes on with the last block that could be shown
+    if (state.blockCount > 0) state.blockCount -= 1;  // the display stays on the last block that could be shown
     throw RuntimeError(fault.fault, place + ".\r" + fault.what());
   }
   if (!loop.fileGone()) actOnRequests(state, loop);

@@ -13,7 +13,7 @@ namespace {
 
 using platform::skipOnFault;
 
-/// How far a file agrees with what it is to hold; the file then stands behind that.
+/// How many bytes of a file agree with its intended content; the file is then positioned after them.
 int lengthInAgreement(platform::InputFile& file, const std::string& content) {
   std::size_t length = 0;
   while (length < content.size() && file.peek() == static_cast<unsigned char>(content[length])) {
@@ -23,10 +23,10 @@ int lengthInAgreement(platform::InputFile& file, const std::string& content) {
   return static_cast<int>(length);
 }
 
-/// What lies in the temporary file's place.
+/// The file under the temporary file's name.
 struct Found {
-  int agreement = 0;     ///< bytes at its beginning that are as they were recorded
-  bool foreign = false;  ///< something else stands behind them
+  int agreement = 0;     ///< bytes at its beginning that agree with the recording
+  bool foreign = false;  ///< other content follows them
 };
 
 Found lookAtTemporaryFile(const MainState& state) {
@@ -47,7 +47,7 @@ std::string stampedPath(MainState& state) {
   return path;
 }
 
-/// The byte from which the temporary file is to be continued; one that holds something else is put out of the way.
+/// The byte from which the temporary file is to be continued; a file with other content is set aside.
 int placeToContinue(MainState& state, bool isToBeLookedAt) {
   if (!state.host.files.exists(temporaryPath)) return 0;
   if (!isToBeLookedAt) return state.temporaryWritten;
@@ -69,7 +69,7 @@ void noteFault(MainState& state, const std::exception& fault) {
   state.recordingFaultUntold = 1;
 }
 
-/// Looks at every byte, and mends what others have changed. Whatever happens, `temporaryWritten` is then true.
+/// Compares every byte and repairs what others have changed. Afterwards `temporaryWritten` is correct in any case.
 void verifyTemporaryFile(MainState& state) {
   state.temporaryWritten = 0;
   skipOnFault([&] {
@@ -92,7 +92,7 @@ bool attemptWrite(MainState& state, const std::function<void()>& step) {
 }
 
 void completeTemporaryFile(MainState& state, bool synchronised) {
-  // Once a write has failed, nothing but the file itself tells how far it went.
+  // After a failed write, only the file itself shows how much was written.
   state.temporaryWritten = placeToContinue(state, !state.recordingFault.empty());
   try {
     appendWhatIsMissing(state, synchronised);
@@ -118,7 +118,7 @@ bool leftOverTemporaryFile(platform::Files& files) {
 std::string setTemporaryFileAside(MainState& state) {
   auto& files = state.host.files;
   std::string path = stampedPath(state);
-  // The side file first: left behind alone, it would be taken for that of the next recording.
+  // The side file first: if left behind alone, it would be taken for the next recording's.
   const bool hasSideFile = files.exists(sideFilePath);
   if (hasSideFile) files.rename(sideFilePath, sidePathOf(path));
   try {

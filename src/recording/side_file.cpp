@@ -29,7 +29,7 @@ std::string noteFields(const MainState& state, int note) {
          quotedField(state.noteTexts[note]);
 }
 
-/// The placeholder of a recording without notes is no note: it has the time 1.
+/// The placeholder of a recording without notes is not a note: it has the time 1.
 int notesOf(const MainState& state) {
   const bool placeholder = state.noteCount == 1 && state.noteTimes[1] == 1;
   return placeholder ? 0 : static_cast<int>(state.noteCount);
@@ -63,7 +63,7 @@ bool completeSideFile(MainState& state, const std::string& path) {
     if (!state.host.files.exists(path)) state.sideFileLines.clear();
     std::string text = newLines(lines, state.sideFileLines);
     if (text.empty()) return;
-    // Behind a write that failed there may be a piece of a line.
+    // After a failed write there may be a partial line.
     if (state.sideFileLines.empty()) text.insert(0, "\r\n");
     state.sideFileLines.clear();
     const auto file = state.host.files.openForAppending(path);

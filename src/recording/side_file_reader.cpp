@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t longestLine = 3 * longestField;
 constexpr int mostDamagedLines = 100;
 
-/// The next line with its line end, or a piece of one that is too long.
+/// The next line with its line end, or part of one that is too long.
 std::string takeLine(ByteSource& source) {
   std::string line;
   while (source.peek() != ByteSource::end && line.size() < longestLine && !line.ends_with('\n'))
@@ -20,7 +20,7 @@ std::string takeLine(ByteSource& source) {
   return line;
 }
 
-/// The fields of a line that is whole.
+/// The fields of a complete line.
 std::optional<std::string> checkedFields(const std::string& line) {
   const std::size_t comma = line.rfind(',');
   if (comma == std::string::npos) return std::nullopt;
@@ -32,7 +32,7 @@ std::optional<std::string> checkedFields(const std::string& line) {
 class Reader {
  public:
   SideFile read(ByteSource& source) {
-    // A file in which so much is damaged is no side file, however long it goes on.
+    // A file with this much damage is not a side file, however long it is.
     while (source.peek() != ByteSource::end && side_.damagedLines < mostDamagedLines) readLine(takeLine(source));
     closeGaps();
     return std::move(side_);
@@ -71,7 +71,7 @@ class Reader {
     return static_cast<int>(number);
   }
 
-  /// The count goes back where the examination was counted anew: the notes beyond are void.
+  /// The count decreases when the examination is counted anew: later notes are void.
   void takeNoteCount(int count) {
     for (int note = count + 1; note <= mostNotes; ++note) known_[static_cast<std::size_t>(note)] = false;
     side_.noteCount = count;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int blocksPerSynchronising = 5;  // fifteen seconds
 
-/// The first block is put on the disk at once, and with it the file's name.
+/// The first block is forced onto the disk at once, and with it the file's name.
 bool synchroniseNow(const MainState& state) {
   const auto blocks = static_cast<int>((state.temporaryContent.size() - recordedHeaderBytes(state)) / blockBytes);
   return blocks % blocksPerSynchronising == 1;

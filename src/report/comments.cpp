@@ -16,14 +16,14 @@ using platform::Colour;
 
 bool inItalian(const ReportState& state) { return state.shared.languageFlag == "Ita"; }
 
-/// The ten indexes of the alpha band, over nine: the divisor is the system's own.
+/// The ten indexes of the alpha band, divided by nine: the settled divisor.
 Fixed noiseInAlpha(const ReportState& state, int channel) {
   Fixed sum;
   for (int k = eeg::alpha.indexes.first; k <= eeg::alpha.indexes.last; ++k) sum += state.noiseCurve[channel][k];
   return Fixed::nearest(sum / Fixed(9));
 }
 
-/// The alpha maxima of a pair of sites over the noise that stands under them.
+/// The alpha maxima of a pair of sites over the noise in that band.
 double alphaRatio(const ReportState& state, int left, int right) {
   return (state.maxAlpha[left] + state.maxAlpha[right]) / (noiseInAlpha(state, left) + noiseInAlpha(state, right));
 }
@@ -71,7 +71,7 @@ void printLines(ReportState& state) {
   platform::Surface& ground = state.window.ground;
   for (int i = 0; i <= 14; ++i) {
     ground.setInk(i <= lastHeaderLine ? Colour::blue : Colour::lightBlue);
-    if (state.reportLines[i].empty()) continue;  // a dot alone would only speckle the ground
+    if (state.reportLines[i].empty()) continue;  // a dot alone would only be a speck
     const int y = report_geometry::firstLine + report_geometry::lineDistance * (i - 1);
     printOnDot(ground, report_geometry::textColumn, y, Colour::white, state.reportLines[i]);
   }

@@ -19,7 +19,7 @@ using platform::Surface;
 constexpr std::array<const char*, 5> pairLabels = {
     "", "Coerenza F1-F2=", "Coerenza T5-T6=", "Coerenza F1-T5=", "Coerenza F2-T6="};
 
-/// A tick every ten microvolts from the panel's top. They are drawn at 192, beyond a panel of 128 units: a view sets
+/// A tick every ten microvolts from the panel's top. They are drawn at 192, beyond a panel of 128 units: a view shows
 /// them at the panel's edge.
 void drawTicks(Surface& panel, Fixed unitsPerMicrovolt) {
   constexpr int left = 192, right = 196, foot = 200;

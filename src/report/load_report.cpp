@@ -11,7 +11,7 @@ using platform::Colour;
 
 /// 0, 5, 10, .. hertz from `left` to `right`, then the unit.
 void printFrequencies(platform::Surface& ground, int left, int right, int unitLeft) {
-  constexpr int step = 69;  // the nearest to a sixth of 412
+  constexpr int step = 69;  // about a sixth of 412
   int hertz = 0;
   for (int x = left; x <= right; x += step, hertz += 5)
     printOnDot(ground, x, report_geometry::frequencyLine, Colour::lightGrey, std::to_string(hertz));

@@ -49,7 +49,7 @@ Fixed curveAt(const NoiseFit& fit, int index, int exponent) {
 }
 
 void chooseExponent(const ReportSpectrum& spectrum, NoiseFit& fit) {
-  // One past the searched range stands when every curve is too far off.
+  // If every curve is too far off, one past the searched range.
   fit.exponent = largestExponent + 1;
   Fixed best = farthest;
   for (int exponent = leastExponent; exponent <= largestExponent; ++exponent) {

@@ -5,7 +5,7 @@
 namespace korvinel {
 namespace {
 
-/// A limit of single precision, as the doubles see it.
+/// A single-precision limit as a double.
 constexpr double single(float limit) { return static_cast<double>(limit); }
 
 template <std::size_t count>
@@ -113,7 +113,7 @@ void commentCoherence(float coherence, std::string& text) {
 std::string anxietyComment(float frontalAlpha, float temporalAlpha, float coherence) {
   const float alpha = frontalAlpha + temporalAlpha;
   const float all = alpha + coherence;
-  // In this order: a later rule overrules an earlier one.
+  // In this order: a later rule overrides an earlier one.
   std::string text = "Basso";
   if (all == 0) text = "Elevato";
   if (all == 1) text = "significativo";

@@ -11,7 +11,7 @@ namespace {
 using CodePoint = std::uint32_t;
 constexpr CodePoint invalid = 0xFFFFFFFF;
 
-// Characters of the bytes 0x80..0x9F; everywhere else byte and character have the same number.
+// Characters of the bytes 0x80..0x9F; all other bytes equal their character's number.
 constexpr std::array<CodePoint, 32> upperControls = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
                                                      0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
@@ -50,7 +50,7 @@ int sequenceLength(unsigned char lead) {
   return 0;
 }
 
-/// Takes the next character off the text; `invalid` for a byte that belongs to none.
+/// Removes and returns the next character of the text; `invalid` for a byte that belongs to none.
 CodePoint takeCharacter(std::string_view& text) {
   const auto lead = static_cast<unsigned char>(text.front());
   const int length = sequenceLength(lead);
@@ -67,7 +67,7 @@ CodePoint takeCharacter(std::string_view& text) {
 
 bool isControl(CodePoint character) { return character < 0x20 || (character >= 0x7F && character <= 0x9F); }
 
-/// Marks of direction, joiners and blanks without width, which come along with pasted texts.
+/// Direction marks, joiners and zero-width blanks, which often come with pasted text.
 bool isInvisible(CodePoint character) {
   return (character >= 0x200B && character <= 0x200F) || (character >= 0x2028 && character <= 0x202E) ||
          (character >= 0x2060 && character <= 0x206F) || character == 0xFEFF;
@@ -149,7 +149,7 @@ std::string upperCase(std::string_view utf8) {
   std::string upper;
   while (!utf8.empty()) {
     const CodePoint character = takeCharacter(utf8);
-    if (character <= 0xFFFF) appendUtf8(upper, upperOf(character));  // what is invalid lies beyond
+    if (character <= 0xFFFF) appendUtf8(upper, upperOf(character));  // `invalid` is above
   }
   return upper;
 }

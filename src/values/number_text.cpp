@@ -12,7 +12,7 @@ constexpr std::string_view blanks = " \t";
 
 template <typename Number>
 std::string fixedNotation(Number number) {
-  std::array<char, 400> buffer{};  // the longest double in this notation has some 330 characters
+  std::array<char, 400> buffer{};  // the longest double in this notation has about 330 characters
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
   return {buffer.data(), result.ptr};
 }
@@ -21,21 +21,21 @@ bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 struct ParsedNumber {
   double value = 0;
-  std::size_t length = 0;  ///< characters taken; 0: no number stands there
+  std::size_t length = 0;  ///< characters used; 0: no number
 };
 
 ParsedNumber parseNumber(std::string_view text) {
   const bool plus = text.starts_with('+');
   const std::string_view digits = plus ? text.substr(1) : text;
   const std::size_t first = digits.starts_with('-') && !plus ? 1 : 0;
-  // Words such as "inf" and "nan" are no numbers here.
+  // "inf" and "nan" are not numbers here.
   if (first >= digits.size() || !(isDigit(digits[first]) || digits[first] == '.')) return {};
   ParsedNumber parsed;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), parsed.value);
   if (error == std::errc::invalid_argument) return {};
   parsed.length = static_cast<std::size_t>(end - text.data());
   if (error == std::errc::result_out_of_range) {
-    // Too small is zero; too large does not fit.
+    // Too small becomes zero; too large is a fault.
     parsed.value = std::strtod(std::string(digits.data(), end).c_str(), nullptr);
     if (std::abs(parsed.value) > 1.0)
       throw RuntimeError(Fault::overflow, "Numero troppo grande: " + std::string(text.substr(0, 40)));

@@ -17,7 +17,7 @@ std::string hex(std::string_view bytes) {
   return text;
 }
 
-/// Ten bits a byte at 19200 baud; less where a frame would not fit its time.
+/// Ten bits a byte at 19200 baud; less if a frame would not fit its time.
 double byteSeconds(double framesPerSecond) { return std::min(10.0 / 19200, 1 / framesPerSecond / 4); }
 
 }  // namespace

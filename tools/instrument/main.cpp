@@ -11,7 +11,7 @@ using namespace korvinel::instrument;
 
 namespace {
 
-// Signals wake the session through a pipe, so that none can slip in between a look at a flag and the wait.
+// Signals wake the session through a pipe, so that none is missed between checking a flag and waiting.
 std::array<int, 2> endPipe{-1, -1};
 
 void askToEnd(int /*signal*/) { [[maybe_unused]] const auto written = ::write(endPipe[1], "", 1); }
@@ -25,7 +25,7 @@ void endOnSignals() {
   struct sigaction inherited {};
   sigaction(SIGHUP, nullptr, &inherited);
   if (inherited.sa_handler != SIG_IGN) sigaction(SIGHUP, &end, nullptr);  // stays ignored under nohup
-  ::signal(SIGPIPE, SIG_IGN);                                             // whoever read the ready line may be gone
+  ::signal(SIGPIPE, SIG_IGN);  // the reader of the ready line may have exited
 }
 
 bool askedToEnd() {

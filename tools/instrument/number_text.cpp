@@ -13,7 +13,7 @@ Number parse(std::string_view text, Number least, Number most, std::string_view 
   Number value{};
   const char* end = text.data() + text.size();
   const auto [stop, fault] = std::from_chars(text.data(), end, value);
-  // Written so that "nan" is refused too.
+  // In this form, "nan" is refused too.
   if (fault == std::errc{} && stop == end && value >= least && value <= most) return value;
   std::ostringstream message;
   message.imbue(std::locale::classic());

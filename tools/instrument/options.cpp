@@ -30,7 +30,7 @@ constexpr std::array<option, 15> longOptions{{
     {nullptr, 0, nullptr, 0},
 }};
 
-// What was written, before the parts are held against each other.
+// The options as written, before they are checked against each other.
 struct Written {
   Options options;
   std::optional<std::int64_t> port;
@@ -111,7 +111,7 @@ Written readArguments(std::vector<std::string> arguments) {
   pointers.push_back(nullptr);
   const int count = static_cast<int>(arguments.size());
   Written written;
-  optind = 0;  // begins anew, also after an earlier call
+  optind = 0;  // restarts, even after an earlier call
   opterr = 0;  // the messages are our own
   for (;;) {
     const int at = optind == 0 ? 1 : optind;

@@ -71,7 +71,7 @@ void PseudoTerminal::makeLink() const {
   const fs::file_status status = fs::symlink_status(link_);
   if (fs::exists(status) && !fs::is_symlink(status))
     throw std::runtime_error("'" + link_.string() + "' exists and is no symbolic link; it is left as it is");
-  // Made beside its place and moved there, so that a program looking for the port sees the old link or the new one.
+  // Created under another name and renamed, so that a program looking for the port sees the old link or the new one.
   const fs::path fresh = link_.string() + "." + std::to_string(getpid()) + ".new";
   fs::remove(fresh, fault);
   fs::create_symlink(device_, fresh, fault);
@@ -82,7 +82,7 @@ void PseudoTerminal::makeLink() const {
 }
 
 void PseudoTerminal::close() {
-  // The master first: the program's end sees the line hang up at once.
+  // The master first, so that the program's end sees the line hang up at once.
   for (int* descriptor : {&master_, &slave_})
     if (const int open = std::exchange(*descriptor, -1); open >= 0) ::close(open);
 }

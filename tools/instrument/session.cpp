@@ -57,8 +57,8 @@ bool Session::step(std::chrono::milliseconds most, int alsoWakes) {
 }
 
 void Session::wait(double seconds, int alsoWakes) const {
-  // poll() passes over negative descriptors. Rounded up: a millisecond too late is nothing, waking too early burns
-  // the processor.
+  // poll() ignores negative descriptors. Rounded up: a millisecond late does no harm, waking early wastes processor
+  // time.
   std::array<pollfd, 2> descriptors{{{cable_ ? cable_->pollDescriptor() : -1, POLLIN, 0}, {alsoWakes, POLLIN, 0}}};
   ::poll(descriptors.data(), descriptors.size(), static_cast<int>(std::ceil(seconds * 1000)));
 }

@@ -10,8 +10,8 @@
 namespace korvinel::instrument {
 namespace {
 
-// How much of each source a model takes, in uV. Noise by its deviation, rhythms by the crest of a full spindle, the hum
-// by its amplitude.
+// The share of each source in a model, in uV: noise by its deviation, rhythms by the peak of a full spindle, the hum by
+// its amplitude.
 struct Mix {
   double background, alphaBack, alphaFront, beta, theta, slowWaves, blinks, hum, swing;
   bool alphaDropsOut;
@@ -56,8 +56,8 @@ std::uint8_t toSample(double microvolts) {
   return static_cast<std::uint8_t>(std::clamp(std::lround(128 + microvolts), 0L, 255L));
 }
 
-constexpr std::array<double, 4> blinkGains{1, 0.93, 0.08, 0.07};  // the eyes are far from the temples' back
-constexpr std::array<double, 4> humGains{1, 0.97, 1.03, 0.98};    // every electrode lead catches about the same
+constexpr std::array<double, 4> blinkGains{1, 0.93, 0.08, 0.07};  // the eyes are far from the temporal sites
+constexpr std::array<double, 4> humGains{1, 0.97, 1.03, 0.98};    // every electrode lead picks up about the same
 constexpr std::array<double, 4> thetaGains{1, 1, 0.9, 0.9};
 
 }  // namespace
@@ -84,12 +84,12 @@ std::vector<ModelStep> parseModels(std::string_view text) {
 SignalModel::SignalModel(std::vector<ModelStep> steps, std::uint64_t seed)
     : steps_(std::move(steps)),
       random_(seed),
-      alpha_(random_.between(9.6, 10.4)),  // everybody has an alpha frequency of their own
+      alpha_(random_.between(9.6, 10.4)),  // the alpha frequency differs between people
       theta_(random_.between(5.2, 5.8)),
       beta_{BandNoise(19, 8), BandNoise(19, 8), BandNoise(19, 8), BandNoise(19, 8)},
       swing_{BandNoise(0.8, 0.6), BandNoise(0.8, 0.6), BandNoise(0.8, 0.6), BandNoise(0.8, 0.6)},
       slowWaves_{BandNoise(2.2, 1), BandNoise(2.2, 1), BandNoise(2.2, 1)} {
-  constexpr int framesToSettle = 1024;  // all sources start from nothing; the slowest needs some seconds
+  constexpr int framesToSettle = 1024;  // all sources start at zero; the slowest takes some seconds
   for (int frame = 0; frame < framesToSettle; ++frame) advanceSources();
 }
 

@@ -10,7 +10,7 @@ namespace {
 constexpr double turn = 2 * std::numbers::pi;
 
 struct Stage {
-  double step;    // share of the way to a new value: 1 - exp(-2 pi f / 128)
+  double step;    // fraction of the way to a new value: 1 - exp(-2 pi f / 128)
   double weight;  // of the stage in the sum; the squares sum to 1
 };
 
@@ -24,7 +24,7 @@ double PinkNoise::next(Random& random) {
   for (std::size_t stage = 0; stage < pinkStages.size(); ++stage) {
     const auto& [step, weight] = pinkStages[stage];
     levels_[stage] += step * (random.normal() - levels_[stage]);
-    sum += weight * levels_[stage] * std::sqrt((2 - step) / step);  // the root brings each stage to deviation 1
+    sum += weight * levels_[stage] * std::sqrt((2 - step) / step);  // the root normalises each stage to deviation 1
   }
   return sum;
 }
@@ -79,7 +79,7 @@ double Blinks::next(Random& random) {
 
 void Blinks::scheduleNext(Random& random) {
   framesUntilBlink_ = static_cast<int>(random.between(3, 6) * framesPerSecond);
-  // The wide foot of the curve is lost in the background: 0.3..0.5 s from foot to foot are seen as 0.2..0.4 s.
+  // The flat ends of the curve are lost in the background: 0.3..0.5 s from end to end look like 0.2..0.4 s.
   framesOfBlink_ = static_cast<int>(random.between(0.3, 0.5) * framesPerSecond);
   framesIntoBlink_ = 0;
   height_ = random.between(100, 150);

@@ -62,7 +62,7 @@ void report(const std::string& recording, const AnalysisOptions& options, const 
   requireApart(output, {recording, options.factorsFile});
   requireWritable(output, recording, force);
   AnalysisOptions shown = options;
-  // Without a choice the panels would say 0 in every band, as if the person had no such rhythm.
+  // Without a choice, the panels would show 0 in every band, as if the person had no such rhythm.
   shown.maxima = !shown.means;
   writeReport(*analysed(recording, shown), recording, output, force);
 }

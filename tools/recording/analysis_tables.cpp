@@ -9,7 +9,7 @@ using eeg::keptIndexes;
 
 std::string hertz(int index) { return shortestDecimal(eeg::hertzOf(index)); }
 
-/// Blocks down, channels or pairs within them, one column for each frequency.
+/// A row for each channel or pair of each block, a column for each frequency.
 template <typename History>
 std::string historyTable(const History& history, int blocks, const char* rowTitle, const char* const* rowNames) {
   CsvLine title;

@@ -30,7 +30,7 @@ void addFolder(const fs::path& folder, std::set<std::string>& found) {
   if (error) throw ToolError(utf8Of(folder), "cannot be listed: " + error.message());
 }
 
-/// Works off the recordings that have no row yet, each thread with a program of its own.
+/// Analyses the recordings that have no row yet, each thread with its own program.
 class Workers {
  public:
   Workers(const std::vector<std::string>& recordings, const BatchOptions& options, BatchJournal& journal)

@@ -18,8 +18,7 @@ std::string lineOf(const Json& json) {
   return json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
 }
 
-/// A file's name, and with it a row, need not be UTF-8, and JSON holds nothing else: each byte is a character of its
-/// own there.
+/// A file's name, and so a row, need not be UTF-8, but JSON must be: each byte becomes one character there.
 std::string charactersOf(std::string_view bytes) {
   std::string characters;
   for (const char c : bytes) {
@@ -41,7 +40,7 @@ std::string bytesOf(std::string_view characters) {
   return bytes;
 }
 
-/// What a row depends on beside its recording.
+/// What a row depends on besides its recording.
 std::string signatureOf(const AnalysisOptions& options) {
   const auto block = [](const std::optional<int>& number) { return number ? Json(*number) : Json(nullptr); };
   return lineOf({{"korvinel", 2},
@@ -51,7 +50,7 @@ std::string signatureOf(const AnalysisOptions& options) {
                  {"factors", std::hash<std::string>{}(options.factors)}});
 }
 
-/// A recording that was changed meanwhile has another key.
+/// A recording changed meanwhile has another key.
 std::string keyOf(const std::string& recording) {
   std::error_code error;
   const auto size = fs::file_size(pathOf(recording), error);
@@ -59,7 +58,7 @@ std::string keyOf(const std::string& recording) {
   return lineOf({charactersOf(recording), error ? 0 : size, error ? 0 : time.time_since_epoch().count()});
 }
 
-/// Whether a file may be replaced as a journal: it is one, if of another version, or has not been begun.
+/// Whether a file may be replaced as a journal: it is one, even of another version, or is empty.
 bool isJournal(const std::string& path) {
   constexpr std::string_view beginning = "{\"korvinel\":";
   const auto file = openInput(path);
@@ -73,7 +72,7 @@ bool isJournal(const std::string& path) {
 BatchJournal::BatchJournal(const BatchOptions& options) : path_(absolutePath(options.output + ".part")) {
   const std::string signature = signatureOf(options.analysis);
   const bool exists = fs::exists(pathOf(path_));
-  // Rows would be written to, or read from, a place that whoever made the link has chosen.
+  // The creator of a link could redirect the rows.
   if (fs::is_symlink(pathOf(path_))) throw ToolError(options.output + ".part", "is a link, and is left alone");
   if (exists && !options.resume && !options.force)
     throw ToolError(options.output + ".part",
@@ -89,7 +88,7 @@ BatchJournal::BatchJournal(const BatchOptions& options) : path_(absolutePath(opt
   file_ = disk->openForAppending(path_);
 }
 
-/// A last line that was cut off by the interruption does not count.
+/// A last line cut off by an interruption is ignored.
 void BatchJournal::readRows(const std::string& signature) {
   const std::string bytes = readAll(path_);
   if (!bytes.starts_with(signature))

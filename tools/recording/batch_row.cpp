@@ -48,7 +48,7 @@ std::string fields(const std::string& recording, const Workbench& bench, const s
   return line.add(damage).add(reportError(bench)).ended();
 }
 
-/// The first defect and how many there are.
+/// The first defect and the number of defects.
 std::string damageOf(const std::string& recording) {
   const Inspection found = inspect(*openInput(recording));
   if (found.defects.empty()) return "";

@@ -67,7 +67,7 @@ void ChannelStream::refill() {
   ready_.insert(ready_.end(), samples.begin(), samples.end());
 }
 
-/// Without input, the end: what the resampler still holds is drawn out.
+/// Without input: the end, returns what the resampler still holds.
 void ChannelStream::resample(const std::vector<double>& input) {
   const std::size_t room = static_cast<std::size_t>(std::ceil(static_cast<double>(input.size()) * ratio_)) + 4096;
   std::vector<double> output(room);

@@ -21,7 +21,7 @@
 namespace korvinel::tool {
 namespace {
 
-/// What was written on the command line. One subcommand fills its part.
+/// The parsed command line. One subcommand fills its part.
 struct Written {
   std::vector<std::string> files;
   std::string file, output, notes, factors, channels = "F1,F2,T5,T6";
@@ -205,7 +205,7 @@ int runProgram(std::vector<std::string> words) {
   Written written;
   build(program, written);
   try {
-    std::reverse(words.begin(), words.end());  // as the parser takes them
+    std::reverse(words.begin(), words.end());  // the order the parser expects
     program.parse(std::move(words));
     std::cout.flush();
     if (!std::cout) throw ToolError("standard output", "cannot be written");

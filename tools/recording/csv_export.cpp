@@ -10,7 +10,7 @@
 namespace korvinel::tool {
 namespace {
 
-/// The notes that were begun in a block, joined.
+/// The notes begun in a block, joined.
 std::string notesOf(const FileHeader& header, int block) {
   std::string all;
   for (int note = 1; note <= header.noteCount; ++note) {

@@ -25,7 +25,7 @@ class Checking {
       throw ToolError(output_.path(), std::string("was not written as it should: ") + what + " (is the disk full?)");
   }
 
-  /// The size that the file's own header tells: header, and all signals of all records, two bytes a sample.
+  /// The file size implied by its header: the header, and all signals of all records, two bytes a sample.
   void checkSize() const {
     constexpr std::size_t fixedPart = 256;
     constexpr std::size_t bytesBeforeSampleCounts = 216;  // for each signal
@@ -77,7 +77,7 @@ class Checking {
     return text;
   }
 
-  /// A number in a field of the header; 0 where there is none.
+  /// A number in a header field; 0 if there is none.
   static std::size_t number(const std::string& header, std::size_t offset, std::size_t length) {
     return static_cast<std::size_t>(std::strtoul(header.substr(offset, length).c_str(), nullptr, 10));
   }

@@ -46,7 +46,7 @@ EdfPlan planFor(const std::string& recording, bool anonymous) {
   return plan;
 }
 
-/// One setting of the library; it never fails for values that the format allows.
+/// Checks the result of a library setting, which never fails for values allowed by the format.
 void set(const std::string& output, int result) {
   if (result != 0) throw ToolError(output, "cannot be written: the EDF library refuses a header field");
 }

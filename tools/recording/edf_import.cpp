@@ -33,10 +33,10 @@ std::string dateOf(const edf_hdr_struct& header) {
   return text.data();
 }
 
-/// As a 32-bit float, which not every double fits into. All that lies beyond a recording's range is limited anyway.
+/// As a 32-bit float, limited to its range. Values beyond a recording's range are limited anyway.
 float microvolts(double sample) { return static_cast<float>(std::clamp(sample, -1e6, 1e6)); }
 
-/// A recording that is being made, by the program's own recording and assembling.
+/// Makes a recording with the program's own recording and assembling.
 class Importing {
  public:
   Importing(const EdfFile& file, const ImportOptions& options)
@@ -74,7 +74,7 @@ class Importing {
       told_.push_back("has " + std::to_string(notes.size()) + " annotations, only the first 60 are kept as notes");
   }
 
-  /// The next block into the program's buffer; a last one that is not full is filled up with 0 microvolts.
+  /// Reads the next block into the program's buffer; an incomplete last one is filled up with 0 microvolts.
   bool takeBlock() {
     std::size_t longest = 0;
     for (int channel = 1; channel <= 4; ++channel) {

@@ -58,7 +58,7 @@ Json jsonOf(const std::string& path, const Inspection& found) {
           {"defects", defects}};
 }
 
-/// Runs `look` for every file; one that cannot be read does not stop the rest.
+/// Runs `look` for every file; an unreadable file does not stop the rest.
 template <typename Look>
 int forEach(const std::vector<std::string>& files, Look&& look) {
   int code = done;

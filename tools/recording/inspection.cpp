@@ -21,7 +21,7 @@ void add(Inspection& found, std::int64_t offset, const std::string& what) {
   if (found.defects.size() < mostDefects) found.defects.push_back({offset, what});
 }
 
-/// The header is read by the program's own reader; where that fails, the byte tells how far it came.
+/// The header is read by the program's own reader; if that fails, the byte shows how far it got.
 bool readHeaderOf(platform::InputFile& file, Inspection& found) {
   if (file.atEnd()) {
     add(found, 0, "the file is empty");
@@ -49,7 +49,7 @@ void judgeHeader(Inspection& found) {
 void judgeNotes(Inspection& found, std::int64_t samplesBegin) {
   for (int note = 1; note <= found.header.noteCount; ++note) {
     const float block = found.header.noteTimes[note];
-    // An examination that was recorded from its middle has one block more than its notes count.
+    // A recording has one more block than its notes count if it began in the middle of an examination.
     if (block < 1 || block > static_cast<float>(found.blocks + 1))
       add(found, samplesBegin,
           "note " + std::to_string(note) + " stands at block " + shortestDecimal(block) + " of " +
@@ -57,7 +57,7 @@ void judgeNotes(Inspection& found, std::int64_t samplesBegin) {
   }
 }
 
-/// The next bytes of the file, at most `count`.
+/// Reads the next bytes of the file, at most `count`.
 std::string takeBytes(platform::InputFile& file, int count) {
   std::string bytes;
   while (static_cast<int>(bytes.size()) < count && !file.atEnd())
@@ -89,7 +89,7 @@ std::size_t headerLineIn(const std::string& bytes) {
   return static_cast<std::size_t>(match.position());
 }
 
-/// A whole block, or what is there of it.
+/// A whole block, or the existing part of one.
 void judgeBlock(Inspection& found, std::int64_t offset, std::string_view block) {
   ++found.blocks;
   for (int channel = 1; channel <= 4; ++channel) {
@@ -103,8 +103,8 @@ void judgeBlock(Inspection& found, std::int64_t offset, std::string_view block) 
             std::to_string(blockBytes) + " bytes");
 }
 
-/// Saving under an existing name puts a whole second recording behind the first, which may itself be cut off: its
-/// header can begin anywhere in a block and go on in the next.
+/// Saving under an existing name appends a whole second recording to the first, which may itself be cut off: its header
+/// can begin anywhere in a block and continue in the next.
 void inspectByteBlocks(platform::InputFile& file, Inspection& found) {
   std::int64_t offset = file.position();
   std::string block = takeBytes(file, blockBytes);

@@ -39,7 +39,7 @@ void ProgressBar::show(int finished) {
   const std::chrono::duration<double> soFar = std::chrono::steady_clock::now() - begin_;
   std::string text = progressText(finished, total_, soFar.count());
   longest_ = std::max(longest_, text.size());
-  text.resize(longest_, ' ');  // over what a longer one has left
+  text.resize(longest_, ' ');  // covers the rest of a longer one
   std::cerr << '\r' << text << std::flush;
 }
 

@@ -28,7 +28,7 @@ std::string ownNote() {
          ",\rkorvinel-recording recover";
 }
 
-/// Where whoever records into the file's folder would hold a lock; "" where the file is none that is recorded into.
+/// The lock file of a program recording into the file's folder; "" if nothing records into this file.
 std::string lockPathBeside(const std::string& temporaryFile) {
   std::error_code error;
   const fs::path file = fs::canonical(pathOf(temporaryFile), error);

@@ -37,7 +37,7 @@ bool RecordingReader::next(Block& block) {
   constexpr float middle = 128;
   try {
     if (file_->atEnd()) return false;
-    // What stays no number has not been read.
+    // Samples that are still NaN have not been read.
     forEachSample(block, [](float& sample) { sample = std::numeric_limits<float>::quiet_NaN(); });
     if (header_.versionTag == "V3")
       readByteBlock(*file_, channels, block);

@@ -16,7 +16,7 @@
 namespace korvinel::tool {
 namespace {
 
-/// Blocks that are damaged but have sound ones behind them are kept in their places: more than an examination has.
+/// Damaged blocks followed by an intact one are kept in place, up to this many, more than an examination has.
 constexpr std::size_t mostDamagedBytes = 200 * static_cast<std::size_t>(blockBytes);
 
 std::string counted(std::int64_t count, const std::string& what) {
@@ -62,7 +62,7 @@ class Recovering {
     }
   }
 
-  /// The person who stands in the temporary file, on the same day; nobody's notes may come to somebody else.
+  /// The same person and day as in the temporary file: nobody's notes may be given to somebody else.
   [[nodiscard]] bool belongsHere(const SideFile& side) const {
     if (side.temporaryDate.empty())
       return side.holdsNames && side.subject == header_.subject && side.date == header_.date;
@@ -90,7 +90,7 @@ class Recovering {
       file.write(noteLine(header_.noteTimes[note], header_.noteTexts[note]));
   }
 
-  /// A tail of which nothing is sound is left out: it was never a recording, or never came to the disk.
+  /// A tail without an intact block is left out: it was never a recording, or never reached the disk.
   void copyBlocks(SafeOutput& file) {
     end_ = temporary_.position();
     std::string held;
@@ -132,7 +132,7 @@ class Recovering {
 std::vector<std::string> recover(const std::string& temporaryFile, const std::string& notes, const std::string& output,
                                  bool force) {
   requireWritable(output, temporaryFile, force);
-  // The notes beside it are read even where nobody has named them.
+  // The side file is read even if it was not named.
   requireWritable(output, notes.empty() ? sidePathOf(temporaryFile) : notes, force);
   const auto guard = holdAgainstRecording(temporaryFile);
   return Recovering(temporaryFile).run(notes, output, force);

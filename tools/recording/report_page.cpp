@@ -23,7 +23,7 @@ std::optional<PageFormat> formatOf(const std::string& output) {
   return {};
 }
 
-/// What the window's labels and check boxes say, as surfaces beside the panels.
+/// The texts of the window's labels and check boxes, as surfaces beside the panels.
 struct Labels {
   explicit Labels(const ReportWindow& window) {
     interval.printAt(0, 2, platform::Colour::black, window.intervalLabel.text());

@@ -63,7 +63,7 @@ void SafeOutput::write(std::string_view bytes) {
 void SafeOutput::commit() {
   writing(path_, [&] {
     const std::string& written = temporaryPath();
-    // A library that wrote it may have put another file in the place of the one that was created.
+    // A library that wrote it may have replaced the created file by another.
     if (!file_) beforeInterruption([&] { file_ = disk()->openForAppending(written); });
     file_->synchronise();
     file_.reset();

@@ -44,7 +44,7 @@ std::string TemporaryReader::takeLine() {
   return line;
 }
 
-/// Strict: a finished recording, too, begins with three texts, and its blocks would be taken at the wrong bytes.
+/// Strict: a finished recording also begins with three texts, and its blocks would be read at the wrong bytes.
 void TemporaryReader::readHeader() {
   const std::string line = takeLine();
   TextSource source(line);

@@ -9,7 +9,7 @@
 namespace korvinel::tool {
 namespace {
 
-/// Never destroyed: an interruption may come while the program is on its way out.
+/// Never destroyed: an interruption may occur while the program exits.
 struct Register {
   std::mutex mutex;
   std::set<std::string> paths;
@@ -45,7 +45,7 @@ void beforeInterruption(const std::function<void()>& step) {
 }
 
 void removeUnfinishedFiles() {
-  all().mutex.lock();  // for good: whoever would go on writing waits for the end
+  all().mutex.lock();  // never unlocked: any further writer waits until the program ends
   for (const std::string& path : all().paths) removeFile(path);
 }
 

@@ -20,7 +20,7 @@ constexpr auto programRoot = "C:\\QUARVEL5";
 constexpr auto settingsPath = "C:\\QUARVEL5\\Instal8s.val";
 constexpr auto calibrationPath = "C:\\QUARVEL5\\Factors.val";
 
-/// The day on which the tool was started, asked once: std::localtime is not made for several threads.
+/// The day on which the tool was started, read once: std::localtime is not thread-safe.
 const platform::CalendarTime& today() {
   static const platform::CalendarTime day = [] {
     const std::time_t now = std::time(nullptr);
@@ -45,7 +45,7 @@ void requireFactors(const std::string& path, const std::string& bytes) {
   }
 }
 
-/// "" where there is no installation; a user without a home has none.
+/// "" if there is no installation, as for a user without a home.
 std::string installedCalibration() {
   std::string dataFolder;
   if (!platform::skipOnFault([&] { dataFolder = platform::userDataFolder(); })) return "";
@@ -90,7 +90,7 @@ void Workbench::open(const std::string& path) {
   files.recording = absolutePath(path);
   host_.dialogs.files.push_back(files.recording);
   window.Openx.press();
-  // A box is shown only where the file cannot be read, or not to its end.
+  // A box is shown only if the file cannot be read, or not to its end.
   const bool told = host_.dialogs.shown.back().kind == "notice";
   if (state.intervalSelectable != 1 || told)
     throw ToolError(path, "cannot be opened: " + oneLine(reasonOf(lastMessage())));
@@ -98,7 +98,7 @@ void Workbench::open(const std::string& path) {
     throw ToolError(path, "holds no samples that can be read: its version is '" + state.fileVersionTag + "'");
 }
 
-/// What the program said last: a fault, or a box that it showed.
+/// The program's last message: a fault, or a box that it showed.
 std::string Workbench::lastMessage() const {
   if (!host_.faults.empty()) return host_.faults.back();
   return host_.dialogs.shown.empty() ? "unknown reason" : host_.dialogs.shown.back().text;

@@ -39,7 +39,7 @@ std::string defaultFactors() {
 void installRootWhenAbsent(Files& files, const std::string& dataFolder) {
   const fs::path root = hostPath(dataFolder, "C:\\QUARVEL5");
   if (fs::symlink_status(root).type() != fs::file_type::not_found) return;
-  // Under another name first: a root that is there is a whole one, even if this is cut short.
+  // Under another name first, so that an existing root is always complete, even if this is interrupted.
   const fs::path unfinished = root.string() + ".new-" + std::to_string(std::random_device{}());
   try {
     if (!dataFolder.empty()) makeFolders(dataFolder + "/ports");

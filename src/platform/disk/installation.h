@@ -6,10 +6,10 @@
 
 namespace korvinel::platform {
 
-/// Puts the program's root C:\QUARVEL5 with its default files on the disk where it is wholly absent: the settings (port
-/// 1), 64 calibration factors of 1 and an empty DATAFILE. A root that is there is left as it is, even where something
-/// is missing in it. `dataFolder`: where the program's drive C lies, "" where it is the machine's own. A RuntimeError
-/// (output) where the root cannot be put there; then nothing is.
+/// Creates the program's root C:\QUARVEL5 with its default files if it does not exist: the settings (port 1), 64
+/// calibration factors of 1 and an empty DATAFILE. An existing root is left as it is, even if something in it is
+/// missing. `dataFolder`: holds the program's drive C; "" if that is the machine's own. A RuntimeError (output) if the
+/// root cannot be created; then nothing is.
 void installRootWhenAbsent(Files& files, const std::string& dataFolder);
 
 /// The content of the default files: the settings, and 64 calibration factors of 1.

@@ -14,7 +14,7 @@
 
 namespace korvinel::platform {
 
-/// Remembers what was asked of the system, in order: "thread 1", "process 128".
+/// Records the requests to the system, in order: "thread 1", "process 128".
 struct RecordingMachine : Machine {
   std::vector<std::string> asked;
   std::string home = "/home/medico/";
@@ -27,7 +27,7 @@ struct RecordingMachine : Machine {
   Identity identity() override { return self; }
 };
 
-/// Remembers what was printed: "empty", "key 1", "print 10 3 190 145".
+/// Records what was printed: "empty", "key 1", "print 10 3 190 145".
 struct RecordingPrinter : ScreenPrinter {
   int majorVersion = 10;
   std::vector<std::string> done;
@@ -37,7 +37,7 @@ struct RecordingPrinter : ScreenPrinter {
   void printClipboard(double x, double y, double width, double height) override;
 };
 
-/// Remembers which windows were asked for; whoever has them says what happens.
+/// Records which windows were requested; the owner of the windows decides what happens.
 struct RecordingWindows : Windows {
   std::vector<std::string> asked;  ///< "report", "close report", "comments", "main"
   std::function<void()> onReport, onCloseReport, onComments;
@@ -55,7 +55,7 @@ struct RecordingWindows : Windows {
 
 /// A machine without a screen: virtual clock, scripted line and answers, files in memory.
 struct HeadlessPlatform {
-  /// `disk`: of another machine, which must outlive this one; without it an empty one of its own.
+  /// `disk`: another machine's, which must outlive this one; without it, an empty one of its own.
   explicit HeadlessPlatform(MemoryFiles* disk = nullptr) : files(disk != nullptr ? *disk : ownFiles) {
     time.onStep = [this] { instrument.deliverIfPolled(); };
     dialogs.edge = &edge;

@@ -48,7 +48,7 @@ class MemoryOutput : public OutputFile {
 
 }  // namespace
 
-/// The note is not counted as space taken: where it does not fit, the lock is taken all the same.
+/// The note takes no space: even if it does not fit, the lock is taken.
 class MemoryFiles::Lock : public FileLock {
  public:
   Lock(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path)) { files_.locked_.insert(path_); }

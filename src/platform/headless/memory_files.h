@@ -10,20 +10,20 @@
 
 namespace korvinel::platform {
 
-/// Files in memory, by their full path. Can be told to run out of space or to refuse writing. A file whose name breaks
-/// the rules of `nameFault` can be neither created nor renamed to.
+/// Files in memory, by their full path, which can be made to run out of space or to refuse writing. No file can be
+/// created under, or renamed to, a name that breaks the rules of `nameFault`.
 class MemoryFiles : public Files {
  public:
   std::map<std::string, std::string> content;                         ///< path -> bytes
   std::int64_t freeSpace = std::numeric_limits<std::int64_t>::max();  ///< bytes that can still be written
   bool readOnly = false;                                              ///< nothing can be created, written or removed
   bool offersLocks = true;
-  std::string goneFolder;                        ///< nothing in it is there any more; "" = none
+  std::string goneFolder;                        ///< a folder that has disappeared with its content; "" = none
   std::vector<std::string> unreadable;           ///< paths that exist but cannot be opened
   std::map<std::string, std::size_t> failingAt;  ///< path -> byte that cannot be read
 
   std::size_t longestName = 255;     ///< bytes
-  std::vector<std::string> devices;  ///< names, in upper case and without ending, that the system keeps for devices
+  std::vector<std::string> devices;  ///< names reserved for devices, in upper case and without ending
 
   [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;

@@ -11,15 +11,15 @@
 
 namespace korvinel::platform {
 
-/// Dialogs that answer by themselves and remember what they asked. Without a scripted answer a question is answered
-/// with Cancel, an input box and a file dialog with nothing.
+/// Dialogs that answer by themselves and record what they asked. Without a scripted answer, a question is answered with
+/// Cancel, an input box and a file dialog with nothing.
 class ScriptedDialogs : public Dialogs {
  public:
   std::deque<Choice> choices;       ///< answers to questions
   std::deque<std::string> inputs;   ///< answers to input boxes
   std::deque<std::string> files;    ///< answers to file dialogs
   std::deque<std::string> folders;  ///< answers to folder dialogs
-  /// Answers a question in the place of `choices`, where it has an answer.
+  /// Answers a question instead of `choices`, if it returns an answer.
   std::function<std::optional<Choice>(const std::string& text)> onQuestion;
   const OperationEdge* edge = nullptr;  ///< once the program behind it has ended, boxes open for last words only
   std::function<void()> whileOpen;      ///< called while a box is open, as the user or a timer would act meanwhile
@@ -42,7 +42,7 @@ class ScriptedDialogs : public Dialogs {
     show({"input", prompt, title, position});
     return next(inputs, std::string());
   }
-  /// From now on the user gives up every recording that has found no place.
+  /// From now on, the user gives up every recording that could not be saved.
   void giveRecordingsUp() {
     onQuestion = [](const std::string& text) -> std::optional<Choice> {
       if (text.starts_with("La registrazione non")) return Choice::cancel;

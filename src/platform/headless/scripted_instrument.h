@@ -7,14 +7,14 @@
 
 namespace korvinel::platform {
 
-/// The instrument at the other end of a scripted line: answers the test command, and after the start command has a
-/// whole block waiting whenever the line is polled empty, so that a test decides block by block what comes.
+/// The instrument at the other end of a scripted line: answers the test command, and after the start command delivers a
+/// whole block whenever the line is polled empty, so that a test determines each block.
 class ScriptedInstrument {
  public:
   explicit ScriptedInstrument(ScriptedSerialPort& line);
 
   std::string answer = "OK";       ///< to the test command; "" stays silent
-  std::deque<std::string> blocks;  ///< to come, usually 1024 bytes each; when there is none left `idleBlock` repeats
+  std::deque<std::string> blocks;  ///< the next ones, usually 1024 bytes each; after the last, `idleBlock` repeats
   std::string idleBlock = std::string(1024, static_cast<char>(128));
   int blocksDelivered = 0;
 

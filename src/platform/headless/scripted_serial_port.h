@@ -9,8 +9,8 @@
 
 namespace korvinel::platform {
 
-/// A serial line whose other end is played by a test or by a simulated instrument. Remembers what happened to it. What
-/// arrives waits in the system until somebody looks; a system that is full loses bytes, wherever a frame begins.
+/// A serial line whose other end is a test or a simulated instrument. Records its calls. Bytes wait in the system until
+/// the line is polled; a full system loses bytes anywhere in a frame.
 class ScriptedSerialPort : public BufferedLine {
  public:
   explicit ScriptedSerialPort(const Clock& clock) : clock_(clock) {}
@@ -26,10 +26,10 @@ class ScriptedSerialPort : public BufferedLine {
   void write(std::string_view bytes) override;
 
   /// The other end's part.
-  void deliver(std::string_view bytes);  ///< what the system has no room for is lost
+  void deliver(std::string_view bytes);  ///< bytes that the system has no room for are lost
   [[nodiscard]] int undelivered() const { return static_cast<int>(system_.size()) + received().waiting(); }
   void overrun() { overrun_ = true; }  ///< the system counts bytes that it had to lose
-  std::function<void()> beforeRead;    ///< what happens between the last look and a read
+  std::function<void()> beforeRead;    ///< called between the last poll and a read
   std::function<void(const std::string& bytes)> onWritten;
   void unplug();  ///< the line fails at its next use; opening fails too
   void plugIn() { unplugged_ = false; }
@@ -37,7 +37,7 @@ class ScriptedSerialPort : public BufferedLine {
 
   /// In order: "open 2 19200,N,8,1", "rts", "dtr", "discard", "write <decimal bytes>", "close".
   const std::vector<std::string>& history() const { return history_; }
-  const std::string& written() const { return written_; }  ///< all bytes since the beginning
+  const std::string& written() const { return written_; }  ///< all bytes written so far
   int readLength() const { return received().readLength(); }
   int capacity() const { return received().capacity(); }
 

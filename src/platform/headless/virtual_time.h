@@ -12,8 +12,8 @@ namespace korvinel::platform {
 
 class VirtualTimer;
 
-/// A clock that moves only while events are processed, with the timers and the scheduled acts that hang on it. A whole
-/// examination takes a moment of real time and goes the same way every time.
+/// A clock that moves only while events are dispatched, with its timers and scheduled actions. A whole examination
+/// takes a moment of real time and runs identically every time.
 class VirtualTime : public Clock, public EventPump {
  public:
   /// `edge`: handlers run behind it; process() throws ProgramEnd once the program has ended.
@@ -52,7 +52,7 @@ class VirtualTime : public Clock, public EventPump {
   std::vector<VirtualTimer*> timers_;
 };
 
-/// An interval timer on the virtual clock. Like a window's timer it never interrupts its own handler.
+/// An interval timer on the virtual clock. Like a window's timer, it never interrupts its own handler.
 class VirtualTimer : public IntervalTimer {
  public:
   explicit VirtualTimer(VirtualTime& time);

@@ -26,8 +26,8 @@ bool isInHome(const std::string& path) {
   return !home.empty() && path.starts_with(home + "/");
 }
 
-/// Whether several users are meant to make files in a folder. One like /tmp, in which nobody may touch what others have
-/// made, is not meant so.
+/// Whether several users are meant to create files in a folder. A folder like /tmp, in which nobody may change others'
+/// files, is not one.
 bool isShared(const std::string& folder) {
   struct stat status {};
   if (stat(folder.c_str(), &status) != 0) return false;

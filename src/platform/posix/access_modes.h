@@ -4,14 +4,14 @@
 
 #include <string>
 
-/// Who may read what the program makes: a recording tells of a patient.
+/// Access modes of the program's files and folders: a recording names a patient.
 namespace korvinel::platform {
 
-/// The folder that a path lies in, with its slash; "." where it names none.
+/// The folder part of a path, with its slash; "." if there is none.
 [[nodiscard]] std::string folderOf(const std::string& path);
 
-/// The mode to ask for in making a file: 0600 in a folder that only its owner may enter, else 0666, of which the system
-/// takes what the user's mask or the folder's access list withholds.
+/// The mode for creating a file: 0600 in a folder that only its owner may enter, else 0666, which the system reduces by
+/// the user's mask or the folder's access list.
 [[nodiscard]] mode_t modeOfNewFile(const std::string& path);
 
 }  // namespace korvinel::platform

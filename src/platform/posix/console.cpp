@@ -8,7 +8,7 @@
 namespace korvinel::platform {
 namespace {
 
-/// Those that end the program; one that is ignored, as under nohup, stays so.
+/// The signals that end the program; ignored ones, as under nohup, stay ignored.
 sigset_t interruptions() {
   sigset_t signals;
   sigemptyset(&signals);
@@ -31,7 +31,7 @@ void waitForInterruption(const sigset_t& signals, const std::function<void()>& a
 
 }  // namespace
 
-// Nothing changes bytes here, and what a terminal makes of them is its own affair.
+// Nothing changes bytes on this system, and their encoding is up to the terminal.
 struct Console::Streams {};
 Console::Console() = default;
 Console::~Console() = default;
@@ -44,7 +44,7 @@ bool errorsAreWatched() { return isatty(STDERR_FILENO) == 1; }
 
 void whenInterrupted(std::function<void()> act) {
   const sigset_t signals = interruptions();
-  pthread_sigmask(SIG_BLOCK, &signals, nullptr);  // in every thread, so that the one that waits gets them
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);  // in every thread, so that the waiting one receives them
   std::thread([signals, act = std::move(act)] { waitForInterruption(signals, act); }).detach();
 }
 

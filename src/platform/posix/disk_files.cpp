@@ -35,7 +35,7 @@ using Place = DiskFiles::Place;
   fail(Fault::output, "scrivere", file, reason);
 }
 
-/// Opens without waiting for the other end of a pipe; gives why it failed, or "".
+/// Opens without waiting for the other end of a pipe; returns the reason of a failure, or "".
 std::string openOrdinaryFile(const std::string& path, int how, FileDescriptor& file) {
   const mode_t mode = (how & O_CREAT) != 0 ? modeOfNewFile(path) : 0;
   file = FileDescriptor(::open(path.c_str(), how | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode));
@@ -77,7 +77,7 @@ class DiskOutput : public OutputFile {
 
   void synchronise() override {
     if (fsync(file_.get()) != 0) failWriting(place_, systemMessage(errno));
-    // The folder too, or a new file's name may be lost; a file system that cannot do it is no reason to fail.
+    // The folder too, or a new file's name may be lost; it is no fault if the file system cannot do that.
     const FileDescriptor folder(::open(folderOf(place_.onDisk).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen()) fsync(folder.get());
   }
@@ -87,7 +87,7 @@ class DiskOutput : public OutputFile {
   Place place_;
 };
 
-/// Renames without replacing; false, with `errno`, where that fails.
+/// Renames without replacing; false, with `errno`, if that fails.
 bool renameToNewName(const std::string& from, const std::string& to) {
   if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
   const bool notOffered = errno == EINVAL || errno == ENOSYS;

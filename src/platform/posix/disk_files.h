@@ -4,12 +4,12 @@
 
 namespace korvinel::platform {
 
-/// Files on the disk. A new file is for its owner alone where nobody else may enter its folder; elsewhere the user's
-/// mask, the folder's group and its access lists decide, so that a practice can share a folder. What is no ordinary
-/// file (a folder, a device, a pipe) can be neither read nor written.
+/// Files on the disk. A new file is for its owner alone if nobody else may enter its folder; otherwise the user's mask,
+/// the folder's group and its access lists apply, so that a practice can share a folder. Anything but an ordinary file
+/// (a folder, a device, a pipe) can be neither read nor written.
 class DiskFiles : public Files {
  public:
-  /// `dataFolder`: where the program's drive C lies.
+  /// `dataFolder`: holds the program's drive C.
   explicit DiskFiles(std::string dataFolder) : dataFolder_(std::move(dataFolder)) {}
 
   [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;

@@ -13,14 +13,14 @@ constexpr int faultSignals[] = {SIGPIPE, SIGXFSZ};
 
 volatile std::sig_atomic_t pipeEnd = -1;
 
-/// Nothing but a write to a pipe is safe here. A pipe that is full has said what there is to say.
+/// Only a write to a pipe is safe here. A full pipe needs no further byte.
 void passOn(int) {
   const int error = errno;
   if (pipeEnd >= 0) static_cast<void>(write(pipeEnd, "!", 1) == 1);
   errno = error;
 }
 
-/// In place of SIG_IGN, which programs that are started from here would inherit.
+/// Instead of SIG_IGN, which programs started from here would inherit.
 void letTheWriteFail(int) {}
 
 void handle(int signal, void (*handler)(int)) {

@@ -4,9 +4,9 @@
 
 namespace korvinel::platform {
 
-/// While it lives, the signals that ask the program to end (SIGTERM, SIGHUP, SIGINT) arrive as bytes on a pipe, to be
-/// taken up between two events. One that was ignored when the program was started stays so, as under nohup. A full
-/// file-size limit and a closed terminal become faults of the write that meets them. There is one object at a time.
+/// During its lifetime, the signals that request the program's end (SIGTERM, SIGHUP, SIGINT) arrive as bytes on a pipe,
+/// to be handled between two events. A signal ignored at the program's start stays ignored, as under nohup. A reached
+/// file-size limit and a closed terminal become faults of the write. One object at a time.
 class EndSignals {
  public:
   EndSignals();
@@ -14,9 +14,9 @@ class EndSignals {
   EndSignals(const EndSignals&) = delete;
   EndSignals& operator=(const EndSignals&) = delete;
 
-  /// Becomes readable when a signal has come, and stays so; -1 on a system without signals.
+  /// Becomes and stays readable when a signal has arrived; -1 on a system without signals.
   [[nodiscard]] int descriptor() const { return reading_.get(); }
-  /// Ends the process in two seconds, whatever it is doing then: only when nothing is left to be saved.
+  /// Ends the process in two seconds, whatever it is doing then. To be called only when everything is saved.
   static void endSoon();
 
  private:

@@ -31,7 +31,7 @@ class FileDescriptor {
   int descriptor_ = -1;
 };
 
-/// What the system says of an `errno`.
+/// The system's text for an `errno`.
 inline std::string systemMessage(int error) { return std::generic_category().message(error); }
 
 }  // namespace korvinel::platform

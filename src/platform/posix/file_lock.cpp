@@ -18,22 +18,22 @@ class DiskLock : public FileLock {
   explicit DiskLock(FileDescriptor file) : file_(std::move(file)) {}
   DiskLock(const DiskLock&) = delete;
   DiskLock& operator=(const DiskLock&) = delete;
-  /// A note that outlived its lock would name the wrong person to whoever finds the next one. Where the file may only
-  /// be read there is none to remove.
+  /// Removes the note, as a note that outlived its lock would name the wrong holder of the next one. If the file can
+  /// only be read, there is none to remove.
   ~DiskLock() override { static_cast<void>(ftruncate(file_.get(), 0) == 0); }
 
  private:
   FileDescriptor file_;
 };
 
-/// A file whose note everybody may write who may make files beside it: a lock over a network needs that right too.
+/// Allows everybody who may create files beside it to write the note: a lock over a network needs that right too.
 void letOthersLock(const FileDescriptor& file, const std::string& path) {
   struct stat folder {};
   if (stat(folderOf(path).c_str(), &folder) == 0 && (folder.st_mode & (S_IWGRP | S_IWOTH)) != 0)
     static_cast<void>(fchmod(file.get(), 0666) == 0);
 }
 
-/// Another user's file may allow reading only; that is enough for a lock on a disk of this machine.
+/// Another user's file may be read-only; that is enough for a lock on a local disk.
 FileDescriptor openLockFile(const std::string& path) {
   constexpr int how = O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW;
   FileDescriptor file(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | how, modeOfNewFile(path)));
@@ -50,7 +50,7 @@ bool isOrdinaryFile(const FileDescriptor& file) {
   return fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// Whether the path still leads to this file: it may have been replaced between its opening and its locking.
+/// Whether the path still refers to this file: it may have been replaced between opening and locking.
 bool isStillAt(const std::string& path, const FileDescriptor& file) {
   struct stat there {
   }, here{};
@@ -76,7 +76,8 @@ void leaveNote(const FileDescriptor& file, const std::string& note) {
 }
 
 LockAttempt refused(const FileDescriptor& file) {
-  // Over a network a file open for reading cannot be locked for oneself, but shared it tells whether somebody has it.
+  // Over a network, a file open for reading cannot be locked exclusively, but a shared lock shows whether somebody
+  // holds it.
   const int reason = errno;
   const bool held = reason == EWOULDBLOCK || (lockNow(file, LOCK_SH) != 0 && errno == EWOULDBLOCK);
   if (held) return {LockOutcome::held, nullptr, noteIn(file)};
@@ -86,7 +87,7 @@ LockAttempt refused(const FileDescriptor& file) {
 }  // namespace
 
 LockAttempt lockFile(const std::string& path, const std::string& note) {
-  constexpr int tries = 100;  // each but the last found a file that was replaced while it was being locked
+  constexpr int tries = 100;  // each failed try found the file replaced while it was being locked
   for (int attempt = 1; attempt <= tries; ++attempt) {
     FileDescriptor file = openLockFile(path);
     if (!file.isOpen() && errno != ELOOP) return {LockOutcome::notWritable, nullptr, systemMessage(errno)};

@@ -32,10 +32,10 @@ std::string homeFolder() {
 
 std::string userDataFolder() {
   const char* folder = std::getenv("XDG_DATA_HOME");
-  // A relative folder is to be ignored, as the base directory rules of the desktop say.
+  // A relative folder is ignored, as the desktop's base directory rules require.
   if (folder != nullptr && folder[0] == '/') return std::string(folder) + "/korvinel";
   const std::string home = homeFolder();
-  // Recordings do not belong in a folder that everybody may enter and that is emptied at times.
+  // Recordings must not go into a folder that everybody may enter and that is emptied at times.
   if (home.empty())
     throw RuntimeError(Fault::output, "L'utente non ha una cartella personale in cui tenere le registrazioni.");
   return home + "/.local/share/korvinel";
@@ -60,7 +60,7 @@ std::string programPath(const std::string& dataFolder, const std::string& hostPa
 std::string serialDevice(const std::string& dataFolder, int portNumber) {
   std::string link = dataFolder + "/ports/COM" + std::to_string(portNumber);
   struct stat status {};
-  // A link that points to nothing counts too: its device is unplugged, and another one must not take its place.
+  // A dangling link counts too: its device is unplugged, and another one must not replace it.
   if (lstat(link.c_str(), &status) == 0) return link;
   return "/dev/ttyUSB" + std::to_string(portNumber - 1);
 }

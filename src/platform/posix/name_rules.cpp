@@ -16,7 +16,7 @@ std::size_t longestName(const std::string& folder) {
   return limit > 0 ? std::min(static_cast<std::size_t>(limit), usualLimit) : usualLimit;
 }
 
-/// A file system of Windows counts so. A letter of four bytes takes two units.
+/// As Windows file systems count: a letter of four bytes takes two units.
 std::size_t utf16Units(std::string_view utf8) {
   std::size_t units = 0;
   for (const char byte : utf8) {

@@ -6,8 +6,8 @@
 
 namespace korvinel::platform {
 
-/// As Files::nameFault, for a folder by its path on the disk. The limit is the one of the file system that holds the
-/// folder, and never above 255 bytes and 255 UTF-16 units: some file systems report more than they keep.
+/// As Files::nameFault, for a folder by its path on the disk. The limit is that of the folder's file system, at most
+/// 255 bytes and 255 UTF-16 units: some file systems report more than they allow.
 [[nodiscard]] NameFault nameFaultIn(const std::string& folder, const std::string& name);
 
 }  // namespace korvinel::platform

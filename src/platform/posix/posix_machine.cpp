@@ -15,7 +15,7 @@ namespace {
 
 constexpr int highPriorityClass = 128;
 constexpr int stepsOfHighClass = 10;
-constexpr int mostSteps = 15;  // beyond it the desktop itself would suffer
+constexpr int mostSteps = 15;  // more would slow the desktop down
 
 }  // namespace
 

@@ -4,8 +4,8 @@
 
 namespace korvinel::platform {
 
-/// Priorities by the niceness of the calling thread, -20 (most processor time) to 19. The user-interface thread asks
-/// for both, so they add up. Where the system refuses, the least that it grants is taken; never a realtime class.
+/// Priorities by the niceness of the calling thread, -20 (most processor time) to 19. The user-interface thread
+/// requests both, so they add up. If the system refuses, the most that it grants is used; never a realtime class.
 class PosixMachine : public Machine {
  public:
   void setThreadPriority(int stepsAboveNormal) override;

@@ -39,7 +39,7 @@ speed_t speedOf(std::string_view baud) {
   return B0;
 }
 
-/// The flags of "N,8,1", a character each.
+/// The flags of "N,8,1", one character each.
 tcflag_t framingFlags(std::string_view framing, std::string_view settings) {
   if (framing.size() != 5 || framing[1] != ',' || framing[3] != ',') refuseSettings(settings);
   constexpr std::array<tcflag_t, 4> sizes = {CS5, CS6, CS7, CS8};
@@ -92,7 +92,7 @@ void SerialLine::open() {
   device_ = FileDescriptor(::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
   if (!isOpen()) refuseToOpen(path, errno);
   if (isatty(device_.get()) == 0) fail(path + " non e' una porta seriale");
-  // A second program on the same line would take half of the bytes.
+  // A second program on the same line would take some of the bytes.
   if (flock(device_.get(), LOCK_EX | LOCK_NB) != 0) fail("La porta seriale " + path + " e' gia' in uso");
   if (!configure()) fail("La porta seriale " + path + " non accetta le impostazioni: " + systemMessage(errno));
   beginAnew();
@@ -104,7 +104,7 @@ bool SerialLine::configure() const {
   cfmakeraw(&terminal);
   terminal.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB | PARODD | CSTOPB | CRTSCTS);
   terminal.c_cflag |= settings_.flags | CLOCAL | CREAD;
-  // At least one byte: only so does a read tell "nothing yet" (EAGAIN) from a line that has hung up (no byte).
+  // At least one byte: only then can "nothing yet" (EAGAIN) be distinguished from a line that has hung up (no byte).
   terminal.c_cc[VMIN] = 1;
   terminal.c_cc[VTIME] = 0;
   cfsetispeed(&terminal, settings_.speed);
@@ -145,7 +145,7 @@ void SerialLine::takeFromSystem() {
     suspect("il sistema ha contato dei byte persi o guasti sulla linea");
 }
 
-/// Takes over what the system holds. A line that has failed is closed here and is silent from then on.
+/// Takes what the system holds. A failed line is closed here and silent from then on.
 void SerialLine::takeArrived() {
   std::array<char, 4096> chunk;
   while (isOpen()) {

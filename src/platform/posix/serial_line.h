@@ -17,17 +17,18 @@ struct LineSettings {
   tcflag_t flags = CS8;
 };
 
-/// Throws PortFault for settings that no line has.
+/// Throws PortFault for invalid settings.
 [[nodiscard]] LineSettings parseLineSettings(std::string_view settings);
 
-/// How many bytes the system has lost or received damaged on an open line since it began to count; 0 where it does not
-/// count (a pseudo-terminal).
+/// The number of bytes that the system has counted as lost or damaged on an open line; 0 if it does not count (a
+/// pseudo-terminal).
 [[nodiscard]] long countedLineErrors(int device);
 
 /// A serial line on the system's terminal devices, pseudo-terminals included.
 class SerialLine : public BufferedLine {
  public:
-  /// `devicePath`: the device of a port number, asked at every opening. `lineErrors`: as `countedLineErrors`.
+  /// `devicePath`: returns the device of a port number; called at every opening. `lineErrors`: like
+  /// `countedLineErrors`.
   explicit SerialLine(std::function<std::string(int portNumber)> devicePath,
                       std::function<long(int device)> lineErrors = countedLineErrors)
       : devicePath_(std::move(devicePath)), lineErrors_(std::move(lineErrors)) {}

@@ -10,8 +10,8 @@
 namespace korvinel::platform {
 namespace {
 
-/// Check marks grow with the letters beside them, as the letters grow with the window. Dialogs of the program and of
-/// the toolkit look alike: no pictures on their buttons.
+/// Check marks are scaled with the letters beside them, as the letters are with the window. Dialogs of the program and
+/// of the toolkit look alike: no pictures on their buttons.
 class CalmStyle : public QProxyStyle {
  public:
   CalmStyle() : QProxyStyle("fusion") {}
@@ -36,7 +36,7 @@ class CalmStyle : public QProxyStyle {
 /// name.
 void keepNoPaintedParts() { QPixmapCache::setCacheLimit(0); }
 
-/// The toolkit's own words, such as the headings of the file dialog and the context menus.
+/// The toolkit's own texts, such as the headings of the file dialog and the context menus.
 void speakItalian() {
   auto* translator = new QTranslator(qApp);
   if (translator->load("qtbase_it", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -45,7 +45,7 @@ void speakItalian() {
 
 }  // namespace
 
-/// Latin letters one by one: joined, this font sets "1024x768" with a multiplication sign.
+/// Without ligatures: this font would show "1024x768" with a multiplication sign.
 QFont calmLetters() {
   constexpr int pointSize = 10;
   QFont letters(QStringList{"Inter", "Segoe UI", "DejaVu Sans"}, pointSize);

@@ -29,7 +29,7 @@ QColor readableOn(const QColor& ground) {
   return contrast({0, 0, 0}, colour) >= contrast({255, 255, 255}, colour) ? Qt::black : Qt::white;
 }
 
-/// A widget's usual palette, or one whose ground has this colour with a text that can be read on it.
+/// A widget's usual palette, or one with this background colour and a text readable on it.
 QPalette paletteFor(const QWidget& widget, Colour colour, Colour usual, QPalette::ColorRole ground,
                     QPalette::ColorRole text) {
   if (colour == usual) return {};
@@ -42,7 +42,7 @@ QPalette paletteFor(const QWidget& widget, Colour colour, Colour usual, QPalette
   return palette;
 }
 
-/// A new caption leaves the button its key.
+/// Keeps the button's key when its caption changes.
 void setCaption(QAbstractButton& button, const std::string& caption) {
   const QKeySequence key = button.shortcut();
   button.setText(toQt(caption));
@@ -96,7 +96,7 @@ void ButtonView::follow(const Button& model) {
   fitCaption();
 }
 
-/// A key that is held down presses once.
+/// A key held down presses once.
 void ButtonView::keyPressEvent(QKeyEvent* event) {
   if (!event->isAutoRepeat()) QPushButton::keyPressEvent(event);
 }
@@ -125,7 +125,7 @@ void showText(const TextBox& model, QLineEdit& box) {
 
 void takeText(TextBox& model, QLineEdit& box) {
   const QString typed = box.text();
-  // An accent that comes apart from its letter, as some systems hand it on, is joined to it first.
+  // An accent separate from its letter, as some systems deliver it, is combined with it first.
   const QString whole = typed.normalized(QString::NormalizationForm_C);
   model.type(whole.toStdString());
   if (typed == toQt(model.text())) return;
@@ -143,10 +143,10 @@ QLineEdit* makeView(TextBox& model, QWidget* parent) {
   box->setAccessibleName(toQt(model.name()));
   constexpr int margin = 3;
   box->setTextMargins(margin, 0, margin, 0);
-  // Not only what is typed: a text can also come from the clipboard, a drop or an assistive program.
+  // Not only typed text: it can also come from the clipboard, a drop or an assistive program.
   QObject::connect(box, &QLineEdit::textChanged, [&model, box] { takeText(model, *box); });
   QObject::connect(box, &QLineEdit::returnPressed, [&model] { model.pressKey('\r'); });
-  const auto before = std::make_shared<QPointer<QWidget>>();  // what had the keyboard when the program moved it here
+  const auto before = std::make_shared<QPointer<QWidget>>();  // what had the focus before
   model.onFocusRequested = [box, before] {
     if (!box->hasFocus()) *before = QApplication::focusWidget();
     box->setFocus(Qt::OtherFocusReason);
@@ -154,7 +154,7 @@ QLineEdit* makeView(TextBox& model, QWidget* parent) {
   QObject::connect(box, &QObject::destroyed, [&model] { model.onFocusRequested = nullptr; });
   mirror(model, *box, [&model, box, before] {
     showText(model, *box);
-    // Else the toolkit would pass the keyboard on to the next control, for the user's next key to press it.
+    // Otherwise the toolkit would move the focus to the next control, which the user's next key would press.
     if (!model.enabled() && box->hasFocus() && *before) (*before)->setFocus(Qt::OtherFocusReason);
     box->setEnabled(model.enabled());
     box->setReadOnly(model.readOnly());
@@ -168,7 +168,7 @@ QCheckBox* makeView(CheckBox& model, QWidget* parent) {
   auto* box = new QCheckBox(parent);
   box->setObjectName(toQt(model.name()));
   box->setAccessibleDescription(toQt(model.name()));
-  // Not only a click: an assistive program switches the box without one.
+  // Not only clicks: an assistive program switches the box without one.
   QObject::connect(box, &QCheckBox::toggled, [&model](bool checked) {
     if (checked != model.checked()) model.click();
   });
@@ -182,7 +182,7 @@ QCheckBox* makeView(CheckBox& model, QWidget* parent) {
 void tie(Range& model, QAbstractSlider& slider) {
   slider.setObjectName(toQt(model.name()));
   slider.setAccessibleName(toQt(model.name()));
-  // A scroll bar would leave the keyboard to the area that it scrolls, and take "right" for "back".
+  // A scroll bar would leave the focus to the area that it scrolls, and treat "right" as "back".
   slider.setFocusPolicy(Qt::StrongFocus);
   slider.setInvertedControls(false);
   slider.setRange(model.first(), model.last());

@@ -8,16 +8,16 @@
 
 #include "platform/controls.h"
 
-/// Widgets that mirror the models of controls: they show what the model holds, and hand on what the user does. A model
-/// must outlive its view. For a screen reader, what has a text of its own (labels, buttons, check boxes) is named by it
-/// and described by the model's name; everything else is named by the model.
+/// Widgets that mirror the models of controls: they show what the model holds, and forward what the user does. A model
+/// must outlive its view. For a screen reader, a widget with its own text (label, button, check box) is named by it and
+/// described by the model's name; any other is named by the model.
 namespace korvinel::platform {
 
-/// Letters shrink where a text is too large for its label; what still does not fit is shown in a tool tip, and read by
-/// a screen reader in any case.
+/// Letters shrink if a text is too large for its label; text that still does not fit is shown in a tool tip, and is
+/// always available to a screen reader.
 class LabelView : public QLabel {
  public:
-  /// The model's own lines in the middle of the place, or one text broken into lines that grow upward from its foot.
+  /// The model's own lines centred, or one text broken into lines that grow upward from the bottom.
   enum class Lines { own, broken };
   LabelView(Label& model, QWidget* parent, Lines lines = Lines::own);
 
@@ -31,7 +31,7 @@ class LabelView : public QLabel {
   QColor ink_;
 };
 
-/// Letters shrink where a caption is too wide for its button.
+/// Letters shrink if a caption is too wide for its button.
 class ButtonView : public QPushButton {
  public:
   ButtonView(Button& model, QWidget* parent);
@@ -47,7 +47,7 @@ class ButtonView : public QPushButton {
 
 QLineEdit* makeView(TextBox& model, QWidget* parent);
 QCheckBox* makeView(CheckBox& model, QWidget* parent);
-/// Ties a slider or a scroll bar to its model.
+/// Connects a slider or a scroll bar to its model.
 void tie(Range& model, QAbstractSlider& slider);
 /// Shows and hides the widget with its model.
 void tie(Picture& model, QWidget& picture);

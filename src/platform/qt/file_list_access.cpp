@@ -11,12 +11,12 @@
 namespace korvinel::platform {
 namespace {
 
-/// The list's cells, counted as the view counts them when it tells which has the keyboard: row by row; a tree's first
-/// row is its header, a list has the first column only.
+/// The list's cells, numbered as the view does when it reports the focus: row by row; a tree's first row is its header,
+/// a list has only the first column.
 struct CellOrder {
   explicit CellOrder(const QAbstractItemView& view) : header(qobject_cast<const QTreeView*>(&view) != nullptr ? 1 : 0) {
     const QAbstractItemModel* model = view.model();
-    if (model == nullptr) return;  // its dialog is being closed
+    if (model == nullptr) return;  // the dialog is being closed
     columns = header == 0 ? 1 : model->columnCount();
     rows = model->rowCount(view.rootIndex());
   }
@@ -91,7 +91,7 @@ class FileCell : public QAccessibleInterface, public QAccessibleActionInterface 
 
   [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
   [[nodiscard]] QStringList keyBindingsForAction(const QString&) const override { return {}; }
-  /// As a click on it: chooses the file, or sorts the list.
+  /// Like a click on it: selects the file, or sorts the list.
   void doAction(const QString& name) override {
     if (name != pressAction() || !isValid()) return;
     if (QHeaderView* header = headerView())
@@ -150,14 +150,14 @@ class FileList : public QAccessibleWidget {
  private:
   [[nodiscard]] QAbstractItemView& view() const { return *qobject_cast<QAbstractItemView*>(widget()); }
 
-  mutable std::map<int, QAccessible::Id> cells_;  // by number; the toolkit owns what it has been given the id of
+  mutable std::map<int, QAccessible::Id> cells_;  // by number; the toolkit owns objects whose id it has
 };
 
 }  // namespace
 
 QAccessibleInterface* fileListAccess(const QString& className, QObject* object) {
   const bool isList = className == "QTreeView" || className == "QListView";
-  if (!isList || className != object->metaObject()->className()) return nullptr;  // the list of places is derived
+  if (!isList || className != object->metaObject()->className()) return nullptr;  // the list of places is a subclass
   auto* view = qobject_cast<QAbstractItemView*>(object);
   return qobject_cast<QFileDialog*>(view->window()) != nullptr ? new FileList(*view) : nullptr;
 }

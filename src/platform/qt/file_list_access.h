@@ -4,11 +4,12 @@
 
 namespace korvinel::platform {
 
-/// What a screen reader learns of the lists of files in the toolkit's file dialog, for QAccessible::installFactory;
-/// null for every other object.
+/// Accessible lists of files for the toolkit's file dialog, for QAccessible::installFactory; null for every other
+/// object.
 ///
-/// The toolkit's own cells of such a list stay until the program ends, each with an index into a model that is gone by
-/// then: whoever had a dialog read aloud got a crash. These cells know their place only, and go with their list.
+/// The toolkit's own accessible cells exist until the program ends, each with an index into a model destroyed earlier,
+/// which crashed the program if a screen reader had read a dialog. These cells hold only their position, and are
+/// destroyed with their list.
 [[nodiscard]] QAccessibleInterface* fileListAccess(const QString& className, QObject* object);
 
 }  // namespace korvinel::platform

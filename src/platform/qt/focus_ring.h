@@ -5,13 +5,13 @@
 
 namespace korvinel::platform {
 
-/// A ring around whatever has the keyboard, in two colours that can be seen on dark and on light ground alike. It lies
-/// over the widgets of its ground and takes no mouse events.
+/// A ring around the widget with the focus, in two colours visible on dark and light backgrounds. It lies over the
+/// other widgets and takes no mouse events.
 class FocusRing : public QWidget {
  public:
-  /// `distance`: pixels between the ring and what it surrounds.
+  /// `distance`: pixels between the ring and the widget.
   explicit FocusRing(QWidget* ground, int distance = 0);
-  /// Whether the ring shows where the keyboard is; it does from the beginning.
+  /// Whether the ring shows the focus; initially it does.
   void setShown(bool shown);
 
  protected:

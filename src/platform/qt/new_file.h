@@ -11,9 +11,9 @@ enum class NewFile {
   failed,
 };
 
-/// Puts a finished file on the disk, whole or not at all: it is written under another name, read back, and only then
-/// gets its own. Never replaces a file, never follows a link. What is not finished is removed; where the system knows
-/// files without a name, even if the program is killed meanwhile.
+/// Writes a file to the disk completely or not at all: it is written under another name, read back, and only then
+/// renamed. Never replaces a file, never follows a link. An unfinished file is removed; if the system supports files
+/// without a name, even when the program is killed.
 [[nodiscard]] NewFile writeNewFile(const QString& path, const QByteArray& bytes, qint64 roomToLeave);
 
 }  // namespace korvinel::platform

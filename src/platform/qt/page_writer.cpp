@@ -22,11 +22,11 @@
 namespace korvinel::platform {
 namespace {
 
-constexpr double dotsPerUnit = 2;  // of pictures, as sharp as a dense screen
+constexpr double dotsPerUnit = 2;  // of pictures, as on a high-density screen
 
 [[noreturn]] void fail(const std::string& reason) { throw RuntimeError(Fault::output, reason); }
 
-/// Only what the toolkit says before it ends the program; the rest are remarks for programmers.
+/// Only the toolkit's last message before it ends the program; the others are for programmers.
 void tellWhatEndsTheProgram(QtMsgType type, const QMessageLogContext&, const QString& message) {
   if (type == QtFatalMsg) std::cerr << message.toStdString() << std::endl;
 }
@@ -36,7 +36,8 @@ void startToolkit() {
     static int count = 1;
     static char name[] = "korvinel";
     static char* arguments[] = {name, nullptr};
-    // Without a screen where the toolkit can; where it cannot, on Windows, a program without windows does not need one.
+    // Without a screen if the toolkit supports that; on Windows, where it does not, a program without windows needs
+    // none.
     qputenv("QT_QPA_PLATFORM", "offscreen;windows");
     qInstallMessageHandler(tellWhatEndsTheProgram);
     static QGuiApplication toolkit(count, arguments);

@@ -8,11 +8,11 @@
 
 namespace korvinel::platform {
 
-/// A page made of surfaces: the ground, whose units are the page's, and others at their places on it.
+/// A page made of surfaces: the background, whose units are the page's, and others at their places on it.
 struct Page {
   std::string title;
   const Surface* ground = nullptr;
-  int height = 0;  ///< of the page, from the ground's top; the rest of the ground is cut off
+  int height = 0;  ///< of the page, from the top of the background; the rest is cut off
   struct Placed {
     const Surface* surface;
     Rect place;
@@ -22,8 +22,8 @@ struct Page {
 
 enum class PageFormat { pdf, png, svg };
 
-/// The bytes of a file that holds the page, painted by the very code that paints the windows, without a screen. The
-/// first call starts the toolkit; all calls come from one thread. A RuntimeError (output) where no font is installed.
+/// The bytes of a file with the page, painted without a screen by the same code that paints the windows. The first call
+/// starts the toolkit; all calls must come from one thread. A RuntimeError (output) if no font is installed.
 [[nodiscard]] std::string pageBytes(const Page& page, PageFormat format);
 
 }  // namespace korvinel::platform

@@ -8,16 +8,15 @@
 
 namespace korvinel::platform {
 
-/// The ground of a window with a plan: shows a surface whose units are the plan's, and keeps every widget that is put
-/// on it at its place in the plan and its letters in proportion, whatever size the window has. A ring shows which of
-/// them has the keyboard.
+/// The background of a window with a plan: shows a surface in the plan's units, and keeps every widget on it at its
+/// place in the plan and its letters in proportion, at any window size. A ring shows which widget has the focus.
 class PlanGround : public SurfaceView {
  public:
   /// `letterHeight`: of the widgets' letters, in units of the plan.
   PlanGround(Surface& surface, double letterHeight);
 
   void put(QWidget* widget, const Rect& place);
-  /// A widget of the ground's own colours under other ones.
+  /// A widget in the background's colours under others.
   void putPanel(const Rect& place);
 
  protected:

@@ -17,7 +17,7 @@ void tell(const std::function<void(float)>& handler, float place) {
   if (handler) handler(place);
 }
 
-/// Where a key moves the mark; nothing: it is not for the mark. "Down" is onward, as in a text.
+/// The mark's position after a key; none if the key does not move it. "Down" is forward, as in a text.
 std::optional<int> placeAfter(int key, int mark, PointerSurfaceView::Steps steps, int last) {
   switch (key) {
     case Qt::Key_Left:
@@ -86,7 +86,7 @@ void PointerSurfaceView::focusInEvent(QFocusEvent* event) {
   update();
 }
 
-/// What was begun with the keyboard ends when the keyboard goes elsewhere, as with a mouse button that is let go.
+/// A selection begun with the keyboard ends when the focus moves elsewhere, as if a mouse button were released.
 void PointerSurfaceView::focusOutEvent(QFocusEvent* event) {
   SurfaceView::focusOutEvent(event);
   if (pressedByKey_) pressOrRelease();
@@ -94,7 +94,7 @@ void PointerSurfaceView::focusOutEvent(QFocusEvent* event) {
   update();
 }
 
-/// The mark is a small triangle at the foot, under the curve.
+/// The mark is a small triangle at the bottom, under the curve.
 void PointerSurfaceView::paintEvent(QPaintEvent* event) {
   SurfaceView::paintEvent(event);
   if (!hasFocus()) return;

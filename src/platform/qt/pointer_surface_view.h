@@ -4,21 +4,21 @@
 
 namespace korvinel::platform {
 
-/// A surface on which the user points out places along its width, with the mouse or with the keyboard. The arrow keys
-/// move a mark by a step, Page Up and Page Down back and onward by a large step, Home and End to the edges; Space or
-/// Enter does at the mark what pressing the mouse button does, and the second time what releasing it does.
+/// A surface on which the user selects positions along its width, with the mouse or the keyboard. The arrow keys move a
+/// mark by a step, Page Up and Page Down back and forward by a large step, Home and End to the edges; Space or Enter
+/// acts at the mark like pressing the mouse button, and the second time like releasing it.
 class PointerSurfaceView : public SurfaceView {
  public:
   struct Steps {
     int small, large;  ///< in the surface's units
   };
 
-  /// `pointer` is told of all that happens, at places in the surface's units, and must outlive the view. `describe`: a
-  /// place in words, shown beside the mark.
+  /// `pointer` receives all events, at positions in the surface's units, and must outlive the view. `describe`: a
+  /// position in words, shown beside the mark.
   PointerSurfaceView(Surface& surface, const PointerEvents& pointer, Steps steps,
                      std::function<QString(int place)> describe, QWidget* parent = nullptr);
 
-  int mark() const { return mark_; }  ///< where the keyboard's mark stands, in the surface's units
+  int mark() const { return mark_; }  ///< the keyboard mark's position, in the surface's units
 
  protected:
   void paintEvent(QPaintEvent* event) override;

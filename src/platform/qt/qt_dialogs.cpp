@@ -19,13 +19,13 @@
 namespace korvinel::platform {
 namespace {
 
-/// Over the active window, but not its child: a window that closes would take the box with it, and the box's operation
-/// still waits for an answer.
+/// Over the active window, but not its child: closing the window would delete the box while its operation waits for an
+/// answer.
 void placeOverActiveWindow(QDialog& dialog) {
   const QWidget* window = QApplication::activeWindow();
   if (window == nullptr) return;
   dialog.setScreen(window->screen());
-  dialog.winId();  // makes the system's window, which has the one that it belongs to
+  dialog.winId();  // creates the system's window, which can have an owner
   dialog.windowHandle()->setTransientParent(window->windowHandle());
 }
 
@@ -33,7 +33,7 @@ void prepare(QMessageBox& box, const std::string& text, const std::string& title
   box.setWindowTitle(toQt(title));
   box.setTextFormat(Qt::PlainText);
   box.setText(toQt(text));
-  // Not the desktop's own words: the texts speak of "OK" and "Cancel".
+  // Not the desktop's own texts: the messages mention "OK" and "Cancel".
   box.addButton("OK", QMessageBox::AcceptRole)->setDefault(true);
   placeOverActiveWindow(box);
 }
@@ -44,7 +44,7 @@ QPoint pixels(ScreenPosition position, const QScreen& screen) {
           static_cast<int>(std::lround(position.y / twipsPerInch * screen.logicalDotsPerInchY()))};
 }
 
-/// As near to the place as the whole dialog stays on the screen.
+/// As near to the position as possible with the whole dialog on the screen.
 void moveOnScreen(QDialog& dialog, ScreenPosition position) {
   const QScreen& screen = *dialog.screen();
   const QRect area = screen.availableGeometry();
@@ -60,7 +60,7 @@ void prepare(QFileDialog& dialog, QFileDialog::FileMode mode, const char* nameLa
 #ifndef Q_OS_WIN  // whose own dialog every user knows; elsewhere the toolkit's, the same on every desktop
   dialog.setOption(QFileDialog::DontUseNativeDialog);
 #endif
-  dialog.setOption(QFileDialog::ReadOnly);  // a slip in it must not rename or delete a recording
+  dialog.setOption(QFileDialog::ReadOnly);  // a slip must not rename or delete a recording
   dialog.setFileMode(mode);
   dialog.setLabelText(QFileDialog::LookIn, "Cerca in:");
   dialog.setLabelText(QFileDialog::FileName, nameLabel);
@@ -86,7 +86,7 @@ std::string toolkitFilter(const std::string& filter) {
   return filters.join(";;").toStdString();
 }
 
-/// A box that is closed because the program has ended ends the operation that waits for it.
+/// A box closed because the program has ended also ends the operation that waits for it.
 int QtDialogs::show(QDialog& dialog) const {
   if (lastWords == 0) edge_.stopIfEnded();
   const int result = dialog.exec();
@@ -124,7 +124,7 @@ std::string QtDialogs::input(const std::string& prompt, const std::string& title
 }
 
 std::string QtDialogs::chooseFile(const std::string& directory, const std::string& filter) {
-  QAccessible::installFactory(fileListAccess);  // before anybody asks about the dialog
+  QAccessible::installFactory(fileListAccess);  // before the dialog is first queried
   QFileDialog dialog(nullptr, "Apri");
   prepare(dialog, QFileDialog::ExistingFile, "Nome file:", "Apri");
   dialog.setDirectory(QString::fromStdString(paths_.toHost(directory)));

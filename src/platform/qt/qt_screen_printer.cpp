@@ -20,7 +20,7 @@
 namespace korvinel::platform {
 namespace {
 
-/// A window that waits for no answer: no box, no tool tip, no list that has dropped down.
+/// A window that waits for no answer: not a box, a tool tip or a drop-down list.
 bool isWindow(const QWidget* widget) {
   return widget != nullptr && widget->isVisible() && !widget->isModal() &&
          (widget->windowType() == Qt::Window || widget->windowType() == Qt::Dialog);
@@ -32,7 +32,7 @@ int owners(const QWidget* window) {
   return count;
 }
 
-/// The window that stands before the others, which it belongs to.
+/// The window in front of the others, to which it belongs.
 QWidget* windowOnTop() {
   QWidget* top = nullptr;
   for (QWidget* window : QApplication::topLevelWidgets())
@@ -40,13 +40,13 @@ QWidget* windowOnTop() {
   return top;
 }
 
-/// A page has no keyboard.
+/// A page shows no focus.
 void showFocusRings(const QWidget& window, bool shown) {
   for (QWidget* child : window.findChildren<QWidget*>())
     if (auto* ring = dynamic_cast<FocusRing*>(child)) ring->setShown(shown);
 }
 
-/// The window with its letters and lines as fine as paper shows them.
+/// The window with letters and lines at the resolution of paper.
 QImage paintedForPaper(QWidget& window) {
   constexpr double dotsAcross = 2600;  // some 350 an inch
   const qreal ratio = std::clamp(std::ceil(dotsAcross / window.width()), window.devicePixelRatioF(), 4.0);
@@ -97,7 +97,7 @@ QtScreenPrinter::QtScreenPrinter(Dialogs& dialogs, PathNotation paths, std::func
   });
 }
 
-/// Of the second family of systems, whatever this one counts.
+/// That of the newer family of systems, whatever this system's own version.
 int QtScreenPrinter::systemMajorVersion() { return 10; }
 
 void QtScreenPrinter::emptyClipboard() {
@@ -105,7 +105,7 @@ void QtScreenPrinter::emptyClipboard() {
   captured_ = sharp_ = QImage();
 }
 
-/// The active window. A box that has just closed may have left none yet: then the one that was active before it.
+/// The active window. If a box has just closed there may be none yet: then the one active before it.
 QWidget* QtScreenPrinter::windowToPrint() const {
   if (isWindow(QApplication::activeWindow())) return QApplication::activeWindow();
   return isWindow(lastActive_) ? lastActive_.data() : windowOnTop();
@@ -140,7 +140,7 @@ std::string QtScreenPrinter::print(const QRectF& millimetres) {
 
 std::string QtScreenPrinter::printIntoFile(const QImage& picture, const QRectF& millimetres) const {
   const std::string file = nextPdf();
-  constexpr qint64 roomForRecordings = 10'000'000;  // some ten examinations
+  constexpr qint64 roomForRecordings = 10'000'000;  // about ten examinations
   switch (writeNewFile(QString::fromStdString(paths_.toHost(file)), pdfOf(picture, millimetres), roomForRecordings)) {
     case NewFile::written: return file;
     case NewFile::noRoom:
@@ -150,13 +150,13 @@ std::string QtScreenPrinter::printIntoFile(const QImage& picture, const QRectF& 
   throw RuntimeError(Fault::output, "Il file non si puo' scrivere:\r" + file);
 }
 
-/// The clipboard's picture; in its place our own painting of it, as long as it is what the clipboard holds.
+/// The clipboard's picture, or, as long as that is our capture, the finer painting of it.
 QImage QtScreenPrinter::pictureToPrint() const {
   const QImage picture = QApplication::clipboard()->image();
   return !sharp_.isNull() && picture == captured_ ? sharp_ : picture;
 }
 
-/// A name that no file has yet.
+/// An unused file name.
 std::string QtScreenPrinter::nextPdf() const {
   const std::string dataFile = QFileInfo(QString::fromStdString(dataFileName_())).completeBaseName().toStdString();
   const std::string stem = "C:\\QUARVEL5\\DATAFILE\\" + (dataFile.empty() ? "Stampa" : dataFile) + "-" +

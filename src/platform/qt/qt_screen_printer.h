@@ -12,13 +12,12 @@
 
 namespace korvinel::platform {
 
-/// Copies the active window to the clipboard and prints the clipboard's picture on the default printer; where no
-/// printer is installed, into a PDF file beside the data files, with a notice that says so. The file is whole or not
-/// there, and never takes the last 10 MB of the disk, which a recording may need. What cannot be printed is told in a
-/// notice.
+/// Copies the active window to the clipboard and prints the clipboard's picture on the default printer, or, if none is
+/// installed, into a PDF file beside the data files, with a notice. The file is complete or absent, and always leaves
+/// 10 MB free on the disk, which a recording may need. A notice reports what cannot be printed.
 class QtScreenPrinter : public ScreenPrinter {
  public:
-  /// `dataFileName`: gives the name of the data file at hand, after which a PDF file is named; may be empty.
+  /// `dataFileName`: returns the name of the current data file, after which a PDF file is named; may be empty.
   QtScreenPrinter(
       Dialogs& dialogs, PathNotation paths, std::function<std::string()> dataFileName = [] { return std::string(); });
 
@@ -28,7 +27,7 @@ class QtScreenPrinter : public ScreenPrinter {
   void printClipboard(double x, double y, double width, double height) override;
 
  private:
-  /// Prints, and gives the PDF file in the program's notation, or "" where a printer took the page.
+  /// Prints; returns the PDF file in the program's notation, or "" if the page went to a printer.
   std::string print(const QRectF& millimetres);
   [[nodiscard]] std::string printIntoFile(const QImage& picture, const QRectF& millimetres) const;
   [[nodiscard]] QWidget* windowToPrint() const;
@@ -38,10 +37,10 @@ class QtScreenPrinter : public ScreenPrinter {
   Dialogs& dialogs_;
   PathNotation paths_;
   std::function<std::string()> dataFileName_;
-  QPointer<QWidget> lastActive_;  ///< the window that has, or had last, the keyboard; boxes do not count
-  QObject watch_;                 ///< ends the watching with this object
-  QImage captured_;               ///< what the clipboard holds since the last capture
-  QImage sharp_;                  ///< the same moment of the same window, painted for paper
+  QPointer<QWidget> lastActive_;  ///< the window that has or last had the focus, boxes excepted
+  QObject watch_;                 ///< ends the observation with this object
+  QImage captured_;               ///< the clipboard's content after the last capture
+  QImage sharp_;                  ///< the same window at the same moment, painted for paper
 };
 
 }  // namespace korvinel::platform

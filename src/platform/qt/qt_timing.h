@@ -12,7 +12,7 @@ struct QtClock : Clock {
   [[nodiscard]] CalendarTime localTime() const override;
 };
 
-/// A timer of the user-interface thread. It never interrupts its own handler: what falls due meanwhile follows once,
+/// A timer of the user-interface thread. It never interrupts its own handler: if it falls due meanwhile, it fires once
 /// when the handler has ended.
 class QtTimer : public IntervalTimer {
  public:
@@ -33,8 +33,8 @@ class QtTimer : public IntervalTimer {
   bool missed_ = false;
 };
 
-/// Handles events and sleeps until the next one, at most some milliseconds: what waits for bytes of the serial line
-/// looks often enough, and next to no processor time is used.
+/// Dispatches events and sleeps until the next one, at most a few milliseconds: often enough to poll the serial line,
+/// with almost no processor time.
 class QtEventPump : public EventPump {
  public:
   explicit QtEventPump(const OperationEdge& edge);

@@ -9,16 +9,16 @@ namespace korvinel::platform {
 namespace {
 
 std::function<void()>& displayGone() {
-  static auto& act = *new std::function<void()>;  // outlives all that is destroyed on the way out
+  static auto& act = *new std::function<void()>;  // never destroyed, as it is used during exit
   return act;
 }
 
-/// Only the toolkit calls exit() while the program lives, and that when its display has gone.
+/// While the program runs, only the toolkit calls exit(), when it has lost the display.
 void atExit() {
   const std::function<void()> act = std::exchange(displayGone(), {});
   if (!act) return;
   act();
-  // What the toolkit would still do on its way out stands on the display.
+  // The toolkit's own clean-up would need the display.
   std::_Exit(EXIT_FAILURE);
 }
 
@@ -32,7 +32,7 @@ void watchExit(std::function<void()> act) {
 SuddenEnd::SuddenEnd(int signalDescriptor, Acts acts) : acts_(std::move(acts)) {
   watchExit(acts_.onDisplayGone);
   QCoreApplication::instance()->installEventFilter(this);
-  // A session that ends on Windows reaches the program as this alone, and the process ends when it returns.
+  // On Windows the end of a session is reported only by this message, and the process ends when its handler returns.
   connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, [this] { acts_.onSessionEnd(); });
   if (signalDescriptor < 0) return;
   notifier_ = std::make_unique<QSocketNotifier>(signalDescriptor, QSocketNotifier::Read);
@@ -44,7 +44,7 @@ SuddenEnd::SuddenEnd(int signalDescriptor, Acts acts) : acts_(std::move(acts)) {
 
 SuddenEnd::~SuddenEnd() { watchExit({}); }
 
-/// The session manager of an X desktop asks the application to quit; its windows would first wait for a turn.
+/// The session manager of an X desktop asks the application to quit; closing its windows would first wait for a turn.
 bool SuddenEnd::eventFilter(QObject* receiver, QEvent* event) {
   if (event->type() == QEvent::Quit && receiver == QCoreApplication::instance()) acts_.onSessionEnd();
   return QObject::eventFilter(receiver, event);

@@ -7,16 +7,16 @@
 
 namespace korvinel::platform {
 
-/// Tells the program that it has to end without asking anybody.
+/// Reports events on which the program must end without asking.
 class SuddenEnd : public QObject {
  public:
   struct Acts {
-    std::function<void()> onSignal;       ///< a signal has come; event loops go on
+    std::function<void()> onSignal;       ///< a signal has arrived; event loops continue
     std::function<void()> onSessionEnd;   ///< the session or the application ends; on Windows the process with it
-    std::function<void()> onDisplayGone;  ///< the toolkit has lost the display and leaves through exit(): no way back
+    std::function<void()> onDisplayGone;  ///< the toolkit has lost the display and calls exit(): there is no return
   };
 
-  /// `signalDescriptor`: becomes readable when a signal has come; -1 where there are none. One object at a time.
+  /// `signalDescriptor`: becomes readable when a signal has arrived; -1 if there are no signals. One object at a time.
   SuddenEnd(int signalDescriptor, Acts acts);
   ~SuddenEnd() override;
 

@@ -39,7 +39,7 @@ class Painting {
   }
 
  private:
-  /// Paints a mark, with the lines that go on from it; gives how many marks that were.
+  /// Paints a mark, with the lines that continue from it; returns the number of marks painted.
   std::size_t paintNext(std::span<const Mark> marks, std::size_t index) {
     const Mark& mark = marks[index];
     switch (mark.kind) {
@@ -55,7 +55,7 @@ class Painting {
 
   QPointF pixel(double x, double y) const { return {x * scaleX_, y * scaleY_}; }
 
-  /// A point that only gives a text its place is no part of the picture.
+  /// A point that only positions a text is not painted.
   [[nodiscard]] bool placesText(const Mark& point) const {
     return std::any_of(textMarks_.begin(), textMarks_.end(),
                        [&](const Mark* text) { return text->x1 == point.x1 && text->y1 == point.y1; });
@@ -98,7 +98,7 @@ class Painting {
     return count;
   }
 
-  /// Frames and grid lines are set on whole pixels; a trace is one smooth line through its samples.
+  /// Frames and grid lines are aligned to pixels; a trace is one smooth line through its samples.
   std::size_t paintLines(std::span<const Mark> marks) {
     const auto lines = marks.first(connectedLines(marks));
     if (std::all_of(lines.begin(), lines.end(), isUpright))
@@ -114,7 +114,7 @@ class Painting {
     const QPointF to = pixel(std::max(line.x1, line.x2), std::max(line.y1, line.y2));
     const QSizeF extent(std::floor(to.x()) - std::floor(from.x()) + width,
                         std::floor(to.y()) - std::floor(from.y()) + width);
-    // What lies wholly beyond the edge stands at it, such as the last line of a grid or a scale's ticks.
+    // Marks wholly beyond the edge are moved to it, such as the last line of a grid or a scale's ticks.
     const bool beyond = from.x() >= size_.width();
     const QPointF corner(
         beyond ? size_.width() - extent.width() : std::min(std::floor(from.x()), size_.width() - width),

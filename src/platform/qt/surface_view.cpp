@@ -49,7 +49,7 @@ QString SurfaceView::longTextAt(const QPoint& place) const {
   return {};
 }
 
-/// The widget has no tool tip of its own: where nothing is printed, that would be read out as its text.
+/// The widget has no tool tip of its own: without printed texts, a screen reader would read it as the widget's text.
 bool SurfaceView::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto& asked = *static_cast<const QHelpEvent*>(event);

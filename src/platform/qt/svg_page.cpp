@@ -28,14 +28,14 @@ QString step(const QPainterPath::Element& element) {
   return QStringLiteral("%1%2,%3").arg(QLatin1String(letter)).arg(element.x, 0, 'f', 1).arg(element.y, 0, 'f', 1);
 }
 
-/// Letters that no XML file may hold become the replacement character.
+/// Characters not allowed in XML become the replacement character.
 QString legal(QString text) {
   for (QChar& letter : text)
     if (letter.unicode() < 0x20 || letter.unicode() >= 0xFFFE) letter = QChar::ReplacementCharacter;
   return text.toHtmlEscaped();
 }
 
-/// The family that was painted with stands first; where it is missing, one of those that were wished for is next.
+/// The font family painted with, then the preferred ones, in case it is missing.
 QString familiesOf(const QFont& font) {
   QStringList names = {QFontInfo(font).family()};
   names << font.families();
@@ -47,7 +47,7 @@ QString familiesOf(const QFont& font) {
 
 }  // namespace
 
-/// Writes an element for each thing that is painted.
+/// Writes one element for each painted item.
 class SvgEngine : public QPaintEngine {
  public:
   SvgEngine() : QPaintEngine(AllFeatures) {}
@@ -58,7 +58,7 @@ class SvgEngine : public QPaintEngine {
   }
   bool end() override { return true; }
   [[nodiscard]] Type type() const override { return User; }
-  void updateState(const QPaintEngineState&) override {}  // it is asked for at each element
+  void updateState(const QPaintEngineState&) override {}  // the state is read at each element
   void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
 
   void drawRects(const QRectF* rects, int count) override {
@@ -106,7 +106,7 @@ class SvgEngine : public QPaintEngine {
   [[nodiscard]] const QString& body() const { return body_; }
 
  private:
-  /// A bar beyond the full scale ends with its panel.
+  /// A bar beyond the full scale ends at its panel's edge.
   [[nodiscard]] QRectF insideClip(const QRectF& rect) const {
     return painter()->hasClipping() ? rect.intersected(painter()->clipBoundingRect()) : rect;
   }

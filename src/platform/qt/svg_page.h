@@ -10,8 +10,8 @@ namespace korvinel::platform {
 
 class SvgEngine;
 
-/// A page that a painter draws on and that becomes an SVG file: filled rectangles, lines and texts, which is all that
-/// surfaces are painted with. Clipping is left out, and pictures draw nothing.
+/// A page for a painter that becomes an SVG file: filled rectangles, lines and texts, which is all that surfaces need.
+/// Clipping and pictures are ignored.
 class SvgPage : public QPaintDevice {
  public:
   SvgPage(const QString& title, const QSize& size);

@@ -9,15 +9,14 @@
 
 #include "platform/windows/wide_text.h"
 
-/// The C library's own reading of the command line; the header that declares it is not for programs.
+/// The C library's own expansion of the command line; the header that declares it is not public.
 extern "C" int __cdecl __wgetmainargs(int* count, wchar_t*** words, wchar_t*** environment, int expandWildcards,
                                       int* newMode);
 
 namespace korvinel::platform {
 namespace {
 
-/// Hands text to a terminal in whole letters: the C library would write it byte by byte, which no terminal puts
-/// together again.
+/// Passes whole characters to a terminal: the C library would write single bytes, which terminals do not combine.
 class TerminalText : public std::streambuf {
  public:
   explicit TerminalText(HANDLE terminal) : terminal_(terminal) {}
@@ -48,7 +47,7 @@ bool isTerminal(HANDLE handle) {
   return GetConsoleMode(handle, &mode) != 0;
 }
 
-/// A stream's way to its terminal; elsewhere it has none, and its bytes pass unchanged.
+/// Redirects a stream to its terminal; without a terminal, its bytes pass unchanged.
 class Way {
  public:
   Way(std::ostream& stream, DWORD handle, int file) : stream_(stream), terminal_(GetStdHandle(handle)) {
@@ -80,7 +79,7 @@ struct Console::Streams {
 Console::Console() : streams_(std::make_unique<Streams>()) {}
 Console::~Console() = default;
 
-/// What main() is given is in the system's old code page, which has no letter for many a name.
+/// The arguments of main() are in the system's old code page, which cannot represent many names.
 std::vector<std::string> commandLineWords(int, const char* const*) {
   int count = 0;
   wchar_t** wide = nullptr;
@@ -96,7 +95,7 @@ std::vector<std::string> commandLineWords(int, const char* const*) {
 bool errorsAreWatched() { return isTerminal(GetStdHandle(STD_ERROR_HANDLE)); }
 
 void whenInterrupted(std::function<void()> act) {
-  static auto& toDo = *new std::function<void()>;  // outlives all that is destroyed on the way out
+  static auto& toDo = *new std::function<void()>;  // never destroyed, as it is used during exit
   toDo = std::move(act);
   SetConsoleCtrlHandler(
       [](DWORD) -> BOOL {

@@ -25,15 +25,15 @@ namespace {
   fail(Fault::output, "scrivere", path, reason);
 }
 
-/// Whether the system takes the path for a device. To open it would reach for the device itself.
+/// Whether the system treats the path as a device. Opening it would access the device.
 bool namesDevice(const std::wstring& path) {
   std::wstring full(static_cast<std::size_t>(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr)), L'\0');
   full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
   return full.starts_with(L"\\\\.\\");
 }
 
-/// The name up to its first dot, without the blanks there. Older systems take "NUL.QVD" for the device, newer ones only
-/// "NUL"; a file that only some of them can open is no recording.
+/// The name up to its first dot, without trailing blanks. Older systems treat "NUL.QVD" as the device, newer ones only
+/// "NUL"; a recording must be readable on all of them.
 std::wstring stemOf(const std::wstring& name) {
   const std::wstring stem = name.substr(0, name.find(L'.'));
   return stem.substr(0, stem.find_last_not_of(L' ') + 1);
@@ -57,7 +57,7 @@ std::size_t longestName(const std::wstring& folder) {
   return longest;
 }
 
-/// Opens what is an ordinary file; gives why it failed, or "".
+/// Opens an ordinary file; returns the reason of a failure, or "".
 std::string openOrdinaryFile(const std::string& path, DWORD access, DWORD share, DWORD disposition, FileHandle& file) {
   const std::string noFile = "non e' un normale file";
   const std::wstring wide = wideFromUtf8(path);
@@ -108,7 +108,7 @@ class DiskOutput : public OutputFile {
   std::string path_;
 };
 
-/// A reader may look at the file meanwhile; a second writer may not.
+/// Others may read the file meanwhile, but not write it.
 std::unique_ptr<OutputFile> openForWriting(const std::string& path, DWORD access, DWORD disposition,
                                            DWORD share = FILE_SHARE_READ) {
   FileHandle file;
@@ -138,12 +138,12 @@ std::unique_ptr<OutputFile> DiskFiles::create(const std::string& path) {
 }
 
 std::unique_ptr<OutputFile> DiskFiles::createNew(const std::string& path) {
-  // It can be removed while it is being written: by whoever ends the program in the middle of it.
+  // It can be removed while being written, by code that ends the program in the middle of it.
   return openForWriting(path, GENERIC_WRITE, CREATE_NEW, FILE_SHARE_READ | FILE_SHARE_DELETE);
 }
 
 std::unique_ptr<OutputFile> DiskFiles::openForAppending(const std::string& path) {
-  // Without the right to write elsewhere every write goes to the end.
+  // With only the right to append, every write goes to the end.
   return openForWriting(path, FILE_APPEND_DATA | SYNCHRONIZE, OPEN_ALWAYS);
 }
 

@@ -4,19 +4,18 @@
 
 namespace korvinel::platform {
 
-/// Files on the disk, at the very paths of the program; a new one has the rights that its folder hands down. What is no
-/// ordinary file (a folder, a device such as "COM1" or "NUL" in whatever folder and with whatever ending) can be
-/// neither read nor written.
+/// Files on the disk, at the program's own paths; a new file inherits its folder's rights. Anything but an ordinary
+/// file (a folder, a device such as "COM1" or "NUL" in any folder and with any ending) can be neither read nor written.
 class DiskFiles : public Files {
  public:
   DiskFiles() = default;
-  explicit DiskFiles(const std::string& /*dataFolder*/) {}  ///< nothing is mapped here
+  explicit DiskFiles(const std::string& /*dataFolder*/) {}  ///< no paths are mapped here
 
   [[nodiscard]] std::unique_ptr<InputFile> openForReading(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> createNew(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
-  /// A name that the system keeps for a device counts as taken.
+  /// A name reserved for a device counts as existing.
   [[nodiscard]] bool exists(const std::string& path) override;
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;

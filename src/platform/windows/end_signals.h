@@ -2,7 +2,7 @@
 
 namespace korvinel::platform {
 
-/// A window of this system is told of the session's end by messages, which the toolkit passes on: there are no signals.
+/// There are no signals here: the session's end is reported by window messages, which the toolkit passes on.
 struct EndSignals {
   [[nodiscard]] static int descriptor() { return -1; }
   static void endSoon() {}

@@ -20,14 +20,14 @@ class DiskLock : public FileLock {
   explicit DiskLock(FileHandle file) : file_(std::move(file)) {}
   DiskLock(const DiskLock&) = delete;
   DiskLock& operator=(const DiskLock&) = delete;
-  /// A note that outlived its lock would name the wrong person to whoever finds the next one.
+  /// A note that outlived its lock would name the wrong holder of the next one.
   ~DiskLock() override { setContent(file_, ""); }
 
  private:
   FileHandle file_;
 };
 
-/// Nobody may remove the file meanwhile. Another user's may allow reading only, which is enough for a lock.
+/// Nobody may remove the file meanwhile. Another user's file may be read-only, which is enough for a lock.
 FileHandle openLockFile(const std::string& path) {
   const std::wstring wide = wideFromUtf8(path);
   constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE;
@@ -41,8 +41,8 @@ FileHandle openLockFile(const std::string& path) {
   return file;
 }
 
-/// Locks one byte far behind the note, which anybody can go on reading: here a locked byte can be neither read nor
-/// written by others.
+/// Locks one byte far beyond the note, so that the note can still be read: others can neither read nor write a locked
+/// byte.
 bool lockNow(const FileHandle& file) {
   OVERLAPPED place{};
   place.OffsetHigh = 0x40000000;

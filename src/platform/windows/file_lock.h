@@ -6,8 +6,7 @@
 
 namespace korvinel::platform {
 
-/// Locks the file of this path with LockFileEx, which ends with the process, whichever user's it is. Files::lock tells
-/// the rest.
+/// Locks the file of this path, any user's, with LockFileEx, which ends with the process. See Files::lock.
 [[nodiscard]] LockAttempt lockFile(const std::string& path, const std::string& note);
 
 }  // namespace korvinel::platform

@@ -10,15 +10,15 @@ namespace korvinel::platform {
 namespace {
 
 constexpr DWORD longestWriteMs = 500;
-/// Between two turns nobody reads: three seconds, 1536 bytes, and more on a slow machine. Longer than what is taken for
-/// a sign that bytes may be lost.
+/// Nothing reads between two turns: three seconds, 1536 bytes, more on a slow machine. Larger than the gap that raises
+/// a doubt about lost bytes.
 constexpr DWORD driverQueue = 8192;
 static_assert(driverQueue > LineWatch::fullSystemBuffer);
 
-/// Lays "19200,N,8,1" over a port's state; whether a line can have it.
+/// Applies "19200,N,8,1" to a port's state; returns whether the settings are valid.
 bool lineState(const std::string& settings, DCB& state) {
   state.DCBlength = sizeof state;
-  // The system itself takes much that is no setting, even the empty text.
+  // The system itself accepts many invalid settings, even the empty text.
   const bool complete = std::count(settings.begin(), settings.end(), ',') == 3;
   return complete && BuildCommDCBA(settings.c_str(), &state) != 0;
 }
@@ -35,7 +35,7 @@ void SerialLine::setSettings(std::string_view settings) {
 void SerialLine::open() {
   close();
   const std::string path = devicePath_(portNumber_);
-  // Not shared: a second program on the same line would take half of the bytes.
+  // Not shared: a second program on the same line would take some of the bytes.
   device_ = FileHandle(
       CreateFileW(wideFromUtf8(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
   if (!isOpen()) {
@@ -52,7 +52,7 @@ void SerialLine::open() {
 
 bool SerialLine::configure() const {
   constexpr DWORD sendQueue = 512;
-  // Reads give what has arrived and never wait.
+  // Reads return what has arrived and never wait.
   COMMTIMEOUTS timeouts{MAXDWORD, 0, 0, 0, longestWriteMs};
   DCB state{};
   state.DCBlength = sizeof state;
@@ -66,7 +66,7 @@ void SerialLine::close() {
   beginAnew();
 }
 
-/// A device without modem lines refuses, which is no error; a lost one shows at the next look or write.
+/// A device without modem lines refuses, which is no error; a lost device shows at the next poll or write.
 void SerialLine::raise(DWORD modemLine) {
   if (!isOpen()) throw PortFault("La porta seriale e' chiusa");
   EscapeCommFunction(device_.get(), modemLine);
@@ -84,14 +84,13 @@ void SerialLine::takeFromSystem() {
   while (isOpen() && takePiece()) continue;
 }
 
-/// Takes over some of what the driver holds; false when that was all. A line that has failed is closed here and is
-/// silent from then on.
+/// Takes some of what the driver holds; false when that was all. A failed line is closed here and silent from then on.
 bool SerialLine::takePiece() {
   std::array<char, 4096> piece;
   COMSTAT status{};
   DWORD errors = 0;
   DWORD count = 0;
-  // This call also clears a framing or overrun error, which would hold up the reads.
+  // This call also clears a framing or overrun error, which would block the reads.
   const bool alive = ClearCommError(device_.get(), &errors, &status) != 0;
   if ((errors & (CE_OVERRUN | CE_RXOVER | CE_FRAME)) != 0)
     suspect("il sistema ha contato dei byte persi o guasti sulla linea");

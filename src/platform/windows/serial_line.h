@@ -13,11 +13,11 @@ namespace korvinel::platform {
 /// A serial line on a COM port.
 class SerialLine : public BufferedLine {
  public:
-  /// `devicePath`: the device of a port number, asked at every opening.
+  /// `devicePath`: returns the device of a port number; called at every opening.
   explicit SerialLine(std::function<std::string(int portNumber)> devicePath) : devicePath_(std::move(devicePath)) {}
 
   void select(int portNumber) override { portNumber_ = portNumber; }
-  void setSettings(std::string_view settings) override;  ///< throws PortFault for settings that no line has
+  void setSettings(std::string_view settings) override;  ///< throws PortFault for invalid settings
 
   void open() override;
   void close() override;

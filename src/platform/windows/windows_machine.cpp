@@ -11,8 +11,8 @@
 namespace korvinel::platform {
 namespace {
 
-/// The system puts the picture on the clipboard in its own time. One that lay there before, from an earlier print or
-/// from another program, is none: every change of the clipboard gives it a new number.
+/// The system copies the picture to the clipboard asynchronously. An older picture there, from an earlier print or
+/// another program, does not count: every change of the clipboard changes its number.
 bool pictureArrives(DWORD clipboardBefore) {
   constexpr int looks = 50;
   constexpr DWORD betweenLooksMs = 10;
@@ -54,7 +54,7 @@ void WindowsScreenPrinter::pressPrintScreen(int scanCode) {
   scanCode_ = scanCode;
   clipboardBefore_ = GetClipboardSequenceNumber();
   keybd_event(VK_SNAPSHOT, static_cast<BYTE>(scanCode), 0, 0);
-  // Let go, or the system would take the key for held down when it is pressed again.
+  // Released, or the system would treat the next press as the key being held down.
   keybd_event(VK_SNAPSHOT, static_cast<BYTE>(scanCode), KEYEVENTF_KEYUP, 0);
 }
 

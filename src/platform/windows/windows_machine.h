@@ -17,11 +17,11 @@ class WindowsMachine : public Machine {
   [[nodiscard]] Identity identity() override { return hostIdentity(); }
 };
 
-/// Lets the system itself take the picture of the active window; a printer from elsewhere prints it.
+/// Lets the system copy the active window to the clipboard; another printer prints it.
 class WindowsScreenPrinter : public ScreenPrinter {
  public:
-  /// `printer`: prints the clipboard's picture, and takes it where the print-screen key brings no new one (the user may
-  /// have given that key to another program).
+  /// `printer`: prints the clipboard's picture, and captures the window if the print-screen key brings no new picture
+  /// (another program may have taken that key).
   explicit WindowsScreenPrinter(std::unique_ptr<ScreenPrinter> printer) : printer_(std::move(printer)) {}
 
   int systemMajorVersion() override;
