@@ -21,9 +21,9 @@ struct FileHeader {
   Bounded<std::string, mostNotes> noteTexts;  ///< [1..60]
 };
 
-/// Reads the header line and all note lines, so that the source stands at the first sample. A negative number of notes
-/// counts as none. The type tag is ignored. A note's time beyond the range of a 32-bit float becomes 0, which is no
-/// block. A RuntimeError if a field is missing or not a number.
+/// Reads the header line and all note lines, so that the source is positioned at the first sample. A negative number of
+/// notes counts as none. The type tag is ignored. A note's time beyond the range of a 32-bit float becomes 0, which is
+/// no block. A RuntimeError if a field is missing or not a number.
 [[nodiscard]] FileHeader readHeader(ByteSource& source);
 
 }  // namespace korvinel

@@ -19,7 +19,7 @@ enum class EntryKind { text, fileName };
 
 /// The text without the characters that would break a file's lines: double quotes, commas, control characters, and
 /// invisible ones; for a file name also path separators, the characters that file systems forbid (: * ? < > |) and
-/// letters outside the page. In other texts those letters stay, so that the user can be told of them.
+/// letters outside the page. In other texts those letters stay, so that they can be reported to the user.
 [[nodiscard]] std::string cleanEntry(std::string_view utf8, EntryKind kind);
 
 /// The letters of a text that are not in the page, each once, separated by ", "; after the tenth "...". "" = none.

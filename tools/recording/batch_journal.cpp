@@ -58,7 +58,7 @@ std::string keyOf(const std::string& recording) {
   return lineOf({charactersOf(recording), error ? 0 : size, error ? 0 : time.time_since_epoch().count()});
 }
 
-/// Whether a file may be replaced as a journal: it is one, even of another version, or is empty.
+/// Whether a file may be replaced as a journal: it is one, even of another version, or an interrupted beginning of one.
 bool isJournal(const std::string& path) {
   constexpr std::string_view beginning = "{\"korvinel\":";
   const auto file = openInput(path);

@@ -28,7 +28,7 @@ std::string ownNote() {
          ",\rkorvinel-recording recover";
 }
 
-/// The lock file of a program recording into the file's folder; "" if nothing records into this file.
+/// The folder's lock file; "" if the file is not one that is recorded into, or nobody has ever recorded there.
 std::string lockPathBeside(const std::string& temporaryFile) {
   std::error_code error;
   const fs::path file = fs::canonical(pathOf(temporaryFile), error);

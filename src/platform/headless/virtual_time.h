@@ -32,7 +32,7 @@ class VirtualTime : public Clock, public EventPump {
   void runUntil(const std::function<bool()>& reached, double atMost = 3600);
   void jump(double duration) { now_ += duration; }  ///< time that an operation takes, no event in it
 
-  std::function<void()> onStep;  ///< called at every step, for what goes on beside the program
+  std::function<void()> onStep;  ///< called at every step, for anything that runs beside the program
   void setStep(double duration) { step_ = duration; }
   void setDate(const CalendarTime& date) { date_ = date; }  ///< what the calendar says at second 0
 

@@ -30,10 +30,9 @@ class CalmStyle : public QProxyStyle {
   }
 };
 
-/// The style keeps a picture of every part that it paints, under a name that holds the number of the window's palette
-/// or of the icon, which are new in every window. The toolkit (6.4) forgets old pictures but no name, not even where it
-/// is told to forget everything: each list of files, box and report left kilobytes. A picture that is not kept has no
-/// name.
+/// The style caches a picture of every part that it paints, under a key with the number of the window's palette or
+/// icon, which are new in every window. The toolkit (6.4) drops old pictures but never their keys, even when its cache
+/// is cleared: each list of files, box and report left kilobytes. A picture that is not cached has no key.
 void keepNoPaintedParts() { QPixmapCache::setCacheLimit(0); }
 
 /// The toolkit's own texts, such as the headings of the file dialog and the context menus.

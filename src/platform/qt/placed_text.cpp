@@ -15,7 +15,7 @@ constexpr qreal least = 0.7;  ///< of the full size: smaller letters cannot be r
 
 qreal widthOf(const QFont& font, const QString& text) { return QFontMetricsF(font).horizontalAdvance(text); }
 
-/// The largest font whose lines are no higher than this, and whose `text` is no wider than the room.
+/// The largest font whose lines are no higher than this, and whose `text` is no wider than the area.
 QFont fontFor(QFont font, const QString& text, qreal lineHeight, qreal room) {
   const auto tooLarge = [&] { return QFontMetricsF(font).height() > lineHeight + 0.5 || widthOf(font, text) > room; };
   int size = std::max(1, static_cast<int>(lineHeight));
@@ -24,7 +24,7 @@ QFont fontFor(QFont font, const QString& text, qreal lineHeight, qreal room) {
   return font;
 }
 
-/// User units from the text's top to the next text of its column, or to the surface's foot.
+/// User units from the text's top to the next text of its column, or to the bottom of the surface.
 double roomBelow(const Surface& surface, const Mark& text) {
   double end = surface.height();
   for (const Mark& mark : surface.marks())
@@ -32,7 +32,7 @@ double roomBelow(const Surface& surface, const Mark& text) {
   return std::max(surface.lineHeight(), end - text.y1);
 }
 
-/// What there is for a text, in pixels.
+/// The area available to a text, in pixels.
 struct Room {
   qreal lineHeight, width, height;
 };
@@ -44,7 +44,7 @@ struct Rows {
   bool whole;
 };
 
-/// One row, shortened where it is too wide in the smallest letters.
+/// One row, shortened if it is too wide even in the smallest letters.
 Rows inOneRow(const QFont& base, const QString& text, const Room& room) {
   const QFont full = fontFor(base, text, room.lineHeight, noLimit);
   const QFont font = fontFor(base, text, room.lineHeight, std::max(room.width, least * widthOf(full, text)));
@@ -52,7 +52,7 @@ Rows inOneRow(const QFont& base, const QString& text, const Room& room) {
   return {font, {shown}, room.lineHeight, shown == text};
 }
 
-/// No more rows than `count`, in letters for that many; shortened at the end where they do not hold the text.
+/// At most `count` rows, in letters of that size; shortened at the end if the text does not fit.
 Rows inRows(const QFont& base, const QString& text, const Room& room, int count) {
   const qreal height = std::min(room.lineHeight, room.height / count);
   const QFont font = fontFor(base, text, height, noLimit);
@@ -66,7 +66,7 @@ Rows inRows(const QFont& base, const QString& text, const Room& room, int count)
   return {font, rows, height, false};
 }
 
-/// One row, if its letters stay nearly as large as its neighbours'; else as few rows as hold the text.
+/// One row, if its letters stay nearly as large as its neighbours'; else as few rows as the text needs.
 Rows inItsPlace(const QFont& base, const QString& text, const Room& room) {
   constexpr qreal nearly = 0.8;
   const qreal full = fontFor(base, text, room.lineHeight, noLimit).pixelSize();
@@ -80,7 +80,7 @@ Rows inItsPlace(const QFont& base, const QString& text, const Room& room) {
   return best;
 }
 
-/// One row, which is moved to the left before it gets much smaller than its neighbours.
+/// One row, moved to the left before it becomes much smaller than its neighbours.
 Rows whereItFits(const QFont& base, const QString& text, const Room& room, qreal pictureWidth) {
   constexpr qreal leastBesideOthers = 0.8;
   const QFont full = fontFor(base, text, room.lineHeight, pictureWidth);

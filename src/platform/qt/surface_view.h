@@ -9,9 +9,9 @@
 
 namespace korvinel::platform {
 
-/// Shows a surface at the true pixels of its widget; many changes in a row are painted at once. Its texts are the
-/// widget's accessible description, a line each, so its help is told as "What's this" and by the mouse alone. Over a
-/// text that has not found place in one row the mouse tells it whole. The surface must outlive it.
+/// Shows a surface at the true pixels of its widget; successive changes are painted together. Its texts are the
+/// widget's accessible description, a line each, so its help is only shown as "What's this" and as a tool tip. Over a
+/// text that does not fit one row, the tool tip shows the whole text. The surface must outlive it.
 class SurfaceView : public QWidget {
  public:
   explicit SurfaceView(Surface& surface, QWidget* parent = nullptr);
@@ -19,7 +19,7 @@ class SurfaceView : public QWidget {
   SurfaceView(const SurfaceView&) = delete;
   SurfaceView& operator=(const SurfaceView&) = delete;
 
-  std::function<void()> onRefreshed;  ///< called after every change of the surface has been taken over
+  std::function<void()> onRefreshed;  ///< called after each change of the surface has been applied
 
  protected:
   bool event(QEvent* event) override;

@@ -15,7 +15,7 @@ QRectF TextPainter::pixels(const Mark& mark) const {
   return QRectF(QPointF(mark.x1 * scaleX, mark.y1 * scaleY), QPointF(mark.x2 * scaleX, mark.y2 * scaleY)).normalized();
 }
 
-/// The colour of the last box that lies under most of the cell, else the surface's own.
+/// The colour of the last box under most of the cell, else the surface's own.
 Rgb TextPainter::groundUnder(const QRectF& cell, std::span<const Mark> below) const {
   Colour colour = surface_.background();
   for (const Mark& mark : below) {
@@ -34,7 +34,7 @@ bool TextPainter::standsOnLetters(const QRectF& cell) const {
   });
 }
 
-/// Whether anything in another colour than the ground's may lie behind the letters.
+/// Whether there may be anything behind the letters in another colour than the background's.
 bool TextPainter::standsOnMarks(const QRectF& cell, Rgb ground, std::span<const Mark> below) const {
   const qreal reach = 2 * pixelRatio_;
   return std::any_of(below.begin(), below.end(), [&](const Mark& mark) {

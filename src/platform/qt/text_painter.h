@@ -10,9 +10,9 @@
 
 namespace korvinel::platform {
 
-/// Paints the texts of a surface over what has been painted of it. Letters stand on the graph itself, with a thin halo
-/// in the ground's colour where something lies under them. An opaque cell, which hides the graph, stands behind them
-/// only where the ink could not be read on the ground, or where they would stand on other letters.
+/// Paints the texts of a surface over what has been painted of it. Letters are painted on the graph itself, with a thin
+/// halo in the background's colour over other marks. They have an opaque cell, which hides the graph, only if the ink
+/// could not be read on the background, or if they would cover other letters.
 class TextPainter {
  public:
   /// `size`: pixels of the surface; `pixelRatio`: how many of them make one pixel of the layout. The painter and the

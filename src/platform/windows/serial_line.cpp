@@ -10,8 +10,8 @@ namespace korvinel::platform {
 namespace {
 
 constexpr DWORD longestWriteMs = 500;
-/// Nothing reads between two turns: three seconds, 1536 bytes, more on a slow machine. Larger than the gap that raises
-/// a doubt about lost bytes.
+/// Nothing reads between two turns: three seconds, 1536 bytes, more on a slow machine. Larger than a full buffer that
+/// raises a doubt about lost bytes.
 constexpr DWORD driverQueue = 8192;
 static_assert(driverQueue > LineWatch::fullSystemBuffer);
 
