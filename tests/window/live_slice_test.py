@@ -115,7 +115,10 @@ class LiveSlice(WindowTest):
         program.type('Nome del file', 'a"b,c/d\\e:f')
         self.assertEqual(program.text('Nome del file'), 'abcdef')
         program.type('Nome del soggetto', 'Ni\u010d, "e" D\u2019Al\u00ec/1')
-        self.assertEqual(program.text('Nome del soggetto'), 'Ni e D\u2019Al\u00ec/1')
+        self.assertEqual(program.text('Nome del soggetto'), 'Ni\u010d e D\u2019Al\u00ec/1')
+        program.press('Start')
+        _, told = program.answer('OK')
+        self.assertIn('Il file non pu\u00f2 contenere queste lettere del nome del soggetto:\n\u010d', told)
         self.desktop.screenshot('4-cleaned')
 
     def test_scales_say_their_values(self):
