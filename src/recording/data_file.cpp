@@ -133,9 +133,22 @@ void finish(Assembly& assembly) {
   state.assembling = 0;
 }
 
+/// However the assembling is left, nothing of it can be reached any more.
+struct AssemblingUnderWay {
+  explicit AssemblingUnderWay(MainState& theState) : state(theState) { state.assembling = 1; }
+  ~AssemblingUnderWay() {
+    state.finishAssembling = {};
+    state.assembling = 0;
+  }
+  AssemblingUnderWay(const AssemblingUnderWay&) = delete;
+  AssemblingUnderWay& operator=(const AssemblingUnderWay&) = delete;
+
+  MainState& state;
+};
+
 void assemble(Assembly assembly) {
   MainState& state = assembly.state;
-  state.assembling = 1;
+  const AssemblingUnderWay underWay(state);
   state.blocksFromMemory = 0;
   state.finishAssembling = [&assembly] {
     assembly.letsEventsIn = false;
@@ -147,7 +160,6 @@ void assemble(Assembly assembly) {
   writeHeaderAndNotes(assembly);
   openTemporary(assembly);
   finish(assembly);
-  state.finishAssembling = {};
   if (assembly.programEnds) throw platform::ProgramEnd{};
 }
 
