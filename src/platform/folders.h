@@ -9,4 +9,7 @@ namespace korvinel::platform {
 /// (output) if one cannot be created.
 void makeFolders(const std::string& path);
 
+/// Gives a file that was made for its owner alone the rights that a new file of its folder has. Never a fault.
+void admitWhomTheFolderAdmits(const std::string& path);
+
 }  // namespace korvinel::platform

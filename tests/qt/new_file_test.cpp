@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QFile>
@@ -26,6 +27,19 @@ TEST_F(NewFileTest, HoldsAllBytesAndNothingElseIsLeft) {
   EXPECT_EQ(writeNewFile(path, bytes, 0), NewFile::written);
   EXPECT_EQ(content(), bytes);
   EXPECT_EQ(names(), QStringList("pagina.pdf"));
+}
+
+TEST_F(NewFileTest, IsReadByWhomItsFolderAdmits) {
+  const mode_t before = umask(0027);
+  for (const auto& [above, mode] : {std::pair<mode_t, mode_t>{0700, 0600}, {0750, 0640}, {02770, 0640}}) {
+    chmod(folder.path().toStdString().c_str(), above);
+    EXPECT_EQ(writeNewFile(path, bytes, 0), NewFile::written);
+    struct stat status {};
+    ASSERT_EQ(stat(path.toStdString().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, mode) << std::oct << above;
+    QFile::remove(path);
+  }
+  umask(before);
 }
 
 TEST_F(NewFileTest, NeverReplacesAFile) {

@@ -34,6 +34,14 @@ void refuseExisting(const std::string& path, bool force) {
     throw ToolError(path, "is no ordinary file and cannot be replaced");
 }
 
+/// What was for its owner alone stays so, from the first byte on.
+void takeModeOf(const std::string& replaced, const std::string& path) {
+  std::error_code error;
+  const fs::file_status status = fs::status(pathOf(replaced), error);
+  if (!error && fs::is_regular_file(status))
+    fs::permissions(pathOf(path), status.permissions() | fs::perms::owner_write, error);
+}
+
 template <typename Step>
 void writing(const std::string& path, Step&& step) {
   try {
@@ -50,6 +58,7 @@ SafeOutput::SafeOutput(std::string path, bool force) : path_(std::move(path)), f
   const std::string beside = pathBeside(path_);
   writing(path_,
           [&] { unfinished_ = std::make_unique<UnfinishedFile>(beside, [&] { file_ = disk()->createNew(beside); }); });
+  takeModeOf(path_, beside);
 }
 
 SafeOutput::~SafeOutput() {

@@ -26,14 +26,31 @@ bool isInHome(const std::string& path) {
   return !home.empty() && path.starts_with(home + "/");
 }
 
+/// Whether a folder has an access list for the files created in it; the mask has no effect on them then.
+bool hasAccessList(const std::string& folder) {
+  return getxattr(folder.c_str(), "system.posix_acl_default", nullptr, 0) > 0;
+}
+
 /// Whether several users are meant to create files in a folder. A folder like /tmp, in which nobody may change others'
 /// files, is not one.
 bool isShared(const std::string& folder) {
   struct stat status {};
   if (stat(folder.c_str(), &status) != 0) return false;
   const bool othersWrite = (status.st_mode & (S_IWGRP | S_IWOTH)) != 0 && (status.st_mode & S_ISVTX) == 0;
-  const bool hasAccessList = getxattr(folder.c_str(), "system.posix_acl_default", nullptr, 0) > 0;
-  return othersWrite || (status.st_mode & S_ISGID) != 0 || hasAccessList;
+  return othersWrite || (status.st_mode & S_ISGID) != 0 || hasAccessList(folder);
+}
+
+/// A home is its owner's, even where the system lets everybody look into it.
+bool isPrivate(const std::string& folder) {
+  struct stat status {};
+  const bool isClosed = stat(folder.c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+  return isClosed || (isInHome(folder) && !isShared(folder));
+}
+
+mode_t maskOfProcess() {
+  const mode_t mask = umask(0077);
+  umask(mask);
+  return mask;
 }
 
 mode_t modeOfNewFolder(const std::string& path) {
@@ -47,10 +64,13 @@ std::string folderOf(const std::string& path) {
   return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
-mode_t modeOfNewFile(const std::string& path) {
-  struct stat status {};
-  const bool isPrivate = stat(folderOf(path).c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
-  return isPrivate ? 0600 : 0666;
+mode_t modeOfNewFile(const std::string& path) { return isPrivate(folderOf(path)) ? 0600 : 0666; }
+
+void admitWhomTheFolderAdmits(const std::string& path) {
+  const std::string folder = folderOf(path);
+  if (isPrivate(folder)) return;
+  const mode_t mode = hasAccessList(folder) ? 0660 : 0666 & ~maskOfProcess();
+  static_cast<void>(chmod(path.c_str(), mode) == 0);
 }
 
 void makeFolders(const std::string& path) {

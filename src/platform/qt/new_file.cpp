@@ -4,6 +4,8 @@
 #include <QStorageInfo>
 #include <QTemporaryFile>
 
+#include "platform/folders.h"
+
 namespace korvinel::platform {
 namespace {
 
@@ -20,6 +22,7 @@ NewFile writeNewFile(const QString& path, const QByteArray& bytes, qint64 roomTo
   QTemporaryFile file(QFileInfo(path).path() + "/Stampa.XXXXXX");
   if (!file.open() || !holds(file, bytes) || !file.rename(path)) return NewFile::failed;
   file.setAutoRemove(false);
+  admitWhomTheFolderAdmits(path.toStdString());
   return NewFile::written;
 }
 

@@ -71,6 +71,35 @@ TEST(NewFile, IsForItsOwnerAloneInAPrivateFolderAndElsewhereAsTheMaskSays) {
   }
 }
 
+TEST(NewFile, IsForItsOwnerAloneInAHomeUnlessItsFolderIsShared) {
+  const TemporaryFolder home;
+  const Environment variable("HOME", home.path().c_str());
+  const Mask mask(0002);
+  DiskFiles files("");
+  const std::pair<mode_t, mode_t> cases[] = {{0755, 0600}, {0711, 0600}, {0700, 0600}, {0770, 0664}, {02750, 0664}};
+  std::filesystem::create_directory(home / "esami");
+  for (const auto& [folder, file] : cases)
+    for (const std::string& place : {home.path(), home / "esami"}) {
+      chmod(place.c_str(), folder);
+      static_cast<void>(files.createNew(place + "/a"));
+      EXPECT_EQ(modeOf(place + "/a"), file) << std::oct << folder << " " << place;
+      files.remove(place + "/a");
+    }
+}
+
+TEST(FileOfItsOwnerAlone, GetsTheRightsOfANewOneWhereTheFolderAdmitsOthers) {
+  const std::pair<mode_t, mode_t> cases[] = {{0700, 0600}, {02770, 0640}, {0755, 0640}};
+  for (const auto& [above, mode] : cases) {
+    const TemporaryFolder folder;
+    chmod(folder.path().c_str(), above);
+    const Mask mask(0027);
+    writeFile(folder / "a", "");
+    chmod((folder / "a").c_str(), 0600);
+    admitWhomTheFolderAdmits(folder / "a");
+    EXPECT_EQ(modeOf(folder / "a"), mode) << std::oct << above;
+  }
+}
+
 TEST(NewFile, HasTheGroupOfAFolderThatHandsItsOwnDown) {
   if (getuid() != 0) GTEST_SKIP() << "only root can give a folder any group";
   const TemporaryFolder folder;
