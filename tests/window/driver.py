@@ -126,6 +126,8 @@ class Desktop:
         wait(managed, what='the window manager')  # a window shown before it is there gets no frame
 
     def start(self, arguments, **options):
+        # A test in the background ignores SIGINT, under nohup SIGHUP; what it starts must not.
+        arguments = ['env', '--default-signal=HUP,INT,TERM', *arguments]
         options.setdefault('stdout', subprocess.DEVNULL)
         options.setdefault('stderr', subprocess.DEVNULL)
         process = subprocess.Popen(arguments, **options)
