@@ -1,7 +1,6 @@
 #include "app/program.h"
 
 #include <QApplication>
-#include <cstdio>
 
 #include "app/wiring.h"
 #include "frame/fault_sentence.h"
@@ -65,7 +64,7 @@ void Program::endAtOnce() {
 
 void Program::tell(const std::exception& fault) {
   const std::string sentence = faultSentence(fault);
-  std::fprintf(stderr, "korvinel: %s\n", sentence.c_str());
+  machine_.tell(sentence);
   window_.statusLabel.setText(sentence);
 }
 

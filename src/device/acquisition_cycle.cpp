@@ -142,7 +142,7 @@ void MainState::drawRawTraces() {
   pair.second.clear();
   drawTrace(pair.first, pair.firstChannel, Colour::lightGreen);
   drawTrace(pair.second, pair.firstChannel + 1, Colour::lightGreen);
-  if (artefactFlag == 1 && shared.languageFlag == "Ita") pair.first.printAt(1, 1, Colour::white, "Artefatto!");
+  if (artefactFlag == 1 && shared.inItalian()) pair.first.printAt(1, 1, Colour::white, "Artefatto!");
 }
 
 void MainState::drawCorrectedTraces() {

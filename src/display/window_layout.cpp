@@ -151,7 +151,7 @@ void MainState::amplitudeScaleMoved() {
 
 void MainState::displaySpeedMoved() {
   displaySpeed = window.HScroll2.value();
-  if (shared.languageFlag == "Ita") window.speedLabel.setText(" Velocita' display=" + std::to_string(displaySpeed));
+  if (shared.inItalian()) window.speedLabel.setText(" Velocita' display=" + std::to_string(displaySpeed));
 }
 
 }  // namespace korvinel

@@ -11,8 +11,6 @@ namespace {
 
 using platform::Colour;
 
-bool inItalian(const MainState& state) { return state.shared.languageFlag == "Ita"; }
-
 void clearForStart(MainState& state) {
   state.window.noteBox.setText("");
   state.openFilePath.clear();
@@ -35,7 +33,7 @@ bool refuse(MainState& state, const char* message) {
 }
 
 bool startIsAllowed(MainState& state) {
-  if (!inItalian(state)) return true;
+  if (!state.shared.inItalian()) return true;
   if (state.intervalSelectable == 1 && state.stopRequested == 0) return refuse(state, "Premere prima Stop!");
   if (!isBlank(state.window.fileNameBox.text())) return true;
   refuse(state, "Scrivere nome del file!");
@@ -51,9 +49,9 @@ bool folderIsReserved(MainState& state) {
 
 void showEndOfRecording(MainState& state) {
   state.window.firstTrace.clear();
-  if (inItalian(state)) state.window.firstTrace.printAt(0, 0, Colour::white, "Fine della registrazione!");
+  if (state.shared.inItalian()) state.window.firstTrace.printAt(0, 0, Colour::white, "Fine della registrazione!");
   state.window.statusLabel.setInk(Colour::black);
-  if (inItalian(state)) state.window.statusLabel.setText("Registrazione Disattiva");
+  if (state.shared.inItalian()) state.window.statusLabel.setText("Registrazione Disattiva");
 }
 
 void handBlockRangeOn(MainState& state) {
@@ -118,7 +116,7 @@ void MainState::stopCommand() {
 
 void MainState::endCommand() {
   window.firstTrace.clear();
-  if (inItalian(*this)) window.firstTrace.printAt(1, 1, Colour::white, "Attendere..");
+  if (shared.inItalian()) window.firstTrace.printAt(1, 1, Colour::white, "Attendere..");
   endRequested = 1;
   if (acquisitionRunning == 0 || !endIsLookedAt(*this)) throw platform::ProgramEnd{};
 }
@@ -140,7 +138,7 @@ std::string MainState::awaited() const {
 
 bool MainState::closeWindow() {
   window.firstTrace.box(1, 1, 100, 25, Colour::white);
-  if (inItalian(*this)) window.firstTrace.printAt(1, 1, Colour::black, "Attendere..");
+  if (shared.inItalian()) window.firstTrace.printAt(1, 1, Colour::black, "Attendere..");
   if (acquisitionRunning != 1 || !endIsLookedAt(*this)) throw platform::ProgramEnd{};
   endRequested = stopRequested = 1;
   return true;

@@ -9,6 +9,9 @@ namespace korvinel {
 
 /// Values that the main window and the report window share.
 struct ProgramValues {
+  /// Whether the checks and texts that exist in Italian only are made.
+  [[nodiscard]] bool inItalian() const { return languageFlag == "Ita"; }
+
   std::string languageFlag = "Ita";  ///< language of the user interface; most checks and texts need "Ita"
   Int16 channelCount = 4;
 

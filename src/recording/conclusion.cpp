@@ -1,7 +1,6 @@
 #include "recording/conclusion.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 #include "eeg/block.h"
@@ -29,7 +28,7 @@ constexpr auto title = "Korvinel";
 void tell(MainState& state, std::string text) {
   if (state.nobodyToAsk == 0) return state.host.dialogs.notice(text);
   std::replace(text.begin(), text.end(), '\r', ' ');
-  std::fprintf(stderr, "korvinel: %s\n", text.c_str());
+  state.host.machine.tell(text);
 }
 
 /// Asks only about what has not been reported yet: while a box was open, the program's end may have done all of this.
@@ -37,13 +36,6 @@ bool isStillToBeSaved(const MainState& state) {
   const bool anythingRecorded = state.temporaryContent.size() > recordedHeaderBytes(state);
   return state.recordingFaultUntold == 1 && anythingRecorded && state.dataFileWhole == 0 &&
          state.savedElsewhere.empty() && !recordedDataAreKept(state);
-}
-
-std::string freePath(platform::Files& files, const std::string& folder, const std::string& name) {
-  const std::string base = folder + name.substr(0, name.rfind('.'));
-  std::string path = folder + name;
-  for (int copy = 2; files.exists(path); ++copy) path = base + " (" + std::to_string(copy) + ").QVD";
-  return path;
 }
 
 void writeDataFile(MainState& state, const std::string& path) {
@@ -58,7 +50,7 @@ void writeDataFile(MainState& state, const std::string& path) {
 /// Returns the reason of a failure, or "".
 std::string saveIn(MainState& state, const std::string& folder) {
   auto& files = state.host.files;
-  const std::string path = freePath(files, folder, state.shared.dataFileName);
+  const std::string path = folder + freeFileName(files, folder, state.shared.dataFileName);
   try {
     writeDataFile(state, path);
     state.savedElsewhere = path;

@@ -1,5 +1,6 @@
 #include "recording/data_file.h"
 
+#include "frame/held_flag.h"
 #include "frame/main_state.h"
 #include "platform/operation_edge.h"
 #include "platform/timing.h"
@@ -135,15 +136,11 @@ void finish(Assembly& assembly) {
 
 /// However the assembling is left, nothing of it can be reached any more.
 struct AssemblingUnderWay {
-  explicit AssemblingUnderWay(MainState& theState) : state(theState) { state.assembling = 1; }
-  ~AssemblingUnderWay() {
-    state.finishAssembling = {};
-    state.assembling = 0;
-  }
-  AssemblingUnderWay(const AssemblingUnderWay&) = delete;
-  AssemblingUnderWay& operator=(const AssemblingUnderWay&) = delete;
+  explicit AssemblingUnderWay(MainState& theState) : state(theState), flag(theState.assembling) {}
+  ~AssemblingUnderWay() { state.finishAssembling = {}; }
 
   MainState& state;
+  HeldFlag flag;
 };
 
 void assemble(Assembly assembly) {

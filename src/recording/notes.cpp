@@ -3,6 +3,7 @@
 #include "eeg/block.h"
 #include "platform/dialogs.h"
 #include "recording/file_header.h"
+#include "recording/safe_keeping.h"
 #include "values/code_page.h"
 
 namespace korvinel {
@@ -10,10 +11,8 @@ namespace {
 
 using platform::Colour;
 
-bool inItalian(const MainState& state) { return state.shared.languageFlag == "Ita"; }
-
 void showStatus(MainState& state, const std::string& text) {
-  if (inItalian(state)) state.window.statusLabel.setText(text);
+  if (state.shared.inItalian()) state.window.statusLabel.setText(text);
 }
 
 void closeNoteBox(MainState& state) {
@@ -32,7 +31,7 @@ void countNote(MainState& state) {
 /// Stores the text of the note box. A text typed without "Annota", in a box that an opened file has left enabled,
 /// becomes a note of the current block. Returns false, and shows why, if the text must stay in the box.
 bool storeNote(MainState& state, const std::string& text) {
-  if (const std::string letters = lettersOutsidePage(text); !letters.empty() && inItalian(state)) {
+  if (const std::string letters = lettersOutsidePage(text); !letters.empty() && state.shared.inItalian()) {
     showStatus(state, "La nota non può contenere: " + letters);
     return false;
   }
@@ -53,11 +52,6 @@ bool takeTextBefore(MainState& state) {
   if (state.recordingActive == 1) return storeNote(state, text);
   state.tellNoteIsDropped(text);
   return true;
-}
-
-void addNotice(MainState& state, const std::string& line) {
-  if (!state.recordingNotice.empty()) state.recordingNotice += "\r";
-  state.recordingNotice += line;
 }
 
 }  // namespace
@@ -107,7 +101,7 @@ void MainState::carryNotesOver(const std::vector<std::string>& texts) {
 }
 
 void MainState::tellNoteIsDropped(const std::string& text) {
-  if (text.empty() || !inItalian(*this)) return;
+  if (text.empty() || !shared.inItalian()) return;
   if (!openFilePath.empty())
     return host.dialogs.notice("La nota non è stata conservata:\r" + text +
                                "\rLe note si scrivono durante una registrazione.");

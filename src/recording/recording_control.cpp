@@ -12,10 +12,8 @@ namespace {
 
 using platform::Colour;
 
-bool inItalian(const MainState& state) { return state.shared.languageFlag == "Ita"; }
-
 void showStatus(MainState& state, const char* text) {
-  if (inItalian(state)) state.window.statusLabel.setText(text);
+  if (state.shared.inItalian()) state.window.statusLabel.setText(text);
 }
 
 void refuseRecording(MainState& state, const std::string& reason) {
@@ -76,7 +74,7 @@ void MainState::startRecording() {
 void MainState::endRecording() {
   if (recordingActive != 1) return;
   window.firstTrace.clear();
-  if (inItalian(*this)) window.firstTrace.printAt(1, 1, Colour::white, "Attendere..");
+  if (shared.inItalian()) window.firstTrace.printAt(1, 1, Colour::white, "Attendere..");
   takeOpenNote(*this);
   takeFreeName(*this);
   assembleDataFile();

@@ -3,6 +3,7 @@
 #include "platform/dialogs.h"
 #include "platform/timing.h"
 #include "recording/data_paths.h"
+#include "recording/safe_keeping.h"
 #include "values/code_page.h"
 
 namespace korvinel {
@@ -82,7 +83,7 @@ std::string copyOf(platform::Files& files, const std::string& folder, std::strin
 
 bool MainState::namesAreUsable() {
   checkFileName();
-  if (shared.languageFlag != "Ita") return true;
+  if (!shared.inItalian()) return true;
   return fileNameIsUsable(*this) && subjectIsUsable(*this);
 }
 
@@ -107,9 +108,8 @@ std::string freeFileName(platform::Files& files, const std::string& folder, cons
 void takeFreeName(MainState& state) {
   const std::string free = freeFileName(state.host.files, dataFolder, state.shared.dataFileName);
   if (free == state.shared.dataFileName) return;
-  if (!state.recordingNotice.empty()) state.recordingNotice += "\r";
-  state.recordingNotice += "Durante la registrazione è comparso un altro file di nome\r" + state.shared.dataFileName +
-                           "\rIl nome di questo esame è\r" + free;
+  addNotice(state, "Durante la registrazione è comparso un altro file di nome\r" + state.shared.dataFileName +
+                       "\rIl nome di questo esame è\r" + free);
   state.shared.dataFileName = free;
   state.keepNotesAndNames();
 }

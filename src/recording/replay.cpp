@@ -114,7 +114,7 @@ void actOnRequests(MainState& state, const FileLoop& loop) {
 }  // namespace
 
 bool replayIsAllowed(MainState& state) {
-  if (state.shared.languageFlag != "Ita") return true;
+  if (!state.shared.inItalian()) return true;
   if (state.openFilePath.empty()) return refuse(state, "Prima aprire un file!");
   if (state.acquisitionRunning == 1) return refuse(state, "Premere prima Stop!");
   return true;

@@ -165,4 +165,9 @@ bool recordedDataAreKept(const MainState& state) {
          sideFileIsComplete(state);
 }
 
+void addNotice(MainState& state, const std::string& line) {
+  if (!state.recordingNotice.empty()) state.recordingNotice += "\r";
+  state.recordingNotice += line;
+}
+
 }  // namespace korvinel

@@ -47,4 +47,7 @@ std::string keepRecordedData(MainState& state);
 /// Whether the files left by keepRecordedData hold all blocks and all notes.
 [[nodiscard]] bool recordedDataAreKept(const MainState& state);
 
+/// Adds a line to what the user is told at the end of the recording.
+void addNotice(MainState& state, const std::string& line);
+
 }  // namespace korvinel

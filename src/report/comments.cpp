@@ -14,8 +14,6 @@ namespace {
 
 using platform::Colour;
 
-bool inItalian(const ReportState& state) { return state.shared.languageFlag == "Ita"; }
-
 /// The ten indexes of the alpha band, divided by nine: the settled divisor.
 Fixed noiseInAlpha(const ReportState& state, int channel) {
   Fixed sum;
@@ -31,7 +29,7 @@ double alphaRatio(const ReportState& state, int left, int right) {
 void judgeAlpha(ReportState& state) {
   const double frontal = alphaRatio(state, 1, 2);
   const double temporal = alphaRatio(state, 3, 4);
-  if (!inItalian(state)) return;
+  if (!state.shared.inItalian()) return;
   state.reportLines[6] = frontalAlphaVerdict(alphaClass(frontal));
   state.commentScores[1] = static_cast<float>(alphaClass(frontal));
   state.reportLines[7] = temporalAlphaVerdict(alphaClass(temporal));
@@ -49,7 +47,7 @@ Fixed meanLevel(const ReportSpectrum& spectrum) {
 void judgeSymmetry(ReportState& state) {
   // The frontal levels decide both lines: the temporal verdict follows the frontal ratio.
   const double ratio = meanLevel(state.meanSpectrum[1]) / meanLevel(state.meanSpectrum[2]);
-  if (!inItalian(state)) return;
+  if (!state.shared.inItalian()) return;
   const int symmetry = symmetryClass(ratio);
   state.reportLines[9] = frontalSymmetryVerdict(symmetry);
   state.reportLines[10] = temporalSymmetryVerdict(symmetry);
@@ -57,7 +55,7 @@ void judgeSymmetry(ReportState& state) {
 }
 
 void judgeCoherence(ReportState& state) {
-  if (!inItalian(state)) return;
+  if (!state.shared.inItalian()) return;
   const int frontal = frontalCoherenceClass(state.pairCoherence[1]);
   const int temporal = temporalCoherenceClass(state.pairCoherence[2]);
   state.reportLines[12] = frontalCoherenceVerdict(frontal);
@@ -78,7 +76,7 @@ void printLines(ReportState& state) {
 }
 
 void chooseComments(ReportState& state) {
-  if (!inItalian(state)) return;
+  if (!state.shared.inItalian()) return;
   const auto& scores = state.commentScores;
   auto& texts = state.shared.commentTexts;
   commentAlpha(Int16::nearest(static_cast<double>(scores[1] + scores[2])), texts[1]);
@@ -122,7 +120,7 @@ void ReportState::buildVerdicts() {
 void ReportState::showCommentReport() {
   chooseComments(*this);
   host.windows.showComments();
-  if (!inItalian(*this)) return;
+  if (!shared.inItalian()) return;
   for (const std::string& line : commentLines(shared.commentTexts)) comments.text.printBelow(line);
 }
 

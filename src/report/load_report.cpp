@@ -36,7 +36,7 @@ void showInterval(ReportState& state) {
 }
 
 void setCaptions(ReportState& state) {
-  if (state.shared.languageFlag != "Ita") return;
+  if (!state.shared.inItalian()) return;
   state.window.exitButton.setCaption("Uscita");
   state.window.numbersButton.setCaption("Numeri");
   state.window.printButton.setCaption("Stampa");

@@ -5,7 +5,7 @@
 namespace korvinel {
 
 void MainState::openReport() {
-  const bool italian = shared.languageFlag == "Ita";
+  const bool italian = shared.inItalian();
   if (acquisitionRunning == 1 && italian) return host.dialogs.notice("Aspettare lettura file o premere Stop!");
   const std::string waitFor = awaited();
   if (intervalSelectable == 0 && italian && !waitFor.empty()) return host.dialogs.notice(waitFor);

@@ -40,7 +40,7 @@ float meanCoherenceOf(int pair, const ProgramValues& shared) {
 }
 
 void writeHeader(ReportState& state) {
-  if (state.shared.languageFlag != "Ita") return;
+  if (!state.shared.inItalian()) return;
   state.reportLines[1] = "File: " + state.shared.dataFileName;
   state.reportLines[2] = "Nome: " + state.shared.subjectName;
   state.reportLines[3] = "Data: " + state.reportDate;

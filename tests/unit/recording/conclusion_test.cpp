@@ -99,10 +99,10 @@ TEST(ConcludeRecording, IsGivenUpOnlyInSoManyWords) {
 TEST(ConcludeRecording, TakesTheHomeFolderWhereNobodyCanBeAsked) {
   Homeless program;
   program.state.nobodyToAsk = 1;
-  testing::internal::CaptureStderr();
   bringRecordingHome(program.state);
-  const std::string told = testing::internal::GetCapturedStderr();
   EXPECT_EQ(program.host.files.content["/home/medico/prova.QVD"], program.whole);
+  ASSERT_EQ(program.host.machine.told.size(), 1U);
+  const std::string& told = program.host.machine.told.front();
   EXPECT_NE(told.find("/home/medico/prova.QVD"), std::string::npos) << told;
   EXPECT_TRUE(program.host.dialogs.shown.empty());
 }
