@@ -7,7 +7,7 @@
 
 #include "analysis/correlation.h"
 #include "analysis/lane_transform.h"
-#include "analysis/ocular_screen.h"
+#include "analysis/ocular_pass.h"
 #include "analysis/phase.h"
 #include "analysis/plain_transform.h"
 #include "analysis/spectrum.h"

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "app/wiring.h"
 #include "frame/main_state.h"
 #include "platform/headless/headless_platform.h"
+#include "wiring/main_wiring.h"
 
 namespace korvinel {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "app/wiring_report.h"
 #include "headless_program.h"
+#include "wiring/report_wiring.h"
 
 namespace korvinel {
 

@@ -1,7 +1,7 @@
 #include <array>
 #include <cstddef>
 
-#include "analysis/ocular_screen.h"
+#include "analysis/ocular_pass.h"
 #include "eeg/block.h"
 #include "frame/main_state.h"
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double shortPi = 3.14159265;
 constexpr double quarterPi = 0.7853981633974483;
-constexpr double tangentOfNumbershPi = 0.41421356237309503;
+constexpr double tangentOfEighthPi = 0.41421356237309503;
 constexpr double countsPerUnit = 10'000;
 constexpr double rounder = 0x1.8p52;     // a sum with it is rounded to a whole number
 constexpr double decisiveRest = 0.4999;  // rounding by less than this is certain
@@ -43,16 +43,16 @@ Numbers arcTangents(const Numbers& x) {
 /// otherwise.
 Numbers nearPhases(const Numbers& a, const Numbers& b) {
   constexpr double tiny = 1e-300;  // two parts of 0 give 0
-  Numbers quotient, aboveNumbersh;
+  Numbers quotient, aboveEighth;
   for (std::size_t k = 0; k < size; ++k) {
     // The angle within 0..pi / 4; above pi / 8, its difference from pi / 4.
     const double small = std::min(std::abs(a[k]), std::abs(b[k])), large = std::max(std::abs(a[k]), std::abs(b[k]));
-    aboveNumbersh[k] = small > tangentOfNumbershPi * large ? 1.0 : 0.0;
-    quotient[k] = (small - aboveNumbersh[k] * large) / (large + aboveNumbersh[k] * small + tiny);
+    aboveEighth[k] = small > tangentOfEighthPi * large ? 1.0 : 0.0;
+    quotient[k] = (small - aboveEighth[k] * large) / (large + aboveEighth[k] * small + tiny);
   }
   Numbers phase = arcTangents(quotient);
   for (std::size_t k = 0; k < size; ++k) {
-    const double octant = phase[k] + aboveNumbersh[k] * quarterPi;
+    const double octant = phase[k] + aboveEighth[k] * quarterPi;
     const double beyondDiagonal = std::abs(b[k]) > std::abs(a[k]) ? 1.0 : 0.0;
     const double quadrant = octant + beyondDiagonal * (2 * quarterPi - 2 * octant);
     const double beyondAxis = a[k] < 0 ? 1.0 : 0.0;

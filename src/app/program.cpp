@@ -2,10 +2,10 @@
 
 #include <QApplication>
 
-#include "app/wiring.h"
 #include "frame/fault_sentence.h"
 #include "platform/disk/installation.h"
 #include "platform/host_paths.h"
+#include "wiring/main_wiring.h"
 
 namespace korvinel {
 

@@ -10,6 +10,7 @@
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_timing.h"
 #include "platform/qt/sudden_end.h"
+#include "platform/screen_printer.h"
 
 namespace korvinel {
 

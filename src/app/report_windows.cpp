@@ -4,7 +4,7 @@
 
 #include "app/comment_window_view.h"
 #include "app/report_window_view.h"
-#include "app/wiring_report.h"
+#include "wiring/report_wiring.h"
 
 namespace korvinel {
 namespace {

@@ -6,14 +6,14 @@
 #include <vector>
 
 #include "frame/program_values.h"
-#include "platform/machine.h"
+#include "platform/companion_windows.h"
 #include "platform/operation_edge.h"
 #include "platform/platform.h"
 
 namespace korvinel {
 
 /// The report window with its comment window, on the screen. There is one report at a time.
-class ReportWindows : public platform::Windows {
+class ReportWindows : public platform::CompanionWindows {
  public:
   ReportWindows(ProgramValues& shared, platform::OperationEdge& edge);
   ~ReportWindows() override;

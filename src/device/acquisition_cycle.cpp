@@ -6,7 +6,7 @@
 #include "eeg/montage.h"
 #include "frame/held_flag.h"
 #include "frame/main_state.h"
-#include "platform/operation_edge.h"
+#include "platform/skip_on_fault.h"
 #include "platform/timing.h"
 
 namespace korvinel {

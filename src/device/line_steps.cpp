@@ -5,6 +5,7 @@
 #include "platform/dialogs.h"
 #include "platform/line_watch.h"
 #include "platform/machine.h"
+#include "platform/program_end.h"
 #include "platform/serial_port.h"
 #include "platform/timing.h"
 

@@ -2,6 +2,7 @@
 #include "frame/held_flag.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
+#include "platform/program_end.h"
 #include "platform/timing.h"
 #include "values/code_page.h"
 #include "values/number_text.h"

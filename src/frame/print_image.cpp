@@ -2,7 +2,7 @@
 
 #include "frame/waiting.h"
 #include "platform/dialogs.h"
-#include "platform/machine.h"
+#include "platform/screen_printer.h"
 
 namespace korvinel {
 namespace {

@@ -4,21 +4,9 @@
 #include <functional>
 #include <utility>
 
-#include "platform/timing.h"
-#include "values/runtime_error.h"
+#include "platform/program_end.h"
 
 namespace korvinel::platform {
-
-/// Runs one step; a fault skips the rest of it. Returns whether it succeeded.
-template <typename Step>
-bool skipOnFault(Step&& step) {
-  try {
-    std::forward<Step>(step)();
-    return true;
-  } catch (const std::exception&) {
-    return false;
-  }
-}
 
 /// Runs the operation of an event: a fault ends that operation only, ProgramEnd ends the program.
 class OperationEdge {

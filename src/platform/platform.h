@@ -10,7 +10,7 @@ class IntervalTimer;
 struct Machine;
 struct ScreenPrinter;
 struct SerialPort;
-struct Windows;
+struct CompanionWindows;
 
 /// Everything the program needs of the machine it runs on.
 struct Platform {
@@ -23,7 +23,7 @@ struct Platform {
   SerialPort& serialPort;
   Machine& machine;
   ScreenPrinter& screenPrinter;
-  Windows& windows;
+  CompanionWindows& windows;
 };
 
 }  // namespace korvinel::platform

@@ -32,15 +32,11 @@ struct Clock {
 
 struct EventPump {
   virtual ~EventPump() = default;
-  /// Dispatches pending user and timer events; may sleep a few milliseconds until there are any. Throws ProgramEnd once
-  /// the program has ended.
+  /// Dispatches pending user and timer events; may sleep a few milliseconds until there are any. Throws ProgramEnd
+  /// (program_end.h) once the program has ended.
   virtual void process() = 0;
   /// The same, but never sleeps: for loops with work of their own, which check the flags between two pieces of it.
   virtual void poll() = 0;
 };
-
-/// Ends the program: thrown by an operation, it unwinds all operations under way. It is not a std::exception, so code
-/// that skips faults does not catch it.
-struct ProgramEnd {};
 
 }  // namespace korvinel::platform

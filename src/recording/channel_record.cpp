@@ -1,8 +1,7 @@
 #include "recording/channel_record.h"
+#include "platform/skip_on_fault.h"
 
 #include <cmath>
-
-#include "platform/operation_edge.h"
 
 namespace korvinel {
 

@@ -7,7 +7,7 @@
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/machine.h"
-#include "platform/operation_edge.h"
+#include "platform/skip_on_fault.h"
 #include "recording/channel_record.h"
 #include "recording/data_file.h"
 #include "recording/data_paths.h"

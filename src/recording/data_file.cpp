@@ -2,7 +2,8 @@
 
 #include "frame/held_flag.h"
 #include "frame/main_state.h"
-#include "platform/operation_edge.h"
+#include "platform/program_end.h"
+#include "platform/skip_on_fault.h"
 #include "platform/timing.h"
 #include "recording/channel_record.h"
 #include "recording/data_paths.h"

@@ -1,7 +1,8 @@
 #include "eeg/block.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
-#include "platform/operation_edge.h"
+#include "platform/program_end.h"
+#include "platform/skip_on_fault.h"
 #include "recording/file_loop.h"
 #include "recording/scan_messages.h"
 

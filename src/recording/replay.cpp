@@ -3,6 +3,7 @@
 #include "eeg/block.h"
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
+#include "platform/program_end.h"
 #include "recording/file_loop.h"
 
 namespace korvinel {

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "platform/operation_edge.h"
+#include "platform/skip_on_fault.h"
 #include "platform/timing.h"
 #include "recording/data_paths.h"
 #include "recording/side_file.h"

@@ -4,7 +4,7 @@
 
 #include "eeg/block.h"
 #include "platform/dialogs.h"
-#include "platform/operation_edge.h"
+#include "platform/skip_on_fault.h"
 #include "values/number_text.h"
 
 namespace korvinel {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "frame/main_state.h"
-#include "platform/operation_edge.h"
+#include "platform/skip_on_fault.h"
 #include "recording/data_paths.h"
 #include "recording/record_line.h"
 #include "recording/side_file_line.h"

@@ -2,7 +2,7 @@
 #include <array>
 
 #include "eeg/bands.h"
-#include "platform/machine.h"
+#include "platform/companion_windows.h"
 #include "report/dotted_text.h"
 #include "report/report_geometry.h"
 #include "report/report_state.h"

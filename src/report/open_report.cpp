@@ -1,6 +1,6 @@
 #include "frame/main_state.h"
+#include "platform/companion_windows.h"
 #include "platform/dialogs.h"
-#include "platform/machine.h"
 
 namespace korvinel {
 

@@ -20,7 +20,7 @@ SHOWN = re.compile(r'\b(notice|ask|input|refuse|showStatus|RuntimeError|fail|fai
                    r'|(statusLabel|dateLabel|box)\.setText\s*\('
                    r'|\b(messageText\d|headerText\d|text|printPrompt)\s*\+?=')
 NOT_SHOWN = {
-    'src/platform/qt/page_writer.cpp',  # of the recording tool, which is no part of the window
+    'src/platform/page/page_writer.cpp',  # of the recording tool, which is no part of the window
     'src/platform/posix/serial_line.cpp',  # a port that cannot be used counts as an instrument that is silent
 }
 

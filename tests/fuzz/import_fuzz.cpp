@@ -3,9 +3,9 @@
 
 #include "input.h"
 #include "recording/channel_record.h"
-#include "recording/edf_import.h"
 #include "recording/file_header.h"
-#include "recording/tool_error.h"
+#include "recording_tool/edf_import.h"
+#include "recording_tool/tool_error.h"
 
 using namespace korvinel;
 

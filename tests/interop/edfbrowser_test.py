@@ -21,7 +21,7 @@ class ExportedRecording(unittest.TestCase):
     def test_opens_without_a_complaint(self):
         desktop = self.enterContext(driver.Desktop('1366x768'))
         edf = os.path.join(desktop.home, 'examination.edf')
-        tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording/korvinel-recording')
+        tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording_tool/korvinel-recording')
         subprocess.run([tool, 'export', RECORDING, '-o', edf], check=True)
         browser = desktop.start_program(['edfbrowser', edf])
         # A file that it complains about is not offered for display.

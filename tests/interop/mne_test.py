@@ -56,7 +56,7 @@ class ExportedRecording(unittest.TestCase):
 
 
 if __name__ == '__main__':
-    TOOL = os.path.abspath(os.path.join(sys.argv.pop(1), 'tools/recording/korvinel-recording'))
+    TOOL = os.path.abspath(os.path.join(sys.argv.pop(1), 'tools/recording_tool/korvinel-recording'))
     outcome = unittest.main(verbosity=2, exit=False, warnings='ignore').result
     failed = len(outcome.failures) + len(outcome.errors)
     print('%d passed, %d failed' % (outcome.testsRun - failed, failed))

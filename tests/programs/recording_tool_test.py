@@ -21,7 +21,7 @@ import unittest
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 GOLDEN = os.path.join(HERE, '../data/golden')
-MANUAL = os.path.join(HERE, '../../tools/recording/man/korvinel-recording.1')
+MANUAL = os.path.join(HERE, '../../tools/recording_tool/man/korvinel-recording.1')
 COMMANDS = ('info', 'check', 'recover', 'analyse', 'report', 'export', 'import', 'batch')
 TOOL = ''
 
@@ -299,7 +299,7 @@ def main():
     global TOOL
     if len(sys.argv) < 2:
         sys.exit('%s needs the build folder' % sys.argv[0])
-    TOOL = os.path.abspath(os.path.join(sys.argv.pop(1), 'tools/recording/korvinel-recording'))
+    TOOL = os.path.abspath(os.path.join(sys.argv.pop(1), 'tools/recording_tool/korvinel-recording'))
     result = unittest.main(verbosity=2, exit=False, warnings='ignore').result
     failed = len(result.failures) + len(result.errors)
     print('%d passed, %d failed' % (result.testsRun - failed, failed))

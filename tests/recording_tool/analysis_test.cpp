@@ -1,8 +1,8 @@
 #include <map>
 
 #include "platform/host_paths.h"
-#include "recording/analysis_output.h"
-#include "recording/inspection.h"
+#include "recording_tool/analysis_output.h"
+#include "recording_tool/inspection.h"
 #include "recordings.h"
 #include "tool_files.h"
 

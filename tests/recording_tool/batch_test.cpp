@@ -1,9 +1,9 @@
-#include "recording/batch.h"
+#include "recording_tool/batch.h"
 
 #include <algorithm>
 
-#include "recording/batch_journal.h"
-#include "recording/progress_bar.h"
+#include "recording_tool/batch_journal.h"
+#include "recording_tool/progress_bar.h"
 #include "recordings.h"
 #include "tool_files.h"
 

@@ -1,4 +1,4 @@
-#include "recording/csv_text.h"
+#include "recording_tool/csv_text.h"
 
 #include <gtest/gtest.h>
 

@@ -2,12 +2,12 @@
 
 #include <cmath>
 
-#include "recording/ascii_form.h"
-#include "recording/channel_choice.h"
-#include "recording/edf_export.h"
-#include "recording/edf_file.h"
-#include "recording/edf_import.h"
-#include "recording/recording_reader.h"
+#include "recording_tool/ascii_form.h"
+#include "recording_tool/channel_choice.h"
+#include "recording_tool/edf_export.h"
+#include "recording_tool/edf_file.h"
+#include "recording_tool/edf_import.h"
+#include "recording_tool/recording_reader.h"
 #include "recordings.h"
 #include "tool_files.h"
 #include "values/code_page.h"

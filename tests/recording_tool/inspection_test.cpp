@@ -1,4 +1,4 @@
-#include "recording/inspection.h"
+#include "recording_tool/inspection.h"
 
 #include "platform/headless/memory_files.h"
 #include "recordings.h"

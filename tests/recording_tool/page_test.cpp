@@ -1,4 +1,4 @@
-#include "platform/qt/page_writer.h"
+#include "platform/page/page_writer.h"
 
 #include <algorithm>
 

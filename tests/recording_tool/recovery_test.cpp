@@ -1,4 +1,4 @@
-#include "recording/recovery.h"
+#include "recording_tool/recovery.h"
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>

@@ -1,7 +1,7 @@
-#include "recording/unfinished_file.h"
+#include "recording_tool/unfinished_file.h"
 
 #include "platform/console.h"
-#include "recording/safe_output.h"
+#include "recording_tool/safe_output.h"
 #include "tool_files.h"
 
 #ifndef _WIN32

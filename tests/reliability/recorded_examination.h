@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "app/wiring.h"
 #include "frame/main_state.h"
 #include "head_blocks.h"
 #include "platform/headless/headless_platform.h"
 #include "recordings.h"
+#include "wiring/main_wiring.h"
 
 namespace korvinel {
 

@@ -57,7 +57,7 @@ class LostFolder(unittest.TestCase):
         self.assertIn(os.path.join(self.stick, 'prova.QVD'), told)
 
     def check_recording(self):
-        tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording/korvinel-recording')
+        tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording_tool/korvinel-recording')
         with open(os.path.join(self.stick, 'prova.QVD'), 'rb') as file:
             content = file.read()
         self.assertTrue(content.startswith(b'"Rossi","'))

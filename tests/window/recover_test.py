@@ -46,7 +46,7 @@ class KilledRecording(unittest.TestCase):
         whole = len(left) // BLOCK_BYTES
         self.assertGreaterEqual(whole, 3)
         recovered = os.path.join(self.desktop.home, 'esame.QVD')
-        tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording/korvinel-recording')
+        tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording_tool/korvinel-recording')
         subprocess.run([tool, 'recover', temporary, '-o', recovered], check=True)
         subprocess.run([tool, 'check', recovered], check=True)
         with open(recovered, 'rb') as file:

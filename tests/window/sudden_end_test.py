@@ -57,7 +57,7 @@ class Recording:
         test.assertEqual(found.rest, 0)
         test.assertFalse(os.path.exists(self.temporary))
         test.assertEqual(os.stat(path).st_mode & 0o777, 0o600)
-        tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording/korvinel-recording')
+        tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording_tool/korvinel-recording')
         subprocess.run([tool, 'check', path], check=True, stdout=subprocess.DEVNULL)
         return found
 

@@ -28,7 +28,7 @@ NATIVE, WINDOWS = (os.path.abspath(folder) for folder in sys.argv[1:3])
 del sys.argv[1:3]
 GOLDEN = os.path.join(HERE, '../data/golden')
 SCREENSHOTS = os.environ.get('KORVINEL_SCREENSHOTS', os.path.join(NATIVE, 'screenshots'))
-HERE_TOOL = [os.path.join(NATIVE, 'tools/recording/korvinel-recording')]
+HERE_TOOL = [os.path.join(NATIVE, 'tools/recording_tool/korvinel-recording')]
 THERE_TOOL = ['wine', os.path.join(WINDOWS, 'korvinel-recording.exe')]
 BLOCK = 1036
 

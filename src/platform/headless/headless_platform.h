@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/companion_windows.h"
 #include "platform/headless/memory_files.h"
 #include "platform/headless/scripted_dialogs.h"
 #include "platform/headless/scripted_instrument.h"
@@ -11,6 +12,7 @@
 #include "platform/machine.h"
 #include "platform/operation_edge.h"
 #include "platform/platform.h"
+#include "platform/screen_printer.h"
 
 namespace korvinel::platform {
 
@@ -38,7 +40,7 @@ struct RecordingPrinter : ScreenPrinter {
 };
 
 /// Records which windows were requested; the owner of the windows decides what happens.
-struct RecordingWindows : Windows {
+struct RecordingWindows : CompanionWindows {
   std::vector<std::string> asked;  ///< "report", "close report", "comments", "main"
   std::function<void()> onReport, onCloseReport, onComments;
   void showReport() override { note("report", onReport); }

@@ -7,8 +7,8 @@
 #include <functional>
 
 #include "platform/dialogs.h"
-#include "platform/machine.h"
 #include "platform/path_notation.h"
+#include "platform/screen_printer.h"
 
 namespace korvinel::platform {
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/machine.h"
+#include "platform/screen_printer.h"
 
 namespace korvinel::platform {
 

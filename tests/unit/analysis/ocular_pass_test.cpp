@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "analysis/ocular_screen.h"
+#include "analysis/ocular_pass.h"
 #include "headless_program.h"
 #include "signals.h"
 

@@ -1,0 +1,69 @@
+#include "recording_tool/program/report_page.h"
+
+#include <optional>
+
+#include "platform/page/page_writer.h"
+#include "recording_tool/analysis_output.h"
+#include "recording_tool/messages.h"
+#include "recording_tool/safe_output.h"
+#include "recording_tool/tool_error.h"
+#include "recording_tool/utf8_path.h"
+#include "report/report_geometry.h"
+#include "values/code_page.h"
+
+namespace korvinel::tool {
+namespace {
+
+using platform::PageFormat;
+
+std::optional<PageFormat> formatOf(const std::string& output) {
+  const std::string ending = upperCase(utf8Of(pathOf(output).extension()));
+  if (ending == ".PDF") return PageFormat::pdf;
+  if (ending == ".PNG") return PageFormat::png;
+  if (ending == ".SVG") return PageFormat::svg;
+  return {};
+}
+
+/// The texts of the window's labels and check boxes, as surfaces beside the panels.
+struct Labels {
+  explicit Labels(const ReportWindow& window) {
+    interval.printAt(0, 2, platform::Colour::black, window.intervalLabel.text());
+    if (window.maximumCheck.checked()) choice.printAt(0, 2, platform::Colour::black, window.maximumCheck.caption());
+    if (window.meanCheck.checked()) choice.printAt(0, 2, platform::Colour::black, window.meanCheck.caption());
+  }
+  platform::Surface interval{"Intervallo", 303, 26, 18, platform::Colour::windowBackground};
+  platform::Surface choice{"Valori", 303, 26, 18, platform::Colour::windowBackground};
+};
+
+platform::Page pageOf(const Workbench& bench, const Labels& labels) {
+  const ReportWindow& window = bench.reportWindow;
+  const auto& places = report_geometry::panels;
+  const auto& last = report_geometry::intervalLabel;
+  platform::Page page{"Korvinel - " + bench.shared.dataFileName, &window.ground, last.bottom() + 6, {}};
+  const platform::Surface* panels[] = {&window.spectrum1,  &window.spectrum2,  &window.spectrum3,  &window.spectrum4,
+                                       &window.coherence1, &window.coherence2, &window.coherence3, &window.coherence4};
+  for (std::size_t i = 0; i < places.size(); ++i) page.placed.push_back({panels[i], places[i]});
+  page.placed.push_back({&labels.interval, last});
+  page.placed.push_back({&labels.choice, {last.x, last.y - last.height, last.width, last.height}});
+  return page;
+}
+
+}  // namespace
+
+void requirePageEnding(const std::string& output) {
+  if (!formatOf(output)) throw UsageError(output + ": a report is a .pdf, .png or .svg file");
+}
+
+void writeReport(const Workbench& bench, const std::string& recording, const std::string& output, bool force) {
+  requirePageEnding(output);
+  requireWritable(output, recording, force);
+  const Labels labels(bench.reportWindow);
+  try {
+    writeWhole(output, platform::pageBytes(pageOf(bench, labels), *formatOf(output)), force);
+  } catch (const RuntimeError& fault) {
+    throw ToolError(output, std::string("cannot be drawn: ") + fault.what());
+  }
+  if (bench.reportFault) tell(recording, "the report ends early: " + reportError(bench));
+}
+
+}  // namespace korvinel::tool
