@@ -12,4 +12,5 @@ korvinel_headers(nlohmann_json::nlohmann_json nlohmann)
 
 # Tests of the other system, of the simulated instrument's program (it has a pseudo-terminal), and against a library that there is
 # no Windows package of.
-set(withoutOnWindows "/unit/posix/|/unit/instrument/(session|program|options)_test|/unit/analysis/transform_test")
+set(withoutOnWindows 
+  "/unit/platform/(posix/|disk/installation_test)|/unit/tools/instrument/(session|main|options)_test|/unit/analysis/transform_test")

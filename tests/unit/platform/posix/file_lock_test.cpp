@@ -5,7 +5,7 @@
 #include <sys/stat.h>
 
 #include "temporary_folder.h"
-#include "unit/posix/another_process.h"
+#include "unit/platform/posix/another_process.h"
 
 namespace korvinel::platform {
 namespace {

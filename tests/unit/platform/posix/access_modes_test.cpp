@@ -13,8 +13,8 @@
 #include "platform/host_paths.h"
 #include "platform/posix/disk_files.h"
 #include "temporary_folder.h"
-#include "unit/posix/another_process.h"
-#include "unit/posix/environment.h"
+#include "unit/platform/posix/another_process.h"
+#include "unit/platform/posix/environment.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {

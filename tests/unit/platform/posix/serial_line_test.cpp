@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "temporary_folder.h"
-#include "unit/posix/pseudo_terminal.h"
+#include "unit/platform/posix/pseudo_terminal.h"
 
 namespace korvinel::platform {
 namespace {

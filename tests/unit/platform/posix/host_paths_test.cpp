@@ -4,7 +4,7 @@
 
 #include "platform/posix/posix_machine.h"
 #include "temporary_folder.h"
-#include "unit/posix/environment.h"
+#include "unit/platform/posix/environment.h"
 
 namespace korvinel::platform {
 namespace {
