@@ -1,5 +1,4 @@
-"""Makes the user's manual from its Markdown: manual.py MANUAL.md FOLDER leaves manuale.html, manuale.pdf and the
-pictures in the folder.
+"""Renders the user's manual: manual.py MANUAL.md FOLDER writes manuale.html, manuale.pdf and the pictures into FOLDER.
 
 Debian packages: python3-markdown weasyprint
 """
@@ -29,12 +28,12 @@ PAGE = '''<!DOCTYPE html>
 
 
 def with_captions(html):
-    """A paragraph that holds nothing but a picture becomes a figure, with the picture's text as its caption."""
+    """Turns each paragraph that is only a picture into a figure, with the alternative text as its caption."""
     return re.sub(r'<p>(<img alt="([^"]*)"[^>]*>)</p>', r'<figure>\1<figcaption>\2</figcaption></figure>', html)
 
 
 def with_own_pictures(html, source, folder):
-    """Copies the pictures beside the page and names them there."""
+    """Copies the pictures beside the page and adjusts their paths."""
     def copy(match):
         picture = os.path.join(source, match.group(1))
         shutil.copyfile(picture, os.path.join(folder, os.path.basename(picture)))

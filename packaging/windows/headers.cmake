@@ -1,5 +1,5 @@
-# korvinel_headers(TARGET FOLDER): a library of headers alone, which are the same on every system, out of the building system's
-# /usr/include. A folder of its own, for beside it lie the building system's own headers.
+# korvinel_headers(TARGET FOLDER): a header-only library from the build machine's /usr/include/FOLDER. Linked into a folder
+# by itself: /usr/include as a whole would bring in the build machine's system headers.
 function(korvinel_headers target folder)
   if(TARGET ${target})
     return()

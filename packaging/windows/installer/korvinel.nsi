@@ -1,5 +1,5 @@
-; The installer. packaging/windows/build passes DIST (the gathered program), LISTS (the files in it, to install and to
-; delete), VERSION, OUTPUT, and where there are ones ICON and SIDE_PICTURE.
+; The installer. packaging/windows/build passes DIST (the files to install), LISTS (the folder of the generated install
+; and uninstall lists), VERSION, OUTPUT and, if they exist, ICON and SIDE_PICTURE.
 Unicode true
 Target amd64-unicode
 ManifestDPIAware true
@@ -48,7 +48,7 @@ COM1. Per un'altra: menu Start, Korvinel, Porta seriale; il terzo valore della p
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "Italian"
 
-; An examination under way must not be cut off.
+; Refuse while Korvinel runs: it may be recording.
 !macro EndWhileItRuns
   FindWindow $0 "" "${TITLE}"
   ${If} $0 <> 0
@@ -71,13 +71,13 @@ Section
   !include "${LISTS}\install.nsh"
   WriteUninstaller "$INSTDIR\disinstalla.exe"
 
-  ; Whatever is there stays: it is somebody's calibration.
+  ; Existing files stay: they hold somebody's settings and calibration.
   SetOverwrite off
   CreateDirectory "${ROOT}\DATAFILE"
   SetOutPath "${ROOT}"
   File "defaults\Instal8s.val"
   File "defaults\Factors.val"
-  ; Whoever uses the machine records, not only who has installed the program. S-1-5-32-545: the group of all users.
+  ; Every user of the machine may record, not just the one who installed. S-1-5-32-545 is the group Users.
   nsExec::Exec '"$SYSDIR\icacls.exe" "${ROOT}" /grant *S-1-5-32-545:(OI)(CI)M'
   Pop $0
 
@@ -89,7 +89,7 @@ Section
   CreateShortCut "$SMPROGRAMS\Korvinel\Disinstalla Korvinel.lnk" "$INSTDIR\disinstalla.exe"
   CreateShortCut "$SMPROGRAMS\Korvinel\Manuale.lnk" "$INSTDIR\manuale\manuale.pdf"
   CreateShortCut "$DESKTOP\Korvinel.lnk" "$INSTDIR\korvinel.exe"
-  ; It begins among the recordings and finds the tool by its name; nobody's PATH is changed.
+  ; The prompt starts among the recordings and finds the tool by its name; the system's PATH is not changed.
   SetOutPath "${ROOT}\DATAFILE"
   CreateShortCut "$SMPROGRAMS\Korvinel\Riga di comando.lnk" "$SYSDIR\cmd.exe" \
     '/k set "PATH=$INSTDIR;%PATH%" & korvinel-recording --help'
@@ -109,7 +109,7 @@ SectionEnd
 
 Section Uninstall
   SetShellVarContext all
-  ; Its own files by name: the folder may hold others.
+  ; Deletes only its own files: the folder may hold others.
   !include "${LISTS}\uninstall.nsh"
   Delete "$INSTDIR\disinstalla.exe"
   RMDir "$INSTDIR"

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""icon.py DRAWING.svg ICON.ico: the drawing at the sizes that Windows asks for, in one file. Needs rsvg-convert."""
+"""icon.py DRAWING.svg ICON.ico: renders the drawing at the sizes Windows uses into one file. Needs rsvg-convert."""
 import struct
 import subprocess
 import sys

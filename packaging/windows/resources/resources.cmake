@@ -1,5 +1,5 @@
-# korvinel_resources(PROGRAM DESCRIPTION): what Windows reads in a program's file: its version, its manifest and, where the
-# drawing can be turned into one, its icon.
+# korvinel_resources(PROGRAM DESCRIPTION): adds the Windows resources: version, manifest and, where rsvg-convert is
+# installed, the icon.
 enable_language(RC)
 find_program(KORVINEL_RSVG rsvg-convert)
 set(resources ${CMAKE_CURRENT_LIST_DIR})
