@@ -2,8 +2,8 @@
 
     /usr/bin/python3 scripts/gallery.py BUILD_FOLDER [PICTURES_FOLDER]
 
-Records a short examination with the simulated instrument, then opens a long one that it has made with it before, and
-leaves small PNGs in docs/pictures. Debian packages: the group "run" of packages.debian.
+Records a short examination with the simulated instrument, then opens a long one prepared from the instrument's samples,
+and writes small PNGs to docs/pictures. Debian packages: the group "run" of packages.debian.
 """
 import datetime
 import os
@@ -25,7 +25,7 @@ COLOURS = 48
 
 
 def samples_of_instrument(folder, blocks):
-    """What the instrument streams, first with open eyes, then with closed ones; faster than in life."""
+    """What the instrument streams, eyes open and then closed, at many times the real speed."""
     link = os.path.join(folder, 'gallery-port')
     models = 'eyes-open:%d,eyes-closed' % (blocks // 2 * SECONDS)
     process = subprocess.Popen([INSTRUMENT, '--link', link, '--model', models, '--speed', '100'],
@@ -46,7 +46,7 @@ def samples_of_instrument(folder, blocks):
 
 
 def write_recording(path, stream, blocks):
-    """As docs/file-format.md says."""
+    """In the format of docs/file-format.md."""
     date = datetime.date.today().strftime('%d/%m/%Y')
     middle = blocks // 2
     with open(path, 'wb') as file:
@@ -60,7 +60,7 @@ def write_recording(path, stream, blocks):
 
 
 def take(program, name, window=None):
-    """The program's window, or a dialog of it, as NAME.png with few colours."""
+    """Saves the program's window, or one of its dialogs, as NAME.png with few colours."""
     time.sleep(0.4)
     path = os.path.join(PICTURES, name + '.png')
     place = program.atspi.Component.get_extents(window or main_window(program), program.atspi.CoordType.SCREEN)

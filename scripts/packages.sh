@@ -1,11 +1,11 @@
-# Sourced by ./run and ./test: installs the packages of packages.debian that are missing.
+# Sourced by ./run and ./test: installs the missing packages of packages.debian.
 
-# packages_of GROUP...: the packages of these groups ("build", "run", "test")
+# packages_of GROUP...: the packages of these groups
 packages_of() {
   awk -v wanted=" $* " '/^#/ { group = $2; next } NF && index(wanted, " " group " ") { print $1 }' packages.debian
 }
 
-# install_missing ASK GROUP...: ASK is "yes" when apt may only be used after asking
+# install_missing ASK GROUP...: ASK "yes" asks before using apt through sudo
 install_missing() {
   local ask=$1; shift
   command -v dpkg-query >/dev/null || { echo "This is no Debian system: please install the equivalents of packages.debian yourself."; return 0; }
