@@ -1,6 +1,5 @@
-"""Each channel stays in its place: the real program records from an instrument whose bytes come as over a real cable, a
-tone of its own on every channel, through rejected blocks, "Registra", a time-out with OK and a program that stands still
-for 20 seconds.
+"""Each channel stays in its place: the real program records a different tone on each channel, with the bytes timed as
+on a real cable, through rejected blocks, "Registra", a time-out with OK and a program stopped for 20 seconds.
 
     /usr/bin/python3 channels_test.py BUILD_FOLDER
 """
@@ -33,7 +32,7 @@ def raw_tones():
 
 
 def places(block):
-    """(1, 2, 3, 4) where every channel carries its own tone and no other; 0 for a mixture."""
+    """(1, 2, 3, 4) if every channel has its own tone and no other; 0 for a mixture."""
     found = []
     for samples in block:
         lines = recording_file.transform([sample - 128 for sample in samples])
@@ -93,7 +92,7 @@ class ChannelsTest(unittest.TestCase):
         recording = recording_file.Recording(os.path.join(self.desktop.data, 'drive_c/QUARVEL5/DATAFILE/canali.QVD'))
         self.assertGreaterEqual(len(recording.blocks), 4)
         self.assertEqual([places(block) for block in recording.blocks], [(1, 2, 3, 4)] * len(recording.blocks))
-        # Start, "Registra", the time-out, the standstill; the others are blocks with an artefact.
+        # One each for Start, "Registra", the time-out and the standstill, and one for each block with an artefact.
         self.assertGreater(self.starts(), 4)
 
 

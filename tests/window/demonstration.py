@@ -1,8 +1,8 @@
-"""A whole examination in a virtual display, as `./run` performs it where there is no screen.
+"""A whole examination in a virtual display, as `./run` performs it without a screen.
 
     /usr/bin/python3 demonstration.py BUILD_FOLDER DEMO_FOLDER
 
-Starts the simulated instrument and the program, records with a note, stops, opens the file, replays it, asks for the
+Starts the simulated instrument and the program, records with a note, stops, opens the file, replays it, opens the
 report and its comments, prints, and leaves the screenshots, the data file and the printed page in the demo folder.
 """
 import glob
@@ -75,7 +75,7 @@ def report(desktop, program):
     time.sleep(0.5)
     program.press('Stampa')
     program.answer('OK')
-    program.answer('OK', 20)  # where the page is
+    program.answer('OK', 20)  # the notice that names the page
 
 
 def main():

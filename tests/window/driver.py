@@ -1,18 +1,18 @@
 """Drives the real program in a real window on a machine without a screen.
 
-`Desktop` is a private X server, window manager, session bus and accessibility bus; `Program` reads and works the
-program's window through the accessibility bus (AT-SPI) as a screen reader does, and through the mouse and keyboard.
-Everything that is started here is ended here, by its process.
+`Desktop` is a private X server, window manager, session bus and accessibility bus; `Program` reads and operates the
+program's window through the accessibility bus (AT-SPI), as a screen reader does, and through the mouse and keyboard.
+Every process started here is ended here.
 
 Debian packages: xvfb openbox at-spi2-core dbus-daemon python3-gi gir1.2-atspi-2.0 xdotool imagemagick x11-utils
 It needs Debian's own /usr/bin/python3, which has `gi`.
 
-What Qt tells the accessibility bus:
-- a button or check box has its text as name, and its role in the window as description;
-- a label's text is its name, its role is its description;
-- a text box is named by its role, its content is reached through Text and EditableText;
-- a painted surface is named by its role and described by the texts printed on it, a line each;
-- a message box has the role 'alert' and is named by its title; its texts are labels.
+What Qt reports on the accessibility bus:
+- a button or check box: its text as name, its role in the window as description;
+- a label: its text as name, its role as description;
+- a text box: its role as name, its content through Text and EditableText;
+- a painted surface: its role as name, the texts printed on it as description, one per line;
+- a message box: the role 'alert', its title as name, its texts as labels.
 """
 import os
 import shutil
@@ -23,7 +23,7 @@ import time
 import unittest
 import warnings
 
-# The programs under test; run_tests() names them.
+# The programs under test; set by run_tests().
 KORVINEL = INSTRUMENT = ''
 
 SCREENSHOTS = os.environ.get('KORVINEL_SCREENSHOTS', 'build/screenshots')
@@ -36,7 +36,7 @@ ALL_MAXIMISED = '<applications><application type="normal"><maximized>yes</maximi
 
 
 def wait(condition, timeout=10.0, what='condition'):
-    """Looks until the condition gives something true, and returns that."""
+    """Polls the condition until it is true and returns its value."""
     end = time.monotonic() + timeout
     while True:
         try:
@@ -44,7 +44,7 @@ def wait(condition, timeout=10.0, what='condition'):
         except Exception as error:
             if type(error).__name__ not in ('Error', 'GError'):
                 raise
-            value = None  # an object of the window has just gone
+            value = None  # an object of the window has just disappeared
         if value:
             return value
         if time.monotonic() > end:
@@ -53,7 +53,7 @@ def wait(condition, timeout=10.0, what='condition'):
 
 
 def end_process(process):
-    """By asking, then by force."""
+    """Ends it with SIGTERM, then by force."""
     if process.poll() is None:
         process.terminate()
         try:
@@ -64,7 +64,7 @@ def end_process(process):
 
 
 class Desktop:
-    """with Desktop() as desktop: a screen of its own, and an empty home for what is started on it."""
+    """with Desktop() as desktop: a private screen, and an empty home for the programs started on it."""
 
     def __init__(self, screen='1366x768', maximised=False):
         self.screen, self.maximised, self.processes = screen, maximised, []
@@ -96,7 +96,7 @@ class Desktop:
         self.start(['/usr/libexec/at-spi-bus-launcher', '--launch-immediately'])
 
     def move_to_new_home(self):
-        """What is started from now on finds an empty home; the program's data will lie in `self.data`."""
+        """Gives programs started from now on an empty home; `self.data` is the program's data folder in it."""
         self.home = tempfile.mkdtemp(prefix='home-', dir=self.folder)
         self.data = os.path.join(self.home, '.local/share/korvinel')
         os.environ.update(HOME=self.home, XDG_DATA_HOME=os.path.join(self.home, '.local/share'),
@@ -123,10 +123,10 @@ class Desktop:
             answer = subprocess.run(['xprop', '-root', '_NET_SUPPORTING_WM_CHECK'], capture_output=True, check=False)
             return b'window id' in answer.stdout
 
-        wait(managed, what='the window manager')  # a window shown before it is there gets no frame
+        wait(managed, what='the window manager')  # a window shown before it runs gets no frame
 
     def start(self, arguments, **options):
-        # A test in the background ignores SIGINT, under nohup SIGHUP; what it starts must not.
+        # A test in the background ignores SIGINT, and under nohup SIGHUP; the programs it starts must not.
         arguments = ['env', '--default-signal=HUP,INT,TERM', *arguments]
         options.setdefault('stdout', subprocess.DEVNULL)
         options.setdefault('stderr', subprocess.DEVNULL)
@@ -135,7 +135,7 @@ class Desktop:
         return process
 
     def start_instrument(self, program, port=1, *arguments):
-        """The simulated instrument on the serial port of this number; returns once it is ready."""
+        """Starts the simulated instrument on this serial port; returns once it is ready."""
         link = os.path.join(self.data, 'ports', 'COM%d' % port)
         os.makedirs(os.path.dirname(link), exist_ok=True)
         process = self.start([program, '--link', link, *arguments], stdout=subprocess.PIPE)
@@ -148,7 +148,7 @@ class Desktop:
         return Program(self.start(arguments, stderr=None), timeout)
 
     def screenshot(self, name):
-        """The whole screen as NAME.png among the build's screenshots."""
+        """Saves the whole screen as NAME.png among the build's screenshots."""
         os.makedirs(SCREENSHOTS, exist_ok=True)
         path = os.path.join(SCREENSHOTS, name + '.png')
         subprocess.run(['import', '-window', 'root', path], check=True)
@@ -181,14 +181,14 @@ class Program:
         self.atspi, self.process = Atspi, process
         Atspi.init()
         Atspi.set_timeout(2000, -1)
-        warnings.simplefilter('ignore', DeprecationWarning)  # Atspi's own, for calls that have no successor yet
+        warnings.simplefilter('ignore', DeprecationWarning)  # from Atspi, about calls without a replacement yet
         self.root = wait(self._find_root, timeout, 'the program on the accessibility bus')
 
     def _find_root(self):
         if self.process.poll() is not None:
             raise RuntimeError('the program ended with %d' % self.process.returncode)
         desktop = self.atspi.get_desktop(0)
-        desktop.clear_cache()  # it remembers the programs that were there before
+        desktop.clear_cache()  # it still lists earlier programs
         for i in range(desktop.get_child_count()):
             child = desktop.get_child_at_index(i)
             if child is not None and child.get_process_id() == self.process.pid and child.get_child_count():
@@ -206,7 +206,7 @@ class Program:
                 yield from self.walk(child)
 
     def find(self, name, timeout=10.0, interface=None):
-        """The object of this name, or else of this description."""
+        """The object with this name, or else with this description."""
         def look():
             objects = list(self.walk())
             for read in ('get_name', 'get_description'):
@@ -221,7 +221,7 @@ class Program:
         return self.find(role).get_name()
 
     def printed(self, surface):
-        """What is printed on a surface, a list of texts."""
+        """The texts printed on a surface."""
         description = self.find(surface).get_description()
         return description.split('\n') if description else []
 
@@ -235,14 +235,14 @@ class Program:
         return self.find(name).get_state_set().contains(getattr(self.atspi.StateType, state))
 
     def expect(self, what, read, expected, timeout=10.0):
-        """Waits until `read` gives the expected value, and fails naming both."""
+        """Waits until `read` returns the expected value; a failure shows both."""
         try:
             wait(lambda: read() == expected, timeout, what)
         except TimeoutError:
             raise AssertionError('%s: expected %r, there is %r' % (what, expected, read())) from None
 
     def tree(self, start=None, depth=0):
-        """The window's objects as a text, to look at."""
+        """The window's objects as text, for debugging."""
         start = start or self.root
         lines = ['%s[%s] %r %r' % ('  ' * depth, start.get_role_name(), start.get_name(), start.get_description())]
         for i in range(start.get_child_count()):
@@ -273,7 +273,7 @@ class Program:
         mouse('mousemove', place.x + place.width // 2, place.y + place.height // 2, 'click', 1)
 
     def drag(self, name, from_x, to_x):
-        """Across the object at half its height; shares of its width, 0 to 1."""
+        """Drags across the object at half its height; from_x and to_x are fractions of its width."""
         place = self.extents(name)
         y = place.y + place.height // 2
         steps = [place.x + round(place.width * (from_x + (to_x - from_x) * i / 6)) for i in range(7)]
@@ -290,7 +290,7 @@ class Program:
         return [top for top in tops if top is not None and top.get_role_name() in ('alert', 'dialog')]
 
     def answer(self, button, timeout=10.0):
-        """Waits for a box with this button, presses it and waits until the box has gone. Gives (title, its texts)."""
+        """Waits for a box with this button, presses it, waits until the box is closed. Returns (title, its texts)."""
         def look():
             for box in reversed(self.boxes()):
                 for found in self.walk(box):
@@ -311,7 +311,7 @@ class Program:
     # Its process
 
     def wait_for_end(self, timeout=15.0):
-        """The exit code, once the program has ended by itself."""
+        """Waits until the program ends by itself; returns its exit code."""
         try:
             return self.process.wait(timeout)
         except subprocess.TimeoutExpired:
@@ -334,7 +334,8 @@ def keys(*names):
 
 
 def resize_active_window(width, height):
-    """And moves it to the corner of the screen. The window has the keyboard before the window manager says so."""
+    """Also moves it to the corner of the screen. First waits until the window manager reports it as active, which comes
+    after the keyboard focus."""
     def active():
         return subprocess.run(['xdotool', 'getactivewindow'], capture_output=True, check=False).stdout.strip()
     mouse('windowmove', wait(active, what='the active window').decode(), 0, 0)
@@ -342,7 +343,7 @@ def resize_active_window(width, height):
 
 
 def type_text(text):
-    """Into whatever has the keyboard."""
+    """Types into whatever has the keyboard focus."""
     mouse('type', '--delay', '50', text)
 
 

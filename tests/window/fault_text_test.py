@@ -1,4 +1,4 @@
-"""Why an operation was interrupted can be read, whole, on the smallest screen.
+"""The reason for an interrupted operation can be read in full on the smallest screen.
 
     /usr/bin/python3 fault_text_test.py BUILD_FOLDER
 """
@@ -48,7 +48,7 @@ class FaultText(unittest.TestCase):
         return any(top is not None and top.get_name() == 'Korvinel - Analisi finale' for top in tops)
 
     def inked(self, program, label):
-        """Rows of pixels of the label that hold dark ones."""
+        """The number of pixel rows of the label with dark pixels."""
         place = program.extents(label)
         pixels = self.desktop.pixels(place)
         rows = [pixels[start:start + place.width] for start in range(0, len(pixels), place.width)]

@@ -1,5 +1,5 @@
-"""A whole examination through the real window, with the mouse and the keyboard, as a user would do it, and what the
-screen says of it against what the data file holds.
+"""A whole examination in the real window, by mouse and keyboard as a user would perform it; compares the screen with
+the content of the data file.
 
     /usr/bin/python3 journey_test.py BUILD_FOLDER
 """
@@ -15,8 +15,8 @@ import recording_file
 
 NAME, SUBJECT = 'mattina', "Niccolo' D'Ali"
 NOTES = ['occhi aperti', 'occhi chiusi']
-# Eyes are open for the first seconds of the stream. A block comes every three seconds, or later: those from this one on
-# are of closed eyes, however slow the machine is.
+# The eyes are open for the first seconds of the stream. A block comes every three seconds, or later: from
+# FIRST_CLOSED_BLOCK on the eyes are closed, however slow the machine is.
 OPEN_SECONDS, FIRST_CLOSED_BLOCK, BLOCKS = 21, 8, 12
 LIGHT_RED = (255, 0, 0)
 STRIP_UNITS, UNITS_PER_BLOCK = 600, 3
@@ -28,7 +28,7 @@ SURFACES = ['Tracciato 1', 'Tracciato 2', 'Coerenza', 'Spettro sinistro', 'Spett
             'Righello sinistro', 'Righello destro', 'Valori numerici 1', 'Valori numerici 2', 'Messaggi',
             'Striscia del tempo']
 ALPHA = ['niente Alfa     ', 'Poco ritmo Alfa    ', 'Discreto ritmo Alfa', 'Ottimo ritmo Alfa  ']
-# Half a unit of the last digit for the rounding down to one decimal, the rest for the program's own roundings.
+# Half a unit of the one decimal shown, and a margin for the program's own roundings.
 TOLERANCE = 0.06
 
 
@@ -37,7 +37,7 @@ def setUpModule():
 
 
 def numbers_in(lines, labels):
-    """The numbers behind the labels, one for each of the lines."""
+    """The number after the label, for each line."""
     return [float(line[len(label):].removesuffix('uV')) for line, label in zip(lines, labels)]
 
 
@@ -85,7 +85,7 @@ class Journey(unittest.TestCase):
             self.assertTrue(each.get_name(), '%s %r has no name' % (each.get_role_name(), each.get_description()))
 
     def keys(self, *keys, window=MAIN):
-        """As soon as the window has the keyboard: after a box has gone it takes a moment."""
+        """Presses them once the window has the keyboard focus, which returns a moment after a box is closed."""
         driver.wait(lambda: self.program.has_state(window, 'ACTIVE'), what='the window to be active')
         driver.keys(*keys)
 
@@ -120,7 +120,7 @@ class Journey(unittest.TestCase):
         self.assertEqual(program.printed('Tracciato 1'), ['Fine della registrazione!'])
 
     def note(self, text, block):
-        """Writes a note once this block has come; gives the first and the last block in which it may have begun."""
+        """Writes a note once this block has come; returns the first and last block in which it may have begun."""
         driver.wait(lambda: self.block() >= block, 20 + 5 * block, 'block %d' % block)
         earliest = self.block()
         self.program.click('Nuova nota')
@@ -145,8 +145,8 @@ class Journey(unittest.TestCase):
                          (SUBJECT, '4canali', 'V3', 0))
         self.assertEqual(self.program.label('Data'), 'Data =' + recording.date)
         self.assertGreaterEqual(self.count, BLOCKS)
-        # The count knows nothing of the block of the turn in which recording was switched on, and has begun the one in
-        # which the examination was stopped; each depends on the moment of the press.
+        # The count leaves out the block of the turn in which "Registra" was pressed, and may include the one in which
+        # Stop was pressed; both depend on the moment of the press.
         total = self.program.label('Blocco e durata totale')
         self.assertIn(total, ['Totale= %ds' % (3 * (self.count + extra)) for extra in (-1, 0, 1)])
         self.check_alpha()
@@ -155,13 +155,13 @@ class Journey(unittest.TestCase):
             self.assertTrue(earliest <= begun <= latest + 1, '%s of %s' % (begun, self.noted))
 
     def check_alpha(self):
-        """At the back of the head closed eyes have far more of it."""
+        """Closed eyes have far more of it at the back of the head."""
         def alpha(blocks):
             spectra = [block[channel] for block in blocks for channel in (2, 3)]
             return recording_file.band_means(recording_file.mean_spectrum(spectra))['Alfa']
         self.assertGreater(alpha(self.spectra[FIRST_CLOSED_BLOCK:]), 1.5 * alpha(self.spectra[:2]))
 
-    # Reading it back
+    # Opening it
 
     def open_file(self):
         program, recording = self.program, self.recording
@@ -193,7 +193,7 @@ class Journey(unittest.TestCase):
 
     def replay(self):
         program = self.program
-        self.keys('alt+l', 'End')  # the speed, as fast as it goes
+        self.keys('alt+l', 'End')  # the highest speed
         program.expect('the speed', lambda: " Velocita' display=20" in self.labels(), True)
         program.click('Rivedi la registrazione')
         program.expect('the version', lambda: program.label('Blocco e durata totale'), 'V3')
@@ -251,7 +251,7 @@ class Journey(unittest.TestCase):
         self.program.expect('the interval', self.interval, 'Intervallo=%ds' % seconds)
 
     def choose_interval_by_keys(self):
-        """The same, back to the first blocks and again."""
+        """Chooses the first blocks, then those of closed eyes again."""
         self.keys('alt+z', 'Home', *['Right'] * 2, 'space', *['Right'] * 3, 'space')
         self.program.expect('blocks 2 to 5', self.interval, 'Intervallo=12s')
         self.desktop.screenshot('journey-4-interval')
@@ -294,7 +294,7 @@ class Journey(unittest.TestCase):
             lines = self.program.printed('Spettro ' + name)
             return [float(line.partition('=')[2]) for line in lines[1:]]
         driver.wait(lambda: len(values()) == 4 and any(values()), what='the values of ' + name)
-        # Every line of the spectrum is rounded down before the band is formed, and the band once more.
+        # Every spectrum line is rounded down before the band is formed, and the band again.
         for (band, value), number in zip(expected.items(), values()):
             self.assertAlmostEqual(number, value - 0.1, delta=0.1 + TOLERANCE, msg='%s of %s, %s' % (band, name, what))
 

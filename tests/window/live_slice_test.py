@@ -24,7 +24,7 @@ def setUpModule():
 
 
 class WindowTest(unittest.TestCase):
-    desktop = None  # one for all tests: the accessibility library knows one bus in its life
+    desktop = None  # shared: the accessibility library can use one bus per process
 
     def setUp(self):
         self.desktop.move_to_new_home()
@@ -55,7 +55,7 @@ class WindowTest(unittest.TestCase):
         driver.wait(lambda: program.value('Blocco iniziale') >= number, 20, 'block %d' % number)
 
     def processor_share_of_two_turns(self, program):
-        """Without a question to the program meanwhile, which would cost more than its own work."""
+        """Does not query the program meanwhile: that would cost more than its own work."""
         seconds = 6
         before = program.processor_seconds()
         time.sleep(seconds)
@@ -91,7 +91,7 @@ class LiveSlice(WindowTest):
         self.assertEqual(program.answer('OK'), ('Korvinel', DURATION_NOTICE))
         self.assertEqual(program.printed('Tracciato 1'), ['Fine della registrazione!'])
         self.assertEqual(program.label('Stato della registrazione'), 'Registrazione Disattiva')
-        seconds = 3 * (int(program.value('Blocco iniziale')) + 1)  # the turn that ends it has counted its own block
+        seconds = 3 * (int(program.value('Blocco iniziale')) + 1)  # the last turn has counted its block
         self.assertEqual(program.label('Blocco e durata totale'), 'Totale= %ds' % seconds)
         self.desktop.screenshot('3-stopped')
         program.press('End')
@@ -136,7 +136,7 @@ class LiveSlice(WindowTest):
         program.press('Artefatti')
         box = driver.wait(program.boxes, what='the input box')[-1]
         place = program.atspi.Component.get_extents(box, program.atspi.CoordType.SCREEN)
-        self.assertLess(abs(place.x - 200 / 1440 * 96), 60)  # give or take the window manager's frame
+        self.assertLess(abs(place.x - 200 / 1440 * 96), 60)  # except for the window manager's frame
         self.assertLess(abs(place.y - 400 / 1440 * 96), 60)
         self.desktop.screenshot('5-threshold')
         driver.keys('9', '5', 'Return')

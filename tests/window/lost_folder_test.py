@@ -1,4 +1,4 @@
-"""The recordings' folder goes away in mid-recording: the program asks for another place, whichever way it ends.
+"""The recordings' folder disappears in mid-recording: the program asks for another place, however it ends.
 
     /usr/bin/python3 lost_folder_test.py BUILD_FOLDER
 """
@@ -33,7 +33,7 @@ class LostFolder(unittest.TestCase):
         shutil.rmtree(self.folder)
 
     def answer(self, text, button):
-        """Presses a button of the box that says this; the next one may stand there at once."""
+        """Presses a button of the box with this text; the next box may appear at once."""
         program = self.program
         def look():
             for box in program.boxes():
@@ -46,7 +46,7 @@ class LostFolder(unittest.TestCase):
         return '\n'.join(part.get_name() for part in parts if part.get_name())
 
     def save_on_the_stick(self):
-        """Two presses of Cancel lose nothing; then a place is chosen."""
+        """Presses Cancel twice, which must lose nothing, and then chooses a place."""
         program = self.program
         self.answer('La registrazione non è al sicuro!', 'Cancel')
         self.answer('Rinunciare davvero alla registrazione?', 'Cancel')

@@ -1,8 +1,8 @@
-"""A print server of its own, on loopback, whose one printer puts every job's page into a folder.
+"""A private print server on loopback, whose one printer writes every job's page to a folder.
 
 Debian packages: cups cups-client cups-daemon cups-filters (and poppler-utils to look at the pages)
-Nothing of the machine's own print system is touched: the server's settings, queues and its one backend lie in a folder
-that is removed at the end.
+The machine's own print system is not touched: the server's settings, queues and its one backend are in a folder that is
+removed at the end.
 """
 import os
 import shutil
@@ -44,7 +44,7 @@ AccessLog {folder}/log/access_log
 PageLog {folder}/log/page_log
 '''
 
-# Called with five or six arguments for a job; the sixth names its file, else it comes on standard input.
+# Called with five or six arguments for a job; the sixth is its file, otherwise the job comes on standard input.
 BACKEND = '''#!/bin/sh
 [ $# -eq 0 ] && { echo 'direct folder "Unknown" "Pages in a folder"'; exit 0; }
 cat "${6:--}" > "%s/.job-$1" && mv "%s/.job-$1" "%s/job-$1.pdf"
@@ -60,7 +60,7 @@ def free_port():
 
 
 class PrintServer:
-    """with PrintServer() as server: programs that are started within it find the printer 'Prova' as the default."""
+    """with PrintServer() as server: programs started within it have the default printer 'Prova'."""
 
     def __enter__(self):
         self.folder = tempfile.mkdtemp(prefix='korvinel-cups-')
@@ -78,7 +78,7 @@ class PrintServer:
     def _prepare(self):
         for name in ('etc', 'run', 'spool/tmp', 'cache', 'log', 'pages', 'lib/backend'):
             os.makedirs(os.path.join(self.folder, name))
-        # The server may give its backends up to another account.
+        # The server may run its backends under another account.
         os.chmod(self.pages, 0o777)
         for part in os.listdir(SYSTEM_PARTS):
             if part != 'backend':
@@ -125,7 +125,7 @@ class PrintServer:
 
 
 def inked_millimetres(page, background=250):
-    """(left, top, right, bottom) of what is printed on the one page of a PDF file, from the paper's corner."""
+    """(left, top, right, bottom) of the print on a one-page PDF file, from the paper's corner."""
     dots = 254
     picture = subprocess.run(['pdftoppm', '-r', str(dots), '-gray', page], capture_output=True, check=True).stdout
     width, height, data = grey_picture(picture)
@@ -137,7 +137,7 @@ def inked_millimetres(page, background=250):
 
 
 def grey_picture(pgm):
-    """Width, height and bytes of a binary grey map."""
+    """Width, height and bytes of a binary PGM picture."""
     kind, width, height, largest = pgm.split(None, 4)[:4]
     assert kind == b'P5' and largest == b'255', (kind, largest)
     return int(width), int(height), pgm[-int(width) * int(height):]

@@ -1,4 +1,4 @@
-"""docs/instrument-protocol.md is enough to write an instrument: its own instrument is connected to the real program.
+"""docs/instrument-protocol.md is enough to write an instrument: its sample instrument is connected to the real program.
 
     /usr/bin/python3 protocol_document_test.py BUILD_FOLDER
 """

@@ -1,5 +1,5 @@
-"""Reads a recording and works out what the screen must say of it, independently of the program: from
-docs/file-format.md and the definitions of the spectra alone.
+"""Reads a recording and calculates what the screen must show, independently of the program: from docs/file-format.md
+and the definitions of the spectra alone.
 """
 import cmath
 import re
@@ -46,13 +46,13 @@ class Recording:
 
 
 def calibration_factors(path):
-    """One for each index from 1; 1 beyond the last."""
+    """The factors, one for each spectrum index from 1."""
     with open(path, encoding='cp1252') as file:
         return [float(field) for field in re.split(r'[,\s]+', file.read().strip())]
 
 
 def transform(values):
-    """Of a power of two of values."""
+    """The Fourier transform; the number of values is a power of two."""
     if len(values) == 1:
         return [complex(values[0])]
     even, odd = transform(values[0::2]), transform(values[1::2])
@@ -61,19 +61,19 @@ def transform(values):
 
 
 def amplitudes(samples, factors):
-    """Microvolts at the indexes 1..128, as a list from 0: the spectrum, its largest line being three times
-    the mean deviation of the samples."""
+    """Microvolts at the indexes 1..128, as a list from 0: the spectrum, scaled so that its largest line is three times
+    the mean absolute deviation of the samples."""
     mean = sum(samples) / len(samples)
     deviation = sum(abs(sample - mean) for sample in samples) / len(samples)
     lines = [abs(line) for line in transform(samples)[:SAMPLES // 2]]
-    lines[0] = lines[1] / 2  # in place of the samples' level
+    lines[0] = lines[1] / 2  # replaces the mean of the samples
     largest = max(lines)
     factors = factors + [1.0] * (len(lines) - len(factors))
     return [3 * deviation * line / largest * factor for line, factor in zip(lines, factors)]
 
 
 def mean_spectrum(spectra):
-    """Of several blocks."""
+    """The mean over several blocks."""
     return [sum(values) / len(spectra) for values in zip(*spectra)]
 
 

@@ -1,4 +1,4 @@
-"""A recording whose program is killed in its middle, brought back by the recording tool.
+"""A recording whose program is killed in mid-recording, restored by the recording tool.
 
     /usr/bin/python3 recover_test.py BUILD_FOLDER
 """

@@ -1,4 +1,4 @@
-"""The report window at the sizes of usual screens: everything in its place, nothing over anything else.
+"""The report window at common screen sizes: everything in its place, nothing overlaps.
 
     /usr/bin/python3 report_sizes_test.py BUILD_FOLDER
 """

@@ -1,4 +1,4 @@
-"""The final report in a real window, its comments, and its way onto paper.
+"""The final report in a real window, its comments, and its print.
 
     /usr/bin/python3 report_test.py BUILD_FOLDER
 """
@@ -34,14 +34,14 @@ def inside(inner, outer):
 
 
 class ReportTest(unittest.TestCase):
-    desktop = None  # one for all tests: the accessibility library knows one bus in its life
+    desktop = None  # shared: the accessibility library can use one bus per process
 
     def setUp(self):
         self.desktop.move_to_new_home()
         os.environ['CUPS_SERVER'] = os.path.join(self.desktop.home, 'no-print-server')
 
     def examine(self, model, blocks=4):
-        """The program after an examination of some blocks."""
+        """Performs an examination of some blocks and returns the program."""
         instrument = self.desktop.start_instrument(driver.INSTRUMENT, 1, '--model', model, '--seed', '1')
         self.addCleanup(self.desktop.end, instrument)
         program = self.desktop.start_program([driver.KORVINEL])
@@ -142,8 +142,8 @@ class Report(ReportTest):
         self.expect_gone(program, 'Korvinel - Commenti')
         self.open_report(program)
         program.expect('a new report', lambda: program.label('Scala del rapporto'), 'Microvolts=30')
-        program.press('Analisi')  # there is one already
-        time.sleep(0.5)  # a button acts a moment after it was pressed
+        program.press('Analisi')  # it is open already
+        time.sleep(0.5)  # a button acts a moment after the press
         driver.wait(lambda: program.has_state('Korvinel - Analisi finale', 'ACTIVE'), what='the report')
         titles = [program.root.get_child_at_index(i).get_name() for i in range(program.root.get_child_count())]
         self.assertEqual(titles.count('Korvinel - Analisi finale'), 1)
@@ -155,11 +155,11 @@ class Report(ReportTest):
         closed = self.mean_alpha('eyes-closed')
         self.desktop.move_to_new_home()
         opened = self.mean_alpha('eyes-open')
-        for channel in ('T5', 'T6'):  # 7.8 against 4: the background has its own share of the band
+        for channel in ('T5', 'T6'):  # 7.8 and 4 microvolts: the background is in the band too
             self.assertLess(opened[channel], 0.75 * closed[channel], channel)
 
     def mean_alpha(self, model):
-        """Microvolts of alpha by channel, as the report says after a short examination; the program has ended."""
+        """Microvolts of alpha by channel, from the report of a short examination; ends the program."""
         program = self.examine(model)
         self.open_report(program)
         program.press('Calcolo valori medi banda')
@@ -244,7 +244,7 @@ class Printing(ReportTest):
             self.assertAlmostEqual(edge, expected, delta=0.3)
 
     def check_clipboard(self, program, ground):
-        """Another program finds the picture as it stood on the screen."""
+        """Another program finds the picture of the screen in the clipboard."""
         png = subprocess.run(['xclip', '-selection', 'clipboard', '-t', 'image/png', '-o'], check=True,
                              capture_output=True, timeout=20).stdout
         place = program.extents(ground)

@@ -1,5 +1,5 @@
-"""Two programs on one data folder, and recordings whose program is sent a signal or loses its screen: the data file is
-whole, with its note.
+"""Two programs on one data folder, and recordings whose program gets a signal or loses its screen: the data file is
+complete, with its note.
 
     /usr/bin/python3 sudden_end_test.py BUILD_FOLDER
 """
@@ -17,11 +17,11 @@ import recording_file
 BLOCK_BYTES = recording_file.BLOCK_BYTES
 NOTE = 'occhi chiusi'
 WITHIN = 2.0  # seconds from a signal to the end of the program, on a machine that is not overloaded
-OVERLOADED = 5  # times as long
+OVERLOADED = 5  # factor on one that is
 
 
 class Recording:
-    """A program in a home of its own that records from an instrument of its own."""
+    """A program with its own home that records from its own instrument."""
 
     def __init__(self, desktop, name):
         desktop.move_to_new_home()
@@ -39,7 +39,7 @@ class Recording:
         driver.wait(lambda: os.path.exists(self.temporary), 10, 'the temporary file')
 
     def note(self):
-        """By the keyboard: only for the program that was started last, whose window is active."""
+        """Writes a note by keyboard: only for the program started last, whose window is active."""
         self.wait_for_blocks(1)
         self.program.press('Annota')
         driver.wait(lambda: self.program.has_state('Nota', 'FOCUSED'), what='the keyboard in the note box')
@@ -50,7 +50,7 @@ class Recording:
         driver.wait(lambda: os.path.getsize(self.temporary) > count * BLOCK_BYTES, 30, '%d blocks' % count)
 
     def check(self, test):
-        """The data file has all that the temporary file had, which is gone."""
+        """The data file has everything that was in the temporary file, which is gone."""
         path = os.path.join(self.folder, self.name + '.QVD')
         found = recording_file.Recording(path)
         test.assertGreaterEqual(len(found.blocks), 2)
@@ -76,7 +76,7 @@ def end_by(recording, act):
 
 
 def setUpModule():
-    SuddenEnd.desktop = unittest.enterModuleContext(driver.Desktop('1366x768'))  # a process knows one accessibility bus
+    SuddenEnd.desktop = unittest.enterModuleContext(driver.Desktop('1366x768'))  # one per process
 
 
 class SuddenEnd(unittest.TestCase):
@@ -116,7 +116,7 @@ class SuddenEnd(unittest.TestCase):
         self.assertEqual(os.stat(first.folder).st_mode & 0o777, 0o700)
 
     def test_z_the_screen_goes_away(self):
-        """The last test, for it takes the desktop away."""
+        """Runs last, because it takes the desktop away."""
         plain, boxed = self.recordings('plain', 'boxed')
         boxed.program.press('Artefatti')
         driver.wait(boxed.program.boxes, what='the box')

@@ -1,4 +1,4 @@
-"""The main window at the sizes of usual screens: everything in its place, nothing over anything else.
+"""The main window at common screen sizes: everything in its place, nothing overlaps.
 
     /usr/bin/python3 window_sizes_test.py BUILD_FOLDER
 """
@@ -44,7 +44,7 @@ class WindowSizes(unittest.TestCase):
         driver.wait(lambda: program.extents(GROUND).width == width // scale, what='the new size')
 
     def places(self, program):
-        """Name and place of everything on the window's ground, but for the panel under the boxes."""
+        """Name and place of everything on the window's ground except the panel under the boxes."""
         ground = program.find(GROUND)
         children = [ground.get_child_at_index(i) for i in range(ground.get_child_count())]
         names = [child.get_name() or child.get_description() for child in children]

@@ -28,11 +28,11 @@ class Figures:
 
 
 def examine(program, number, until):
-    """One recorded examination; returns the lengths of its turns, seconds."""
+    """Records one examination; returns the lengths of its turns in seconds."""
     program.type('Nome del file', 'lungo%d' % number)
     program.press('Start')
     slider = program.find('Blocco iniziale', interface='Value')
-    # The slider still stands where the last examination left it.
+    # The slider still shows the last block of the previous examination.
     driver.wait(lambda: program.value('Blocco iniziale') == 1, 30, 'the first block')
     turns, shown, since = [], 0, None
     while shown < BLOCKS_AN_EXAMINATION and time.monotonic() < until:
@@ -45,7 +45,7 @@ def examine(program, number, until):
             if shown == 1 and not turns:
                 program.press('Registra')
         elif value < shown:
-            shown, since = value, None  # the recording begins its own count
+            shown, since = value, None  # "Registra" restarts the count
         time.sleep(0.01)
     program.press('Stop')
     program.answer('OK', 30)

@@ -1,4 +1,4 @@
-"""A file opened, shown, replayed and reported again and again in the real window: memory and open files stay.
+"""A file opened, replayed and reported again and again in the real window: memory and open files do not grow.
 
     /usr/bin/python3 many_looks.py BUILD_FOLDER [TIMES [SUBJECT]]
 
@@ -13,12 +13,12 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), '..'
 import driver
 from long_examination import Figures
 
-FIRST = 40  # what is made on first use has been made by then
+FIRST = 40  # by then, everything created on first use exists
 BLOCKS, SAMPLES = 6, 256
 
 
 def write_recording(path, subject):
-    """Ten hertz and noise, as docs/file-format.md says."""
+    """Ten hertz and noise, in the format of docs/file-format.md."""
     dice = random.Random(1)
     with open(path, 'wb') as file:
         file.write(b'"%s","21/11/2026 V3","4canali",0\r\n' % subject.encode('cp1252'))

@@ -2,9 +2,9 @@
 
     /usr/bin/python3 random_hands.py BUILD_FOLDER [MINUTES [SEED]]
 
-Each program lives for some acts. Then it is asked to end: by End, by closing its window, or by nothing for a while and
-then by closing. It has to end, never by a crash, and to leave whole recordings and no temporary file. Then the next one is started.
-Ends with "N passed, N failed".
+Each program runs for some actions and is then ended: by End, by closing its window, or by closing it after a pause. It
+must end without a crash and leave complete recordings and no temporary file; then the next one is started. Ends with
+"N passed, N failed".
 """
 import os
 import random
@@ -52,7 +52,7 @@ class Hands:
     def try_to(self, act):
         try:
             act()
-        except Exception as error:  # an object that has just gone, or a box in front of it
+        except Exception as error:  # an object that has just disappeared, or is behind a box
             if type(error).__name__ not in ('Error', 'GError', 'TimeoutError', 'StopIteration', 'AttributeError',
                                             'CalledProcessError'):
                 raise
@@ -102,7 +102,7 @@ class Hands:
         time.sleep(self.dice.choice([0.1, 0.5, 3.2]))
 
     def end_program(self):
-        """By each of the three ways as often; boxes in front are answered first."""
+        """Ends it in the three ways by turns; answers open boxes first."""
         way = WAYS_TO_END[sum(self.ends.values()) % 3]
         self.ends[way] += 1
         if way.startswith('nothing'):
@@ -127,7 +127,7 @@ class Hands:
         print('%s, after %d acts' % (text, self.acts))
 
     def look(self):
-        """A program that has ended may have done so only by its own exit, with its recordings at home."""
+        """If the program has ended, checks that it exited by itself and left its recordings complete."""
         code = self.program.process.poll()
         if code is None:
             return
