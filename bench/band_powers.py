@@ -1,11 +1,12 @@
 #!/usr/bin/python3
-"""The measures of a recording in plain floating point, for comparison with the recording tool's batch.
+"""Band amplitudes, correlation and coherence of recordings in plain floating point, for comparison with the recording
+tool's batch.
 
-    band_powers.py FILE.QVD...        a line of numbers a file: its name, blocks, and for each channel the mean
-                                      amplitude of the four bands, for each pair its mean correlation and coherence
+    band_powers.py FILE.QVD...        one line per file: its name, blocks, the mean amplitude of the four bands for
+                                      each channel, and the mean correlation and coherence for each pair
 
-What numpy and scipy do best is used as they do it best: a file is one array of blocks x channels x samples, and every
-step one call over all of it. No rounding to four decimals, no running means. Needs Debian's python3-scipy.
+Uses numpy and scipy at their best: a file is one array of blocks x channels x samples, and every step is one call over
+all of it. No rounding to four decimals, no running means. Needs Debian's python3-scipy.
 """
 import sys
 
@@ -20,7 +21,7 @@ MOST_BLOCKS = 199
 
 
 def blocks_of(path):
-    """An array of blocks x channels x samples; whole blocks only, the last of them left out as the program does."""
+    """An array of blocks x channels x samples: complete blocks only, without the last one, as in the program."""
     with open(path, 'rb') as file:
         content = file.read()
     header, _, rest = content.partition(b'\r\n')
@@ -32,7 +33,7 @@ def blocks_of(path):
 
 
 def low_passed(spectra):
-    """The samples again without the indexes 80 to 176, the gain and the folded imaginary part as the program has them."""
+    """The samples without the spectrum indexes 80 to 176, with the program's gain and folded imaginary part."""
     kept = spectra.copy()
     kept[:, :, 79:176] = 0
     signal = fft.ifft(kept, axis=2, overwrite_x=True)
@@ -45,7 +46,7 @@ def without_mean(spectra):
 
 
 def amplitudes(samples, spectra):
-    """Microvolts but for the calibration: the largest magnitude stands for three mean deviations."""
+    """Uncalibrated microvolts: the largest magnitude is scaled to three times the mean deviation."""
     magnitude = numpy.abs(spectra[:, :, :128])
     peak = numpy.maximum(magnitude.max(axis=2, keepdims=True), 0.1)
     deviation = numpy.abs(samples - samples.mean(axis=2, keepdims=True)).mean(axis=2, keepdims=True)

@@ -1,10 +1,10 @@
 #!/usr/bin/python3
-"""Measures a command over recordings against `band_powers.py`, one run after the other.
+"""Compares the run time of a command over recordings with that of `band_powers.py`, in alternating runs.
 
     compare_batch.py [--files N] [--blocks N] [--times N] COMMAND...
 
-COMMAND gets the files' names behind its own arguments, e.g. `korvinel-recording batch`. Prints the median and the
-range of the wall-clock and processor seconds of both, and the ratio of the medians. Debian package: python3-scipy
+COMMAND, e.g. `korvinel-recording batch`, gets the file names after its own arguments. Prints the median and the range
+of the wall-clock and processor seconds of both, and the ratio of the medians. Debian package: python3-scipy
 """
 import argparse
 import os

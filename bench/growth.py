@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Time and memory of a command against blocks in a file and against files, as small pictures.
+"""Draws time and memory of a command over the number of blocks in a file and over the number of files.
 
     growth.py FOLDER COMMAND...
 
-Writes FOLDER/growth-blocks.svg and FOLDER/growth-files.svg. COMMAND gets the files' names behind its own arguments.
+Writes FOLDER/growth-blocks.svg and FOLDER/growth-files.svg. COMMAND gets the file names after its own arguments.
 """
 import os
 import statistics
@@ -13,7 +13,7 @@ import tempfile
 import measuring
 
 BLOCKS = (10, 20, 50, 100, 150, 199)
-FILES_OF_A_PILE = 20  # so that a program's start does not hide the blocks
+FILES_OF_A_PILE = 20  # enough to outweigh the program's start
 FILES = (10, 30, 100, 300, 1000, 3000, 10000)
 BLOCKS_OF_A_FILE = 20
 TIMES = 3
@@ -32,7 +32,7 @@ def measured(command, files, blocks):
 
 
 def ceiling(value):
-    """The next of 1, 2, 5, 10 ... that is not below."""
+    """The smallest of ... 1, 2, 5, 10 ... that is not below the value."""
     step = 10.0 ** -6
     while True:
         for factor in (1, 2, 5):
@@ -42,7 +42,7 @@ def ceiling(value):
 
 
 def picture(title, label, places, results):
-    """Straight axes: growth that is linear shows as a straight line."""
+    """An SVG chart with linear axes: linear growth is a straight line."""
     right, top = places[-1], [ceiling(max(column)) for column in zip(*results)]
 
     def across(place):

@@ -1,5 +1,5 @@
-"""Runs programs and weighs them, and writes recordings to run them over: an alpha wave, a drift and noise on every
-channel, the same bytes on every machine."""
+"""Runs programs and measures their time and memory; writes recordings for them: an alpha wave, a drift and noise on
+every channel, the same bytes on every machine."""
 import collections
 import math
 import os
@@ -13,7 +13,7 @@ VARIANTS = 8
 
 
 def run(arguments):
-    """Runs a program to its end; one that fails ends the measuring."""
+    """Runs a program to its end; a failure ends the measurement."""
     start = time.monotonic()
     process = subprocess.Popen(arguments, stdout=subprocess.DEVNULL)
     _, status, use = os.wait4(process.pid, 0)
@@ -24,7 +24,7 @@ def run(arguments):
 
 
 def recording(blocks, seed):
-    """The bytes of a data file of so many blocks."""
+    """The bytes of a data file with this number of blocks."""
     source = random.Random(seed)
     noise = [source.gauss(0, 10) for _ in range(4096)]
     content = bytearray(b'"Misura","21/11/2026 V3","4canali",1\r\n1,"Nota: "\r\n')
@@ -42,7 +42,7 @@ def stored(value):
 
 
 def write_recordings(folder, files, blocks):
-    """So many files in the folder; a few contents take turns. Gives their paths."""
+    """Writes this number of files with a few different contents; returns their paths."""
     contents = [recording(blocks, seed) for seed in range(min(files, VARIANTS))]
     paths = [os.path.join(folder, 'r%05d.QVD' % number) for number in range(files)]
     for number, path in enumerate(paths):

@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""The figures of the program in its window, several times over.
+"""Measures the program in its window several times.
 
     figures.py BUILD_FOLDER [--times N] [--idle SECONDS] [--screen offscreen|xvfb]
 
-Prints median and range of each; see window_figures.cpp. The file opened is the largest: 199 blocks and one not counted.
+Prints median and range of each figure; see window_figures.cpp. Opens the largest file: 199 blocks and one not counted.
 """
 import argparse
 import os
@@ -20,7 +20,7 @@ import measuring  # noqa: E402
 
 
 def figures(program, recording, idle):
-    """One run's figures by name."""
+    """The figures of one run, by name."""
     with tempfile.TemporaryDirectory() as home:
         answer = subprocess.run([program, home, recording, str(idle), str(time.monotonic_ns())], check=True,
                                 capture_output=True, text=True).stdout
@@ -28,7 +28,7 @@ def figures(program, recording, idle):
 
 
 def waiting_share(desktop, seconds):
-    """The share of a core while blocks are acquired, from the second on."""
+    """The share of a core during an acquisition, from the second block on."""
     instrument = desktop.start_instrument(driver.INSTRUMENT, 1)
     program = desktop.start_program([driver.KORVINEL])
     program.type('Nome del file', 'misura')
@@ -66,7 +66,7 @@ def main():
             os.environ['QT_QPA_PLATFORM'] = 'offscreen'
             return report([figures(program, recording, given.idle) for _ in range(given.times + 1)][1:])
         with driver.Desktop('1366x768') as desktop:
-            # Nothing reads the window aloud here; the first run only warms the machine.
+            # No screen reader is simulated here. The first run only warms up the machine.
             os.environ.pop('QT_LINUX_ACCESSIBILITY_ALWAYS_ON', None)
             report([figures(program, recording, given.idle) for _ in range(given.times + 1)][1:])
             os.environ['QT_LINUX_ACCESSIBILITY_ALWAYS_ON'] = '1'

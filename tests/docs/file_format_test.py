@@ -1,4 +1,4 @@
-"""docs/file-format.md is enough to read a recording: its own reader is run on recordings whose content is known.
+"""docs/file-format.md is enough to read a recording: its sample reader is run on recordings with known content.
 
     /usr/bin/python3 file_format_test.py
 """
@@ -88,7 +88,7 @@ class FileFormatTest(unittest.TestCase):
         with open(os.path.join(SOURCE, 'docs/manuale/manuale.md'), encoding='utf-8') as file:
             command = re.search(r'^    (\(printf .*)$', file.read(), re.M).group(1)
         block = self.samples()
-        block[0][0] = 13  # no line end, though it looks like one
+        block[0][0] = 13  # a sample with the code of CR, not a line end
         with open(os.path.join(self.folder.name, 'Tempor1 2026-11-21 10.15.00.XXX'), 'wb') as file:
             file.write(b'"Rossi Anna","21/11/2026","4canali"\r\n' + self.v3(block) * 3)
         subprocess.run(['bash', '-c', command], cwd=self.folder.name, check=True)

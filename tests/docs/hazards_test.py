@@ -1,4 +1,4 @@
-"""Every test that docs/hazards.md names stands in the sources, and every row names one.
+"""Every test that docs/hazards.md names exists in the sources, and every row names one.
 
     /usr/bin/python3 hazards_test.py
 """
@@ -19,7 +19,7 @@ def read(path):
 
 
 def tests_of_sources():
-    """`Suite.Name` and `file.py:function`."""
+    """The names of all tests, as `Suite.Name` and `file.py:function`."""
     found = set()
     for path in glob.glob(os.path.join(SOURCE, 'tests/**/*_test.cpp'), recursive=True):
         found.update('.'.join(names) for names in CPP_TEST.findall(read(path)))
@@ -29,7 +29,7 @@ def tests_of_sources():
 
 
 def rows():
-    """The cells of every row of every table, without headings and rulers."""
+    """The cells of every row of every table, without headings and separator lines."""
     for line in read(os.path.join(SOURCE, 'docs/hazards.md')).split('\n'):
         cells = [cell.strip() for cell in line.strip('|').split('|')]
         if line.startswith('|') and cells != COLUMNS and set(line) - set('|-'):

@@ -1,9 +1,9 @@
-"""The user's manual says what the program says: every text it quotes stands in the sources, and every message of the
-sources stands in the manual.
+"""The user's manual quotes the program: every quoted text exists in the sources, and every message in the sources is in
+the manual.
 
     /usr/bin/python3 manual_test.py
 
-In the manual a text of the program stands in «guillemets»; <br> divides its lines, and what changes is left out.
+The manual quotes texts in «guillemets», with <br> between lines and without the variable parts.
 """
 import glob
 import os
@@ -15,18 +15,18 @@ SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file_
 LITERAL = r'"((?:[^"\\]|\\.)*)"'
 ESCAPES = {'r': '\n', 'n': '\n', '"': '"', '\\': '\\'}
 
-# What is shown to the user, or becomes the reason in a message.
+# Calls whose text is shown to the user or becomes the reason in a message.
 SHOWN = re.compile(r'\b(notice|ask|input|refuse|showStatus|RuntimeError|fail|failReading|print|printAt)\s*\('
                    r'|(statusLabel|dateLabel|box)\.setText\s*\('
                    r'|\b(messageText\d|headerText\d|text|printPrompt)\s*\+?=')
 NOT_SHOWN = {
-    'src/platform/page/page_writer.cpp',  # of the recording tool, which is no part of the window
-    'src/platform/posix/serial_line.cpp',  # a port that cannot be used counts as an instrument that is silent
+    'src/platform/page/page_writer.cpp',  # used by the recording tool, not by the window
+    'src/platform/posix/serial_line.cpp',  # an unusable port counts as a silent instrument
 }
 
 
 def sources():
-    """(name, code without comments) of every file whose texts a user can meet."""
+    """(name, code without comments) of every file with texts that a user can see."""
     for path in sorted(glob.glob(os.path.join(SOURCE, 'src/**/*.*'), recursive=True)):
         name = os.path.relpath(path, SOURCE)
         if not name.endswith(('.cpp', '.h')) or '/headless/' in name or '/windows/' in name or name in NOT_SHOWN:
@@ -35,7 +35,7 @@ def sources():
             code = file.read()
         code = '\n'.join(line for line in code.split('\n') if not line.lstrip().startswith(('//', '#include')))
         code = code.replace("'\"'", '')
-        yield name, re.sub(r'"\s*\n\s*"', '', code)  # neighbouring literals are one text
+        yield name, re.sub(r'"\s*\n\s*"', '', code)  # adjacent literals are one text
 
 
 def lines_of(literal):
@@ -48,7 +48,7 @@ def texts_of_sources():
 
 
 def messages_of_sources():
-    """(file, line of a message); single words and pieces of a line are no messages."""
+    """(file, line of a message); single words and parts of a line do not count as messages."""
     for name, code in sources():
         for statement in re.split(r'[;{}]', code):
             if not SHOWN.search(statement):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the seed corpora: small valid files, and the ways in which they are known to be damaged."""
+"""Writes the seed corpora: small valid files, and files with each known kind of damage."""
 import pathlib
 import shutil
 
@@ -59,7 +59,7 @@ write("side_file", {"whole": owner + names + notes, "cut": owner + names + notes
 
 
 def edf(labels, unit=b"uV", rate=128, records=3, magic=b"0       ", width=2, reserved=b""):
-    """An EDF file (BDF with magic 255 BIOSEMI and a width of 3) with a ramp in every signal."""
+    """An EDF file with a ramp in every signal; BDF with the magic "255 BIOSEMI" and a width of 3."""
     count = len(labels)
     def column(values, width):
         return b"".join(value.ljust(width) for value in values)

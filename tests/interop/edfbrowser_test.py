@@ -1,8 +1,8 @@
-"""Exported EDF+ in EDFbrowser, in a virtual display; its window is left among the screenshots.
+"""Opens an exported EDF+ file in EDFbrowser, in a virtual display, and keeps a screenshot.
 
     /usr/bin/python3 edfbrowser_test.py BUILD_FOLDER
 
-Debian packages: edfbrowser, and those of the window tests
+Debian packages: edfbrowser and those of the window tests
 """
 import os
 import subprocess
@@ -24,11 +24,11 @@ class ExportedRecording(unittest.TestCase):
         tool = os.path.join(os.path.dirname(driver.KORVINEL), 'tools/recording_tool/korvinel-recording')
         subprocess.run([tool, 'export', RECORDING, '-o', edf], check=True)
         browser = desktop.start_program(['edfbrowser', edf])
-        # A file that it complains about is not offered for display.
+        # EDFbrowser does not offer a file with errors for display.
         browser.press('Select All')
         browser.press('Add signal(s)')
         driver.wait(lambda: not browser.boxes(), 20, 'the signals')
-        time.sleep(2)  # it draws when nothing else is to be done
+        time.sleep(2)  # it draws when idle
         desktop.screenshot('edfbrowser')
         self.assertTrue(any('examination.edf' in (each.get_name() or '') for each in browser.walk()))
 

@@ -1,4 +1,4 @@
-"""Exported EDF+ in MNE-Python: signals, annotations and header, sample by sample.
+"""Reads an exported EDF+ file with MNE-Python: header, annotations, and signals sample by sample.
 
     /usr/bin/python3 mne_test.py BUILD_FOLDER
 
@@ -22,7 +22,7 @@ TOOL = ''
 
 
 def recorded_microvolts():
-    """[channel][sample], straight from the bytes of the recording."""
+    """[channel][sample], directly from the bytes of the recording."""
     with open(RECORDING, 'rb') as file:
         raw = numpy.frombuffer(file.read()[-BLOCKS * BLOCK_BYTES:], dtype=numpy.uint8)
     records = raw.reshape(BLOCKS, 4, 259)[:, :, :256].astype(int) - 128

@@ -1,10 +1,10 @@
-"""installed_program.py PROGRAMS_FOLDER: an examination with the installed program and the installed instrument, as the
-menu's entry "prova senza strumento" starts them; says that its recording is there."""
+"""installed_program.py PROGRAMS_FOLDER: performs an examination with the installed program and instrument, started as
+by the menu entry "prova senza strumento", and checks that its recording is there."""
 import os
 import sys
 
 HERE = os.path.dirname(os.path.abspath(__file__))
-sys.path[:0] = [HERE, os.path.join(HERE, '../window')]  # the driver, copied beside this file or in its own place
+sys.path[:0] = [HERE, os.path.join(HERE, '../window')]  # the driver: copied beside this file, or in its folder
 import driver
 
 PROGRAMS = sys.argv[1]
@@ -14,7 +14,7 @@ BLOCK_BYTES = 1036
 
 
 def child_of(process):
-    """The korvinel that the script has started."""
+    """The process of the korvinel that the script has started."""
     for task in os.listdir('/proc'):
         if not task.isdigit():
             continue
@@ -29,7 +29,7 @@ def child_of(process):
 
 
 class Trial(driver.Program):
-    """The program that a script runs: found by its own number, ended with the script's."""
+    """The program that a script runs: found by its own process number, ended with the script."""
 
     def __init__(self, process):
         self.number = driver.wait(lambda: child_of(process), 30, 'the program')

@@ -1,9 +1,9 @@
-"""The Debian package: builds it, looks at what it holds, installs it, uses it as an ordinary user, and removes it.
+"""The Debian package: builds it, checks its content, installs it, uses it as an ordinary user, and removes it.
 
     /usr/bin/python3 package_test.py BUILD_FOLDER
 
-As root the package is installed on this machine and removed again; where it is installed already, or without root, dpkg
-unpacks it into a root of its own. Debian packages: the groups "run" and "package" of packages.debian.
+As root the package is installed on this machine and removed again. If it is installed already, or without root, dpkg
+unpacks it into a separate root. Debian packages: the groups "run" and "package" of packages.debian.
 """
 import glob
 import gzip
@@ -18,13 +18,13 @@ import xml.etree.ElementTree
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 SOURCE = os.path.dirname(os.path.dirname(HERE))
-BUILD = PACKAGE = None  # main() names them
+BUILD = PACKAGE = None  # set by main()
 PROGRAMS = ['korvinel', 'korvinel-instrument', 'korvinel-prova']
 SIZES = (16, 24, 32, 48, 64, 128, 256)
 
 
 def run(*arguments, **options):
-    """What the command says; an AssertionError with it where the command fails."""
+    """Runs a command and returns its output; raises an AssertionError with the output if it fails."""
     options.setdefault('stdin', subprocess.DEVNULL)
     result = subprocess.run(arguments, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors='replace',
                             check=False, **options)
@@ -47,7 +47,7 @@ def setUpModule():
 
 
 class PackageTest(unittest.TestCase):
-    """What the package holds."""
+    """The content of the package."""
 
     @classmethod
     def setUpClass(cls):
@@ -171,13 +171,13 @@ class InstalledTest(unittest.TestCase):
         run(*self.dpkg, '--purge', 'korvinel')
 
     def files(self):
-        """Every path of the root in which the program's name occurs."""
+        """Every path in the root that contains the program's name."""
         places = [os.path.join(self.root, place) for place in ('usr', 'etc', 'var/lib', 'var/cache')]
         return set(run('find', *filter(os.path.isdir, places), '-xdev', '-iname', '*korvinel*',
                        '-not', '-path', '*/app-info/*').split('\n'))
 
     def use(self):
-        """The menu's trial without an instrument, as an ordinary user in a virtual display."""
+        """Runs the menu's trial without an instrument as an ordinary user in a virtual display."""
         for script in (os.path.join(HERE, 'installed_program.py'), os.path.join(SOURCE, 'tests/window/driver.py')):
             shutil.copy(script, self.scratch)
         place = os.path.join(self.scratch, 'home')

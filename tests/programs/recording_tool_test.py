@@ -1,4 +1,4 @@
-"""The real korvinel-recording from its command line, as a terminal, a script and GNU parallel run it.
+"""The real korvinel-recording program, run as from a terminal, a script and GNU parallel.
 
     /usr/bin/python3 recording_tool_test.py BUILD_FOLDER
 

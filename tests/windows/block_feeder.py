@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""An instrument whose blocks do not depend on the clock: block_feeder.py LINK LOG makes LINK point to a pseudo-terminal,
-answers the test command with "OK", and after every start command sends whole blocks of 1024 bytes, the first at once and
-one every three seconds, always the same ones, until the stop command. What it does is told in LOG, a line each."""
+"""An instrument whose blocks do not depend on the clock: block_feeder.py LINK LOG makes LINK point to a pseudo-terminal
+and answers the test command with "OK". After every start command it sends the same whole blocks of 1024 bytes, the first
+at once and then one every three seconds, until the stop command. It logs each action as a line in LOG."""
 import math
 import os
 import pty
@@ -15,7 +15,7 @@ BLOCK_SECONDS = 3.0
 
 
 def block(number):
-    """Alpha of 10 Hz on all four channels, its size and phase other in every block, far from the artefact threshold."""
+    """10 Hz on all four channels, with another amplitude and phase in every block, far from the artefact threshold."""
     samples = bytearray()
     for sample in range(256):
         for channel in range(4):

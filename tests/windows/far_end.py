@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""The far end of a serial line under test: far_end.py LINK makes LINK point to a pseudo-terminal and then does what
-it is told over it, in lines: "echo TEXT" sends TEXT back, "codes" sends the bytes 0..255, "count N" sends N bytes
-0..250 0..250 ..., "unplug" takes the device away for a second and then brings a new one."""
+"""The far end of a serial line under test: far_end.py LINK makes LINK point to a pseudo-terminal and obeys the commands
+received on it, one per line: "echo TEXT" sends TEXT back, "codes" sends the bytes 0..255, "count N" sends N bytes
+0..250 0..250 ..., "unplug" removes the device and makes a new one after a second."""
 import os
 import pty
 import sys

@@ -28,8 +28,8 @@ def content(*path):
 
 
 def silently(program):
-    """The exit code. The uninstaller must be told to stay where it is, or it copies itself and is done before it has begun;
-    the folder that is told may have no blank, which wine would put in quotes."""
+    """Runs it silently; returns its exit code. Without "_?=" the uninstaller would copy itself and exit at once. The
+    folder has no blank, because wine would quote it."""
     where = '_?=C:\\Korvinel' if program.endswith('disinstalla.exe') else '/D=C:\\Korvinel'
     return subprocess.run(['wine', program, '/S', where], timeout=120, check=False, stdout=subprocess.DEVNULL,
                           stderr=subprocess.DEVNULL).returncode

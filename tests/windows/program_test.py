@@ -1,9 +1,9 @@
-"""The whole program as it runs on Windows, under wine in a virtual display: from its first start to the printed page.
+"""The whole Windows program under wine in a virtual display, from its first start to the printed page.
 
     /usr/bin/python3 program_test.py NATIVE_BUILD WINDOWS_FOLDER
 
-WINDOWS_FOLDER holds korvinel.exe with its libraries, NATIVE_BUILD the program for this machine: both record the same
-bytes, and their files must be equal.
+WINDOWS_FOLDER holds korvinel.exe with its libraries, NATIVE_BUILD the program for this machine. Both record the same
+input, and their files must be equal.
 """
 import glob
 import os
@@ -44,12 +44,12 @@ class Feeder:
 
 
 def blocks_in(path):
-    """A recorded block stands in the temporary file as four records of 256 samples, '-', carriage return, line feed."""
+    """The number of blocks in a temporary file: each is four records of 256 samples, '-', carriage return, line feed."""
     return os.path.getsize(path) // (4 * 259) if os.path.exists(path) else 0
 
 
 def without_the_moment(path):
-    """The bytes of a recording, the header's date and time of day taken out."""
+    """The bytes of a recording without the date and time in its header."""
     with open(path, 'rb') as file:
         header, _, rest = file.read().partition(b'\r\n')
     return re.sub(rb'\d\d?[/:.-]\d\d?[/:.-]\d\d(\d\d)?', b'', header), rest
@@ -66,7 +66,7 @@ def choose_port_5(root):
 class TheProgramOnWindows(unittest.TestCase):
     def setUp(self):
         self.desktop = self.enterContext(driver.Desktop('1366x1000'))
-        os.environ['CUPS_SERVER'] = os.path.join(self.desktop.home, 'no-print-server')  # the page goes into a file
+        os.environ['CUPS_SERVER'] = os.path.join(self.desktop.home, 'no-print-server')  # no printer: the page becomes a file
         self.root = os.path.join(self.enterContext(Windows(PREFIX, PORT)).drive, 'QUARVEL5')
         self.recordings = os.path.join(self.root, 'DATAFILE')
 

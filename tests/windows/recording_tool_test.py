@@ -1,5 +1,5 @@
-"""korvinel-recording as it runs on Windows, under wine, beside the one of this machine: both get the same command lines
-and files, and must answer alike.
+"""korvinel-recording for Windows, under wine, compared with the one for this machine: both get the same command lines
+and files, and must give the same results.
 
     /usr/bin/python3 recording_tool_test.py NATIVE_BUILD WINDOWS_FOLDER
 
@@ -45,7 +45,7 @@ def write(path, bytes_):
 
 
 def tree(folder):
-    """name -> bytes of everything below a folder"""
+    """name -> bytes of every file below a folder"""
     found = {}
     for place, _, names in os.walk(folder):
         for name in names:
@@ -54,7 +54,7 @@ def tree(folder):
 
 
 def edf_of_sines(rate, seconds):
-    """An EDF file of four sines, in records of a second."""
+    """An EDF file with four sines, in records of one second."""
     hertz = (4, 8, 12, 20)
     per_signal = [['EEG F1', 'EEG F2', 'EEG T5', 'EEG T6'], [''] * 4, ['uV'] * 4, ['-100'] * 4, ['100'] * 4,
                   ['-32768'] * 4, ['32767'] * 4, [''] * 4, [str(rate)] * 4, [''] * 4]
@@ -71,7 +71,7 @@ def edf_of_sines(rate, seconds):
 class RecordingToolOnWindows(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        os.environ['DISPLAY'] = ''  # nothing of it needs a screen
+        os.environ['DISPLAY'] = ''  # no command needs a screen
         cls.windows = cls.enterClassContext(Windows(os.path.join(os.path.dirname(WINDOWS), 'wine'), '/nowhere'))
 
     def setUp(self):
@@ -87,7 +87,7 @@ class RecordingToolOnWindows(unittest.TestCase):
             write(os.path.join(folder, name), bytes_)
 
     def run_in(self, folder, tool, arguments):
-        # Not into pipes: what wine starts in the background keeps them open, and nobody would see their end.
+        # Not pipes: wine's background processes keep them open, so that their end would never come.
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
             code = subprocess.run(tool + list(arguments), cwd=folder, env=self.environment, stdout=output, stderr=errors,
                                   check=False, timeout=120).returncode
@@ -99,7 +99,7 @@ class RecordingToolOnWindows(unittest.TestCase):
         return self.run_in(self.there, THERE_TOOL, arguments)
 
     def alike(self, *arguments, expect=0):
-        """Runs a command line on both systems; exit code, standard output and standard error, which are equal."""
+        """Runs a command line on both systems; returns exit code, standard output and standard error, all equal."""
         native = self.run_in(self.here, HERE_TOOL, arguments)
         self.assertEqual(native[0], expect, native)
         self.assertEqual(self.on_windows(*arguments), native, arguments)
@@ -197,7 +197,7 @@ class RecordingToolOnWindows(unittest.TestCase):
         self.assertEqual(sorted(os.listdir(os.path.join(root, 'DATAFILE'))), ['a.csv', 'esame.QVD'])
 
     def page(self, ending):
-        """The report's page of both systems as pictures of one size."""
+        """The report's page from both systems, as pictures of the same size."""
         pictures = []
         for folder, name in ((self.here, 'linux'), (self.there, 'windows')):
             picture = os.path.join(SCREENSHOTS, 'windows-report-%s-%s.png' % (ending, name))

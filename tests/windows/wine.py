@@ -1,5 +1,5 @@
-"""Drives the program under wine in a virtual display, in a Windows of its own. wine tells nothing to the accessibility
-bus; the windows are worked with the mouse and the keyboard, at the places of their plans.
+"""Drives the program under wine in a virtual display, in a private wine prefix. wine does not support the accessibility
+bus, so the windows are operated by mouse and keyboard, at the positions in their layouts.
 """
 import os
 import re
@@ -17,8 +17,8 @@ BUTTONS = ('Start', 'Stop', 'Registra', 'Annota', 'Canali', 'Artefatti', 'Apri F
 
 
 class Windows:
-    """with Windows(FOLDER, PORT): a Windows made anew in FOLDER, with COM5 at the device PORT. COM1 stays untouched: it may
-    be the machine's console under wine."""
+    """with Windows(FOLDER, PORT): a fresh wine prefix in FOLDER, with COM5 at the device PORT. COM1 is not touched: under
+    wine it may be the machine's console."""
 
     def __init__(self, folder, port):
         self.folder, self.port = folder, port
@@ -38,7 +38,7 @@ class Windows:
 
 
 def plan(header):
-    """The rectangles of a window's plan: name -> (x, y, width, height)."""
+    """The rectangles of a window's layout: name -> (x, y, width, height)."""
     with open(os.path.join(SOURCE, header), encoding='utf-8') as file:
         text = file.read()
     rects = re.findall(r'Rect (\w+)\{(\w+), (\d+), (\d+), (\d+)\}', text)
@@ -46,7 +46,7 @@ def plan(header):
 
 
 class WineProgram:
-    """The program under wine; what is asked of it goes to its windows on the X server."""
+    """The program under wine, operated through its windows on the X server."""
 
     def __init__(self, desktop, path):
         self.process = desktop.start(['wine', path])
@@ -72,7 +72,7 @@ class WineProgram:
         driver.wait(lambda: not self.windows(title), timeout, 'the end of the window ' + title)
 
     def click(self, name, window=None, rects=None, size=(1024, 730)):
-        """In the middle of a rectangle of the window's plan, which is drawn for a client area of this size."""
+        """Clicks the middle of a rectangle of the layout, which is made for a client area of this size."""
         window = window or self.main
         shell = subprocess.run(['xdotool', 'getwindowgeometry', '--shell', str(window)], capture_output=True, check=True)
         true = dict(line.split('=') for line in shell.stdout.decode().split())
@@ -86,11 +86,11 @@ class WineProgram:
         return active == str(self.main).encode()
 
     def type(self, text):
-        time.sleep(0.5)  # wine hands the keyboard on in its own time, and no look from outside tells when
+        time.sleep(0.5)  # wine moves the keyboard focus with a delay that cannot be observed
         driver.mouse('type', '--delay', '50', text)
 
     def answer(self, title):
-        """Waits for the box of this title and takes its default button."""
+        """Waits for the box with this title and presses its default button."""
         self.window(title)
         time.sleep(0.5)
         driver.keys('Return')
