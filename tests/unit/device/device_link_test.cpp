@@ -44,6 +44,14 @@ struct LinkTest : testing::Test {
   platform::HeadlessPlatform& host = program.host;
 };
 
+void expectText(const std::vector<platform::Mark>& marks, double x, double y, platform::Colour ink,
+                const std::string& text) {
+  const auto mark = std::find_if(marks.begin(), marks.end(), [&](const auto& other) { return other.text == text; });
+  ASSERT_NE(mark, marks.end()) << text;
+  EXPECT_EQ(std::pair(mark->x1, mark->y1), std::pair(x, y)) << text;
+  EXPECT_EQ(mark->colour, ink) << text;
+}
+
 std::string blockOf(char byte) { return std::string(1024, byte); }
 
 TEST(CommandBytes, SumToZeroModulo256) {
@@ -70,11 +78,32 @@ TEST_F(LinkTest, HandshakeTakesTheAnnouncedFourSeconds) {
   EXPECT_LT(host.time.seconds() - start, 4.2);
 }
 
-TEST_F(LinkTest, AnnouncesTheWaitOnTheFirstTrace) {
-  bool announced = false;
-  host.time.after(2, [&] { announced = program.window.firstTrace.shows("Aspetta 4 secondi.."); });
+TEST_F(LinkTest, TheLinesAreRaisedAfterOneSecondAndTheTestCommandFollowsThreeSecondsLater) {
+  const double start = host.time.seconds();
+  double raised = 0, asked = 0;
+  host.time.when([&] { return host.serialPort.history().back() == "dtr"; }, [&] { raised = host.time.seconds(); });
+  host.time.when([&] { return host.serialPort.written() == testCommand; }, [&] { asked = host.time.seconds(); });
   openLink();
-  EXPECT_TRUE(announced);
+  EXPECT_GT(raised - start, 1.0);
+  EXPECT_LT(raised - start, 1.05);
+  EXPECT_GT(asked - raised, 2.98);  // seen one step late
+  EXPECT_LT(asked - raised, 3.05);
+}
+
+TEST_F(LinkTest, TheSelectorHoldsTheLengthOfEachWait) {
+  Int16 first = 0, second = 0;
+  host.time.after(0.5, [&] { first = program.state.sharedSelector; });
+  host.time.after(2.5, [&] { second = program.state.sharedSelector; });
+  openLink();
+  EXPECT_EQ(first, 1);
+  EXPECT_EQ(second, 3);
+}
+
+TEST_F(LinkTest, AnnouncesTheWaitInWhiteAtTheUpperLeftOfTheFirstTrace) {
+  std::vector<platform::Mark> announced;
+  host.time.after(0.5, [&] { announced = program.window.firstTrace.marks(); });
+  openLink();
+  expectText(announced, 2, 2, platform::Colour::white, "Aspetta 4 secondi..");
 }
 
 TEST_F(LinkTest, AReadyLinkDrawsTheZeroLineAndThePrompt) {
@@ -82,7 +111,39 @@ TEST_F(LinkTest, AReadyLinkDrawsTheZeroLineAndThePrompt) {
   const auto& marks = program.window.firstTrace.marks();
   ASSERT_EQ(marks.size(), 1U);
   EXPECT_EQ(marks[0], (platform::Mark{platform::Mark::Kind::line, platform::Colour::green, 1, 128, 258, 128}));
-  EXPECT_TRUE(program.window.messagePanel.shows("Premere Start per cominciare.."));
+  expectText(program.window.messagePanel.marks(), 2, 30, platform::Colour::white, "Premere Start per cominciare..");
+}
+
+TEST_F(LinkTest, TheLinkIsNotReadyWhileTheAnswerIsAwaitedAndAfterSilence) {
+  openLink();
+  ASSERT_EQ(program.state.linkReady, 1);
+  host.instrument.answer = "";
+  Int16 readyMeanwhile = 1;
+  host.time.after(5, [&] { readyMeanwhile = program.state.linkReady; });
+  openLink();
+  EXPECT_EQ(readyMeanwhile, 0);
+  EXPECT_EQ(program.state.linkReady, 0);
+}
+
+TEST_F(LinkTest, AnAnswerThatComesWithTheTimeOutIsTooLate) {
+  host.instrument.answer = "";
+  host.serialPort.onWritten = [&](const std::string& command) {
+    if (command != testCommand) return;
+    host.time.setStep(0.3);  // so that the answer and the end of the two seconds are found in the same look
+    host.time.after(2.05, [&] { host.serialPort.deliver("OK"); });
+  };
+  openLink();
+  EXPECT_EQ(program.state.linkReady, 0);
+  EXPECT_EQ(host.dialogs.shown.size(), 1U);
+}
+
+TEST_F(LinkTest, AnAnswerJustBeforeTheTimeOutCounts) {
+  host.instrument.answer = "";
+  host.serialPort.onWritten = [&](const std::string& command) {
+    if (command == testCommand) host.time.after(1.98, [&] { host.serialPort.deliver("OK"); });
+  };
+  openLink();
+  EXPECT_EQ(program.state.linkReady, 1);
 }
 
 TEST_F(LinkTest, SilenceForTwoSecondsIsAnError) {
