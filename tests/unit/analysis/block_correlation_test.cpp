@@ -54,6 +54,13 @@ TEST(CorrelationPercent, AFlatChannelGivesZero) {
   EXPECT_EQ(correlation(flat, flat), 0.0F);
 }
 
+TEST(CorrelationPercent, SignalsSoSmallThatTheProductOfTheirSumsVanishesAsA32BitFloatCountAsFlat) {
+  const auto wave = [](double amplitude) { return samplesOf([=](int s) { return sineAt(s, 9, amplitude); }); };
+  EXPECT_EQ(correlation(wave(1e-11), wave(1e-11)), 100.0F);
+  EXPECT_EQ(correlation(wave(1e-13), wave(1e-13)), 0.0F);
+  EXPECT_EQ(correlation(wave(1e-13), wave(50)), 100.0F);  // one of the sums is large enough
+}
+
 TEST(CorrelationPercent, IsSymmetricAndNeverBeyondItsRange) {
   for (unsigned seed = 1; seed <= 200; ++seed) {
     Noise noise(seed);

@@ -176,11 +176,21 @@ TEST(LargestAmplitude, LooksAtBothEndsOfTheRangeAndNoFurther) {
   EXPECT_EQ(largestAmplitude(spectrum.data(), eeg::mainsRange), Fixed(6));
 }
 
-TEST(LargestAmplitude, TheFirstOfEqualMaximaIsKept) {
-  Bounded<float, 130> spectrum;
-  spectrum[103] = 7.00004F;  // both are 7 in four decimals
-  spectrum[104] = 7.00002F;
-  EXPECT_EQ(largestAmplitude(spectrum.data(), eeg::mainsRange), Fixed(7));
+TEST(LargestAmplitude, WhicheverComesFirstTheLargestIsKeptAndRoundedToFourDecimals) {
+  // The value alone is kept, so equal maxima cannot be told apart; those that only rounding makes equal neither.
+  const std::pair<std::pair<float, float>, std::int64_t> cases[] = {{{7.00004F, 7.00002F}, 70'000},
+                                                                    {{7.00002F, 7.00004F}, 70'000},
+                                                                    {{7.00006F, 7.00002F}, 70'001},
+                                                                    {{7.00002F, 7.00006F}, 70'001},
+                                                                    {{7, 7}, 70'000},
+                                                                    {{9, 7}, 90'000}};
+  for (const auto& [amplitudes, counts] : cases) {
+    Bounded<float, 130> spectrum;
+    spectrum[103] = amplitudes.first;
+    spectrum[104] = amplitudes.second;
+    EXPECT_EQ(largestAmplitude(spectrum.data(), eeg::mainsRange).count(), counts)
+        << amplitudes.first << ", " << amplitudes.second;
+  }
 }
 
 TEST(RunningMean, ACountOfZeroIsAFault) { EXPECT_THROW((void)runningMean(1, 2, 0), RuntimeError); }

@@ -90,6 +90,15 @@ TEST_F(ArtefactRejection, ARejectedBlockIsShownInBlueAndAskedForAgain) {
   EXPECT_FALSE(program_.host.pauseTimer.enabled());
 }
 
+TEST_F(ArtefactRejection, BothTracesAreClearedBeforeARejectedBlockIsShown) {
+  fillAllChannels(state_, [](int) { return 128; });
+  state_.drawRawTraces();
+  state_.drawCorrectedTraces();
+  readBlockBeyondTheThreshold();
+  EXPECT_EQ(program_.window.firstTrace.marks().size(), 256U);  // 255 lines and the word
+  EXPECT_EQ(program_.window.secondTrace.marks().size(), 255U);
+}
+
 TEST_F(ArtefactRejection, TheWordIsWhiteAtTheUpperLeft) {
   readBlockBeyondTheThreshold();
   const auto& word = program_.window.firstTrace.marks().back();

@@ -43,6 +43,22 @@ TEST_F(ChannelSelection, TheFirstPressSelectsTheSecondPairAndTheNextTheFirst) {
   EXPECT_EQ(state_.pairLabel2, "C2");
 }
 
+TEST_F(ChannelSelection, AfterANewStartWithTheSecondPairShownTheFirstPressSelectsItAgain) {
+  program_.startAcquisition();
+  press();
+  ASSERT_EQ(state_.channelPair, 2);
+  program_.window.Stopd1.press();
+  program_.host.time.runUntil([&] { return state_.intervalSelectable == 1; });
+  program_.host.time.runFor(0.1);
+  program_.window.Starts1.press();
+  ASSERT_EQ(state_.acquisitionRunning, 1);
+  EXPECT_EQ(state_.channelPair, 2);
+  press();
+  EXPECT_EQ(state_.channelPair, 2);
+  press();
+  EXPECT_EQ(state_.channelPair, 1);
+}
+
 TEST_F(ChannelSelection, WithoutARecordingNothingIsRedrawn) {
   const auto before = program_.window.Picture6.marks();
   press();

@@ -46,12 +46,15 @@ TEST(StartUp, AsksForHigherPriorities) {
   EXPECT_THAT(program.host.machine.asked, ElementsAre("thread 1", "process 128"));
 }
 
-TEST(StartUp, FillsTheCalibrationUpToIndex128) {
+TEST(StartUp, TheCalibrationHas64FactorsOfTheFileAndThenOnesUpToIndex128) {
   HeadlessProgram program;
+  std::string factors;
+  for (int i = 1; i <= 64; ++i) factors += std::to_string(i + 1) + ".5\r\n";
+  program.host.files.content["C:\\QUARVEL5\\Factors.val"] = factors;
   program.state.startUp();
-  EXPECT_EQ(program.state.binCalibration[64], 1.0F);
-  EXPECT_EQ(program.state.binCalibration[128], 1.0F);
-  EXPECT_EQ(program.state.binCalibration[129], 0.0F);
+  for (int i = 1; i <= 64; ++i) EXPECT_EQ(program.state.binCalibration[i], static_cast<float>(i) + 1.5F) << i;
+  for (int i = 65; i <= 128; ++i) EXPECT_EQ(program.state.binCalibration[i], 1.0F) << i;
+  for (const int i : {0, 129, 130}) EXPECT_EQ(program.state.binCalibration[i], 0.0F) << i;
 }
 
 TEST(StartUp, PutsTheCaptionsAndTheFocus) {
