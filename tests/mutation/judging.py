@@ -1,0 +1,130 @@
+"""Which test reaches which place, and whether one of them notices a change there."""
+import collections
+import glob
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import time
+
+from changed_build import PROGRAMS
+from sources import run
+
+UNCHANGED = 0  # no place has this number
+NEAREST = 12
+STATICS = '*'  # what objects do that live as long as the program; every test depends on it
+SCRIPT = ('recording_tool_test.py', 'whole')
+
+
+class Tests:
+    """`reaching`: place -> [(milliseconds, program, test)], the quickest first."""
+
+    def __init__(self, copy, build, programs=PROGRAMS):
+        self.copy, self.build, self.programs = copy, build, programs
+        self.script = os.path.join(copy, 'tests/programs', SCRIPT[0])
+        self.reaching = collections.defaultdict(list)
+        self.all = []
+
+    # --- Reach --------------------------------------------------------------------------------------------------------
+
+    def measure(self):
+        """The unchanged program must pass."""
+        with tempfile.TemporaryDirectory() as folder:
+            for program in self.programs:
+                self.read_reach(program, self.reach_of(program, os.path.join(folder, program)))
+            if os.path.exists(self.script):
+                self.measure_script(os.path.join(folder, 'script'))
+        for tests in self.reaching.values():
+            tests.sort()
+        self.all.sort()
+
+    def reach_of(self, program, path):
+        environment = dict(os.environ, KORVINEL_REACH=path, TMPDIR=os.path.dirname(path))
+        outcome = run([self.path(program)], env=environment)
+        if outcome.returncode:
+            sys.exit('The unchanged program fails:\n' + outcome.stdout[-4000:])
+        with open(path, encoding='utf-8') as file:
+            return file.read()
+
+    def read_reach(self, program, text):
+        for line in text.splitlines():
+            test, milliseconds, reached = line.split('\t')
+            if test != STATICS:
+                self.all.append((int(milliseconds), program, test))
+            for place in reached.split():
+                self.reaching[int(place)].append((int(milliseconds), program, test))
+
+    def measure_script(self, path):
+        began = time.monotonic()
+        if run(self.command(*SCRIPT), env=dict(os.environ, KORVINEL_REACH=path)).returncode:
+            sys.exit('The unchanged recording tool fails its test')
+        test = (int(1000 * (time.monotonic() - began)), *SCRIPT)
+        self.all.append(test)
+        for part in glob.glob(path + '*.map'):
+            with open(part, 'rb') as file:
+                for place, reached in enumerate(file.read()):
+                    if reached:
+                        self.reaching[place].append(test)
+
+    # --- Judging ------------------------------------------------------------------------------------------------------
+
+    def judge(self, number):
+        tests = self.reaching.get(number, [])
+        if not tests:
+            return 'survived (no test comes there)'
+        if any(test == STATICS for _, _, test in tests):
+            tests = self.all
+        noticed = self.first_notice(number, tests[:NEAREST]) or self.first_notice(number, tests[NEAREST:])
+        return 'noticed by ' + noticed if noticed else 'survived (%d tests come there)' % len(tests)
+
+    def first_notice(self, number, tests):
+        by_program = collections.defaultdict(list)
+        for milliseconds, program, test in tests:
+            by_program[program].append((milliseconds, test))
+        for program, ones in by_program.items():
+            seconds = 10 + 20 * sum(milliseconds for milliseconds, _ in ones) / 1000
+            noticed = self.confirmed(number, program, [test for _, test in ones], seconds)
+            if noticed:
+                return noticed
+        return ''
+
+    def confirmed(self, number, program, tests, seconds):
+        """A busy machine must not pass for a test that notices: the time limit must be hit twice, and the test that
+        fails must pass without the change."""
+        while tests:
+            noticed = self.ask(number, program, tests, seconds)
+            if noticed == 'time limit':
+                return self.ask(number, program, tests, 2 * seconds)
+            if noticed not in tests or not self.ask(UNCHANGED, program, [noticed], seconds):
+                return noticed
+            tests = [test for test in tests if test != noticed]
+        return ''
+
+    def ask(self, number, program, tests, seconds):
+        """The test that notices, 'crash', 'time limit' or ''."""
+        with tempfile.TemporaryDirectory() as folder:
+            environment = dict(os.environ, KORVINEL_CHANGE=str(number), TMPDIR=folder)
+            try:
+                outcome = run(self.command(program, ':'.join(tests)), env=environment, timeout=seconds,
+                              stdin=subprocess.DEVNULL)
+            except subprocess.TimeoutExpired:
+                return 'time limit'
+        if outcome.returncode == 0:
+            return ''
+        return program if program == SCRIPT[0] else first_failure(outcome.stdout) or 'crash'
+
+    def command(self, program, tests):
+        if program == SCRIPT[0]:
+            return ['/usr/bin/python3', self.script, self.build]
+        return [self.path(program), '--gtest_fail_fast', '--gtest_filter=' + tests]
+
+    def path(self, program):
+        return os.path.join(self.build, 'tests', program)
+
+
+def first_failure(output):
+    """The test that failed, or the one that was running when the program ended."""
+    failed = re.search(r'^\[  FAILED  \] (\S+?),? ', output, re.M)
+    running = re.findall(r'^\[ RUN      \] (\S+)', output, re.M)
+    return failed.group(1) if failed else running[-1] if running else ''
