@@ -98,7 +98,7 @@ class ChangedBuild:
         """Gives the constants that this line names back to the compiler, and those that they are made of."""
         words = set(re.findall(r'\w+', self.line(name, line)))
         frozen = 0
-        for file in self.sources.files:
+        for file in [file for file in self.sources.files if file.name == name or file.name.endswith('.h')]:
             for constant in [constant for constant in file.free if constant.name in words]:
                 file.free = [other for other in file.free if other != constant]
                 frozen += 1 + self.drop_line(file.name, constant.line) + self.freeze_named(file.name, constant.line)

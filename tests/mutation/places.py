@@ -90,7 +90,7 @@ class Finder:
             for child in list(cursor.get_children())[1:]:
                 self.enter(child)
             return
-        calculated = cursor.kind in FUNCTIONS and self.text.is_constexpr(cursor)
+        calculated = cursor.kind == Kind.FIELD_DECL or cursor.kind in FUNCTIONS and self.text.is_constexpr(cursor)
         self.in_constexpr += calculated
         if cursor.kind == Kind.VAR_DECL and self.text.is_constexpr(cursor) and not self.in_constexpr:
             self.free_constant(cursor)

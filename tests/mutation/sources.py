@@ -15,7 +15,7 @@ import places
 SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 FOLDERS = ['src/values', 'src/eeg', 'src/frame', 'src/device', 'src/analysis', 'src/recording', 'src/display',
            'src/report', 'src/wiring', 'tools/recording_tool']
-PLACES_A_BLOCK = 256  # a file's numbers stay its own when another file grows
+PLACES_A_BLOCK = 256
 
 
 def run(command, **options):
@@ -114,10 +114,16 @@ class Sources:
         self.remember()
 
     def number(self):
-        block = 0
+        """A file keeps its numbers for as long as its places fit, so that it is not compiled for another's sake."""
+        path = os.path.join(os.path.dirname(self.memory), 'numbers.json')
+        blocks = json.loads(read(path)) if os.path.exists(path) else {}  # name: [first, how many]
         for file in self.files:
-            file.first = 1 + block * PLACES_A_BLOCK
-            block += 1 + sum(place.count for place in file.places) // PLACES_A_BLOCK
+            count = sum(place.count for place in file.places)
+            if blocks.get(file.name, [0, -1])[1] < count:
+                end = max([first + size for first, size in blocks.values()], default=1)
+                blocks[file.name] = [end, PLACES_A_BLOCK * (1 + count // PLACES_A_BLOCK)]
+            file.first = blocks[file.name][0]
+        write(path, json.dumps(blocks))
 
     def remembered(self):
         if not os.path.exists(self.memory):
