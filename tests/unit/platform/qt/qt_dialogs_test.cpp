@@ -1,8 +1,5 @@
 #include "platform/qt/qt_dialogs.h"
 
-#include <gtest/gtest.h>
-
-#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -11,53 +8,16 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <QTreeView>
 #include <QWindow>
-#include <functional>
 #include <memory>
-#include <vector>
+
+#include "unit/platform/qt/answered_boxes.h"
 
 namespace korvinel::platform {
 namespace {
-
-struct QtDialogsTest : testing::Test {
-  OperationEdge edge;
-  QTemporaryDir folder;
-  QtDialogs dialogs{edge,
-                    {[this](const std::string& path) { return path == "C:\\X\\" ? folder.path().toStdString() : path; },
-                     [](const std::string& path) { return "program:" + path; }}};
-  std::function<void(QDialog&)> action;
-  QTimer user;
-
-  void SetUp() override {
-    user.callOnTimeout([this] {
-      auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      if (box == nullptr || !box->isVisible()) return;
-      user.stop();
-      action(*box);
-      if (!box->isVisible()) return;
-      ADD_FAILURE() << "nobody has answered the box";
-      box->reject();
-    });
-  }
-
-  /// What the user does with the next box, as soon as it stands.
-  void act(std::function<void(QDialog&)> what) {
-    action = std::move(what);
-    user.start(1);
-  }
-};
-
-void press(QDialog& box, const QString& caption) {
-  for (QAbstractButton* button : box.findChildren<QAbstractButton*>())
-    if (button->text().remove('&') == caption) return button->click();
-  ADD_FAILURE() << "no button " << caption.toStdString();
-}
 
 TEST_F(QtDialogsTest, ANoticeHasItsLinesTheProgramsNameAndOk) {
   QString text, title;
@@ -158,76 +118,6 @@ TEST_F(QtDialogsTest, AChosenFileComesInTheProgramsNotation) {
   });
   EXPECT_EQ(dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|"), "program:" + path.toStdString());
   EXPECT_EQ(startFolder, folder.path());
-}
-
-/// The cells of the dialog's list of files, as a screen reader reads them.
-std::vector<QAccessibleInterface*> cellsOf(QDialog& box) {
-  QAccessibleInterface* list = QAccessible::queryAccessibleInterface(box.findChild<QTreeView*>());
-  std::vector<QAccessibleInterface*> cells;
-  for (int i = 0; i < list->childCount(); ++i) cells.push_back(list->child(i));
-  return cells;
-}
-
-QStringList namesOf(const std::vector<QAccessibleInterface*>& cells) {
-  QStringList names;
-  for (const QAccessibleInterface* cell : cells) names << cell->text(QAccessible::Name);
-  return names;
-}
-
-void makeFile(const QString& path) {
-  QFile file(path);
-  ASSERT_TRUE(file.open(QFile::WriteOnly));
-}
-
-TEST_F(QtDialogsTest, AScreenReaderFindsTheFilesByNameAndChoosesOne) {
-  makeFile(folder.filePath("a.QVD"));
-  makeFile(folder.filePath("b.QVD"));
-  QStringList names;
-  act([&](QDialog& box) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return namesOf(cellsOf(box)).contains("b.QVD"); }));
-    const auto cells = cellsOf(box);
-    names = namesOf(cells);
-    QAccessibleInterface* chosen = cells[static_cast<std::size_t>(names.indexOf("b.QVD"))];
-    EXPECT_EQ(chosen->role(), QAccessible::ListItem);
-    EXPECT_FALSE(chosen->state().selected);
-    EXPECT_EQ(chosen->parent()->childAt(chosen->rect().center().x(), chosen->rect().center().y()), chosen);
-    EXPECT_EQ(chosen->parent()->indexOfChild(chosen), names.indexOf("b.QVD"));
-    chosen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_TRUE(chosen->state().selected);
-    EXPECT_EQ(chosen->parent()->focusChild(), chosen);
-    press(box, "Apri");
-  });
-  EXPECT_EQ(dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|"), "program:" + folder.filePath("b.QVD").toStdString());
-  EXPECT_LT(names.indexOf("a.QVD"), names.indexOf("b.QVD"));
-}
-
-TEST_F(QtDialogsTest, WhatAScreenReaderLearnedOfTheFilesGoesWithTheDialog) {
-  makeFile(folder.filePath("a.QVD"));
-  std::vector<QAccessible::Id> ids;
-  act([&](QDialog& box) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return namesOf(cellsOf(box)).contains("a.QVD"); }));
-    for (int again = 0; again < 2; ++again)
-      for (QAccessibleInterface* cell : cellsOf(box)) ids.push_back(QAccessible::uniqueId(cell));
-    press(box, "Annulla");
-  });
-  dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|");
-  ASSERT_FALSE(ids.empty());
-  for (const QAccessible::Id id : ids) EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
-}
-
-TEST_F(QtDialogsTest, AFileThatGoesLeavesItsCellWithoutAName) {
-  makeFile(folder.filePath("a.QVD"));
-  act([&](QDialog& box) {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return namesOf(cellsOf(box)).contains("a.QVD"); }));
-    const auto cells = cellsOf(box);
-    QAccessibleInterface* cell = cells[static_cast<std::size_t>(namesOf(cells).indexOf("a.QVD"))];
-    EXPECT_TRUE(QFile::remove(folder.filePath("a.QVD")));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !cell->isValid(); }));
-    EXPECT_EQ(cell->text(QAccessible::Name), "");
-    EXPECT_TRUE(cell->rect().isEmpty());
-    press(box, "Annulla");
-  });
-  dialogs.chooseFile("C:\\X\\", "(*.QVD)|*.QVD|");
 }
 
 TEST_F(QtDialogsTest, ARecordingIsNeitherRenamedNorDeletedWhereOneIsOpened) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "recording_tool/batch_journal.h"
-#include "recording_tool/progress_bar.h"
 #include "recordings.h"
 #include "tool_files.h"
 
@@ -109,18 +108,6 @@ TEST_F(Batch, AResumedTableEqualsAnUninterruptedOneWhateverBytesTheNamesHold) {
   EXPECT_TRUE(bytesOf(options.output) == whole);
 }
 
-TEST_F(Batch, RowsOfNamesThatDifferInBytesThatAreNoUtf8AreNotMixedUp) {
-  const std::string first = writeFile(folder_ / "r\xE8.QVD", "same"), second = writeFile(folder_ / "r\xE9.QVD", "same");
-  std::filesystem::last_write_time(second, std::filesystem::last_write_time(first));
-  BatchOptions options;
-  options.output = table_;
-  { BatchJournal(options).add(first, {"the row of another person\n", false}); }
-  options.resume = true;
-  const BatchJournal journal(options);
-  ASSERT_NE(journal.rowOf(first), nullptr);
-  EXPECT_EQ(journal.rowOf(second), nullptr);
-}
-
 TEST_F(Batch, ASubjectThatLooksLikeAFormulaIsAText) {
   std::string recording = recordings::file(7);
   recording.replace(recording.find("Rossi"), 5, "=cmd|'/c calc'!A1");
@@ -128,20 +115,6 @@ TEST_F(Batch, ASubjectThatLooksLikeAFormulaIsAText) {
   run(1);
   const std::string table = bytesOf(table_);
   EXPECT_NE(table.find("r10.QVD,'=cmd|'/c calc'!A1,"), std::string::npos) << table.substr(0, 2000);
-}
-
-TEST_F(Batch, FollowsNoLinkInThePlaceOfItsUnfinishedRows) {
-  BatchOptions options;
-  options.output = table_;
-  options.force = true;
-  writeFile(folder_ / "precious", "content");
-  for (const char* target : {"precious", "nowhere"}) {
-    std::filesystem::remove(table_ + ".part");
-    std::filesystem::create_symlink(folder_ / target, table_ + ".part");
-    EXPECT_NE(errorOf([&] { BatchJournal{options}; }), "") << target;
-  }
-  EXPECT_EQ(bytesOf(folder_ / "precious"), "content");
-  EXPECT_FALSE(std::filesystem::exists(folder_ / "nowhere"));
 }
 
 TEST_F(Batch, FindsRecordingsInNestedFoldersInNameOrderOnce) {
@@ -152,12 +125,6 @@ TEST_F(Batch, FindsRecordingsInNestedFoldersInNameOrderOnce) {
   EXPECT_EQ(found.size(), 13U);
   EXPECT_TRUE(std::is_sorted(found.begin(), found.end()));
   EXPECT_NE(errorOf([&] { (void)recordingsIn({(folder_ / "nowhere")}); }), "");
-}
-
-TEST(Progress, TellsTheTimeThatIsLeft) {
-  EXPECT_EQ(progressText(0, 4, 0), "[" + std::string(40, '.') + "] 0/4");
-  EXPECT_EQ(progressText(1, 4, 30), "[" + std::string(10, '#') + std::string(30, '.') + "] 1/4  1:30 left");
-  EXPECT_EQ(progressText(4, 4, 120), "[" + std::string(40, '#') + "] 4/4");
 }
 
 }  // namespace
