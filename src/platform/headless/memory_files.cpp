@@ -8,12 +8,17 @@
 namespace korvinel::platform {
 namespace {
 
-class MemoryInput : public InputFile {
+constexpr std::string_view separators = "/\\";  // of the host's paths, and of the program's
+
+}  // namespace
+
+class MemoryFiles::Input : public InputFile {
  public:
-  MemoryInput(std::string path, std::string bytes, std::size_t failingAt)
-      : path_(std::move(path)), bytes_(std::move(bytes)), failingAt_(failingAt) {}
+  Input(const MemoryFiles& files, std::string path, std::string bytes, std::size_t failingAt)
+      : files_(files), path_(std::move(path)), bytes_(std::move(bytes)), failingAt_(failingAt) {}
   int peek() override {
-    if (next_ >= failingAt_) throw RuntimeError(Fault::input, "Impossibile leggere il file " + path_);
+    if (next_ >= failingAt_ || files_.isGone(path_))
+      throw RuntimeError(Fault::input, "Impossibile leggere il file " + path_);
     return next_ < bytes_.size() ? static_cast<unsigned char>(bytes_[next_]) : end;
   }
   int take() override {
@@ -24,29 +29,33 @@ class MemoryInput : public InputFile {
   [[nodiscard]] std::int64_t position() const override { return static_cast<std::int64_t>(next_); }
 
  private:
+  const MemoryFiles& files_;
   std::string path_, bytes_;
   std::size_t failingAt_;
   std::size_t next_ = 0;
 };
 
-class MemoryOutput : public OutputFile {
+class MemoryFiles::Output : public OutputFile {
  public:
-  MemoryOutput(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
+  Output(MemoryFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
   void write(std::string_view bytes) override {
+    refuseIfGone();
     const auto room = static_cast<std::size_t>(std::max<std::int64_t>(files_.freeSpace, 0));
     const std::string_view fitting = bytes.substr(0, room);
     files_.content[path_] += fitting;
     files_.freeSpace -= static_cast<std::int64_t>(fitting.size());
     if (fitting.size() < bytes.size()) throw RuntimeError(Fault::output, "Disco pieno: " + path_);
   }
-  void synchronise() override {}
+  void synchronise() override { refuseIfGone(); }
 
  private:
+  void refuseIfGone() const {
+    if (files_.isGone(path_)) throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path_);
+  }
+
   MemoryFiles& files_;
   std::string path_;
 };
-
-}  // namespace
 
 /// The note takes no space: even if it does not fit, the lock is taken.
 class MemoryFiles::Lock : public FileLock {
@@ -56,7 +65,8 @@ class MemoryFiles::Lock : public FileLock {
   Lock& operator=(const Lock&) = delete;
   ~Lock() override {
     files_.locked_.erase(path_);
-    if (!files_.readOnly) files_.content[path_].clear();
+    const auto file = files_.content.find(path_);
+    if (!files_.readOnly && file != files_.content.end()) file->second.clear();
   }
 
  private:
@@ -65,7 +75,7 @@ class MemoryFiles::Lock : public FileLock {
 };
 
 LockAttempt MemoryFiles::lock(const std::string& path, const std::string& note) {
-  if (locked_.contains(path)) return {LockOutcome::held, nullptr, content[path]};
+  if (locked_.contains(path)) return {LockOutcome::held, nullptr, content.contains(path) ? content[path] : ""};
   if (isGone(path) || (readOnly && !content.contains(path))) return {LockOutcome::notWritable, nullptr, "Sola lettura"};
   if (!offersLocks) return {LockOutcome::notOffered, nullptr, "Blocchi non disponibili"};
   if (!readOnly) content[path] = note;
@@ -78,15 +88,15 @@ std::unique_ptr<InputFile> MemoryFiles::openForReading(const std::string& path) 
   if (refused || isGone(path) || found == content.end())
     throw RuntimeError(Fault::input, "Impossibile leggere il file " + path);
   const auto failing = failingAt.find(path);
-  return std::make_unique<MemoryInput>(path, found->second,
-                                       failing == failingAt.end() ? std::string::npos : failing->second);
+  return std::make_unique<Input>(*this, path, found->second,
+                                 failing == failingAt.end() ? std::string::npos : failing->second);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::create(const std::string& path) {
   refuseIfReadOnly(path);
   refuseBadName(path);
   content[path].clear();
-  return std::make_unique<MemoryOutput>(*this, path);
+  return std::make_unique<Output>(*this, path);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::createNew(const std::string& path) {
@@ -98,7 +108,7 @@ std::unique_ptr<OutputFile> MemoryFiles::openForAppending(const std::string& pat
   refuseIfReadOnly(path);
   refuseBadName(path);
   content[path];
-  return std::make_unique<MemoryOutput>(*this, path);
+  return std::make_unique<Output>(*this, path);
 }
 
 void MemoryFiles::remove(const std::string& path) {
@@ -108,16 +118,18 @@ void MemoryFiles::remove(const std::string& path) {
 
 void MemoryFiles::rename(const std::string& from, const std::string& to) {
   refuseIfReadOnly(from);
+  refuseIfReadOnly(to);
   refuseBadName(to);
   const auto found = content.find(from);
   if (found == content.end() || content.contains(to))
-    throw RuntimeError(Fault::output, "Impossibile rinominare il file " + from);
+    throw RuntimeError(Fault::output, "Impossibile rinominare il file " + from + ": " + to);
   content[to] = std::move(found->second);
   content.erase(from);
 }
 
 NameFault MemoryFiles::nameFault(const std::string& /*folder*/, const std::string& name) {
-  if (name.empty() || name.find_first_of("/\\") != std::string::npos) return NameFault::letters;
+  if (name.empty() || name == "." || name == ".." || name.find_first_of(separators) != std::string::npos)
+    return NameFault::letters;
   const std::string stem = upperCase(name.substr(0, name.find('.')));
   if (std::find(devices.begin(), devices.end(), stem) != devices.end()) return NameFault::device;
   return name.size() > longestName ? NameFault::tooLong : NameFault::none;
@@ -126,16 +138,25 @@ NameFault MemoryFiles::nameFault(const std::string& /*folder*/, const std::strin
 std::vector<std::string> MemoryFiles::list(const std::string& folder, const std::string& ending) {
   std::vector<std::string> names;
   for (const auto& [path, bytes] : content) {
-    if (isGone(path) || !path.starts_with(folder)) continue;
-    const std::string name = path.substr(folder.size());
-    if (name.find('\\') == std::string::npos && upperCase(name).ends_with(upperCase(ending))) names.push_back(name);
+    const std::size_t begin = path.find_last_of(separators) + 1;
+    const std::string_view itsFolder = std::string_view(path).substr(0, begin);
+    const bool isThere = itsFolder == folder || (begin > 0 && itsFolder.substr(0, begin - 1) == folder);
+    const std::string name = path.substr(begin);
+    if (isThere && !isGone(path) && upperCase(name).ends_with(upperCase(ending))) names.push_back(name);
   }
   return names;
 }
 
+bool MemoryFiles::isFolder(const std::string& path) const {
+  return std::any_of(separators.begin(), separators.end(), [&](char separator) {
+    const auto inner = content.lower_bound(path + separator);
+    return inner != content.end() && inner->first.starts_with(path + separator);
+  });
+}
+
 void MemoryFiles::refuseBadName(const std::string& path) {
-  const std::size_t name = path.find_last_of("/\\") + 1;
-  if (nameFault(path.substr(0, name), path.substr(name)) != NameFault::none)
+  const std::size_t name = path.find_last_of(separators) + 1;
+  if (isFolder(path) || nameFault(path.substr(0, name), path.substr(name)) != NameFault::none)
     throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path);
 }
 

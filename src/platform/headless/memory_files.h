@@ -29,7 +29,9 @@ class MemoryFiles : public Files {
   [[nodiscard]] std::unique_ptr<OutputFile> create(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> createNew(const std::string& path) override;
   [[nodiscard]] std::unique_ptr<OutputFile> openForAppending(const std::string& path) override;
-  [[nodiscard]] bool exists(const std::string& path) override { return !isGone(path) && content.contains(path); }
+  [[nodiscard]] bool exists(const std::string& path) override {
+    return !isGone(path) && (content.contains(path) || isFolder(path));
+  }
   void remove(const std::string& path) override;
   void rename(const std::string& from, const std::string& to) override;
   [[nodiscard]] NameFault nameFault(const std::string& folder, const std::string& name) override;
@@ -38,10 +40,13 @@ class MemoryFiles : public Files {
 
  private:
   class Lock;
+  class Input;
+  class Output;
 
   [[nodiscard]] bool isGone(const std::string& path) const {
     return !goneFolder.empty() && path.starts_with(goneFolder);
   }
+  [[nodiscard]] bool isFolder(const std::string& path) const;  ///< a file is in it
   void refuseIfReadOnly(const std::string& path) const;
   void refuseBadName(const std::string& path);
 

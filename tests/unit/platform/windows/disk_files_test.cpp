@@ -14,7 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 /// The kind of fault that the action ends in, with its message.
 std::pair<Fault, std::string> faultOf(const std::function<void()>& action) {
@@ -40,33 +39,6 @@ struct WindowsDiskFiles : testing::Test {
     return bytes;
   }
 };
-
-TEST_F(WindowsDiskFiles, GiveBackEveryByteThatWasWritten) {
-  std::string bytes;
-  for (int i = 0; i < 100'000; ++i) bytes += static_cast<char>(i * 7 % 256);
-  files.create(folder + "a.QVD")->write(bytes);
-  EXPECT_EQ(read(folder + "a.QVD"), bytes);
-}
-
-TEST_F(WindowsDiskFiles, AWriteCanBeReadBeforeTheFileIsClosed) {
-  const auto file = files.create(folder + "a");
-  file->write("block 1");
-  EXPECT_EQ(read(folder + "a"), "block 1");
-  file->synchronise();
-  file->write(", block 2");
-  EXPECT_EQ(read(folder + "a"), "block 1, block 2");
-}
-
-TEST_F(WindowsDiskFiles, CreateEmptiesAndAppendKeeps) {
-  files.create(folder + "a")->write("old");
-  const auto appended = files.openForAppending(folder + "a");
-  appended->write(" and new");
-  EXPECT_NO_THROW(appended->synchronise());
-  EXPECT_EQ(read(folder + "a"), "old and new");
-  files.create(folder + "b")->write("something long");
-  files.create(folder + "b")->write("short");
-  EXPECT_EQ(read(folder + "b"), "short");
-}
 
 TEST_F(WindowsDiskFiles, AFileBeingWrittenHasNoSecondWriter) {
   const auto file = files.create(folder + "a");
@@ -95,31 +67,6 @@ TEST_F(WindowsDiskFiles, WhatIsNoOrdinaryFileCannotBeReadOrWritten) {
 TEST_F(WindowsDiskFiles, ADevicesNameIsTaken) {
   EXPECT_TRUE(files.exists(folder + "COM5"));
   EXPECT_FALSE(files.exists(folder + "COMMEDIA.QVD"));
-}
-
-TEST_F(WindowsDiskFiles, WhatIsMissingIsAFaultThatNamesIt) {
-  const auto [fault, message] = faultOf([&] { static_cast<void>(files.openForReading(folder + "missing.val")); });
-  EXPECT_EQ(fault, Fault::input);
-  EXPECT_THAT(message, HasSubstr(folder + "missing.val"));
-  EXPECT_EQ(faultOf([&] { static_cast<void>(files.create(folder + "nowhere\\a")); }).first, Fault::output);
-  EXPECT_EQ(faultOf([&] { files.remove(folder + "missing.val"); }).first, Fault::output);
-}
-
-TEST_F(WindowsDiskFiles, RenamingMovesAndNeverReplaces) {
-  files.create(folder + "a")->write("new");
-  files.rename(folder + "a", folder + "b");
-  EXPECT_FALSE(files.exists(folder + "a"));
-  files.create(folder + "c")->write("precious");
-  EXPECT_EQ(faultOf([&] { files.rename(folder + "b", folder + "c"); }).first, Fault::output);
-  EXPECT_EQ(read(folder + "b"), "new");
-  EXPECT_EQ(read(folder + "c"), "precious");
-}
-
-TEST_F(WindowsDiskFiles, ListsFilesByTheirEndingInAnyCaseSorted) {
-  for (const char* name : {"b.QVD", "a.qvd", "c.txt", "QVD"}) files.create(folder + name)->write("");
-  std::filesystem::create_directory(folder + "folder.QVD");
-  EXPECT_THAT(files.list(folder, ".QVD"), ElementsAre("a.qvd", "b.QVD"));
-  EXPECT_THAT(files.list(folder + "nowhere\\", ".QVD"), IsEmpty());
 }
 
 TEST_F(WindowsDiskFiles, ANameOfADeviceIsNoNameOfAFile) {
