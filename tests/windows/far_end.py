@@ -1,48 +1,78 @@
 #!/usr/bin/python3
-"""The far end of a serial line under test: far_end.py LINK makes LINK point to a pseudo-terminal and obeys the commands
-received on it, one per line: "echo TEXT" sends TEXT back, "codes" sends the bytes 0..255, "count N" sends N bytes
-0..250 0..250 ..., "unplug" removes the device and makes a new one after a second."""
+"""The far end of a serial line under test: far_end.py LINK makes LINK point to a pseudo-terminal. It takes each command from
+the file LINK.order and writes its answer to LINK.done: "send HEX" sends these bytes and waits until the near end's system
+holds them, "take N" answers with the next N bytes written by the near end, in hexadecimal digits, "unplug" removes the
+device, "plug" makes a new one if there is none."""
+import array
+import fcntl
 import os
 import pty
+import select
 import sys
+import termios
 import time
 import tty
 
 
-def plug(link):
-    near, far = pty.openpty()
-    tty.setraw(far)
-    if os.path.lexists(link):
-        os.remove(link)
-    os.symlink(os.ttyname(far), link)
-    return near, far
+class FarEnd:
+    def __init__(self, link):
+        self.link, self.near, self.far = link, None, None
+        self.plug()
 
+    def plug(self):
+        if self.near is not None:
+            return
+        self.near, self.far = pty.openpty()
+        tty.setraw(self.far)
+        self.unlink()
+        os.symlink(os.ttyname(self.far), self.link)
 
-def answer(order):
-    word, _, rest = order.partition(b" ")
-    if word == b"echo":
-        return rest
-    if word == b"codes":
-        return bytes(range(256))
-    if word == b"count":
-        return bytes(i % 251 for i in range(int(rest)))
-    return b""
+    def unplug(self):
+        os.close(self.far)
+        os.close(self.near)
+        self.near = None
+        self.unlink()
+
+    def unlink(self):
+        if os.path.lexists(self.link):
+            os.remove(self.link)
+
+    def pending(self):
+        count = array.array('i', [0])
+        fcntl.ioctl(self.far, termios.FIONREAD, count)
+        return count[0]
+
+    def send(self, digits):
+        wanted = self.pending() + len(digits) // 2
+        os.write(self.near, bytes.fromhex(digits))
+        end = time.monotonic() + 2
+        while self.pending() < wanted and time.monotonic() < end:
+            time.sleep(0.001)
+
+    def take(self, count):
+        got = b''
+        while len(got) < int(count) and select.select([self.near], [], [], 2)[0]:
+            got += os.read(self.near, int(count) - len(got))
+        return got.hex()
+
+    def obey(self, order):
+        word, _, rest = order.partition(' ')
+        return {'send': self.send, 'take': self.take}[word](rest) if rest else getattr(self, word)()
 
 
 def main(link):
-    near, far = plug(link)
-    pending = b""
+    far_end = FarEnd(link)
     while True:
-        pending += os.read(near, 4096)
-        while b"\n" in pending:
-            order, _, pending = pending.partition(b"\n")
-            if order == b"unplug":
-                os.close(far)
-                os.close(near)
-                time.sleep(1)
-                near, far = plug(link)
-                pending = b""
-            os.write(near, answer(order))
+        if not os.path.exists(link + '.order'):
+            time.sleep(0.001)
+            continue
+        with open(link + '.order') as file:
+            order = file.read()
+        os.remove(link + '.order')
+        answer = far_end.obey(order) or ''
+        with open(link + '.answer', 'w') as file:
+            file.write(answer)
+        os.rename(link + '.answer', link + '.done')
 
 
 main(sys.argv[1])

@@ -3,20 +3,52 @@
 #include <algorithm>
 
 namespace korvinel::platform {
+namespace {
+
+/// Whether a real line would take "19200,N,8,1".
+bool areLineSettings(std::string_view settings) {
+  const std::size_t comma = settings.find(',');
+  if (comma == std::string_view::npos || settings.size() != comma + 6) return false;
+  const std::string_view baud = settings.substr(0, comma), framing = settings.substr(comma);
+  const auto isOneOf = [](char sign, std::string_view all) { return all.find(sign) != std::string_view::npos; };
+  return !baud.empty() && baud.find_first_not_of("0123456789") == std::string_view::npos &&
+         isOneOf(framing[1], "NEOneo") && framing[2] == ',' && isOneOf(framing[3], "5678") && framing[4] == ',' &&
+         isOneOf(framing[5], "12");
+}
+
+}  // namespace
+
+void ScriptedSerialPort::setSettings(std::string_view settings) {
+  if (!areLineSettings(settings))
+    throw PortFault("Impostazioni della porta seriale non valide: " + std::string(settings));
+  settings_ = settings;
+}
 
 void ScriptedSerialPort::open() {
   happened("open " + std::to_string(selected_) + " " + settings_);
+  fail();
   if (unplugged_) throw PortFault("COM" + std::to_string(selected_) + " non c'e'");
   open_ = true;
-  system_.clear();
-  beginAnew();
 }
 
 void ScriptedSerialPort::close() {
   if (open_) happened("close");
-  open_ = false;
+  fail();
+}
+
+/// The line is closed, and what was on it is lost.
+void ScriptedSerialPort::fail() {
+  open_ = lost_ = false;
   system_.clear();
   beginAnew();
+}
+
+void ScriptedSerialPort::raise(const std::string& modemLine) {
+  if (!connected()) {
+    fail();
+    throw PortFault("La porta seriale non risponde");
+  }
+  happened(modemLine);
 }
 
 void ScriptedSerialPort::discardInput() {
@@ -30,6 +62,7 @@ std::string ScriptedSerialPort::read() {
 }
 
 void ScriptedSerialPort::takeFromSystem() {
+  if (lost_) return fail();
   keep(system_);
   system_.clear();
   if (overrun_) suspect("il sistema ha contato dei byte persi o guasti sulla linea");
@@ -38,7 +71,7 @@ void ScriptedSerialPort::takeFromSystem() {
 
 void ScriptedSerialPort::write(std::string_view bytes) {
   if (!connected()) {
-    open_ = false;
+    fail();
     throw PortFault("La porta seriale non risponde");
   }
   std::string event = "write";
@@ -54,8 +87,8 @@ void ScriptedSerialPort::deliver(std::string_view bytes) {
 
 void ScriptedSerialPort::unplug() {
   unplugged_ = true;
+  lost_ = open_;
   system_.clear();
-  beginAnew();
 }
 
 }  // namespace korvinel::platform

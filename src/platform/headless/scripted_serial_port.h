@@ -15,12 +15,12 @@ class ScriptedSerialPort : public BufferedLine {
  public:
   explicit ScriptedSerialPort(const Clock& clock) : clock_(clock) {}
   void select(int portNumber) override { selected_ = portNumber; }
-  void setSettings(std::string_view settings) override { settings_ = settings; }
+  void setSettings(std::string_view settings) override;
   void open() override;
   void close() override;
   [[nodiscard]] bool isOpen() const override { return open_; }
-  void raiseRts() override { happened("rts"); }
-  void raiseDtr() override { happened("dtr"); }
+  void raiseRts() override { raise("rts"); }
+  void raiseDtr() override { raise("dtr"); }
   void discardInput() override;
   [[nodiscard]] std::string read() override;
   void write(std::string_view bytes) override;
@@ -31,9 +31,9 @@ class ScriptedSerialPort : public BufferedLine {
   void overrun() { overrun_ = true; }  ///< the system counts bytes that it had to lose
   std::function<void()> beforeRead;    ///< called between the last poll and a read
   std::function<void(const std::string& bytes)> onWritten;
-  void unplug();  ///< the line fails at its next use; opening fails too
-  void plugIn() { unplugged_ = false; }
-  [[nodiscard]] bool connected() const { return open_ && !unplugged_; }
+  void unplug();                         ///< the line fails at its next use; opening fails too
+  void plugIn() { unplugged_ = false; }  ///< a new device: the line has to be opened again
+  [[nodiscard]] bool connected() const { return open_ && !lost_; }
 
   /// In order: "open 2 19200,N,8,1", "rts", "dtr", "discard", "write <decimal bytes>", "close".
   const std::vector<std::string>& history() const { return history_; }
@@ -45,6 +45,8 @@ class ScriptedSerialPort : public BufferedLine {
   static constexpr std::size_t systemBuffer = 4096;
 
   void takeFromSystem() override;
+  void raise(const std::string& modemLine);
+  void fail();
   void dropFromSystem() override { system_.clear(); }
   [[nodiscard]] double seconds() const override { return clock_.seconds(); }
   void happened(const std::string& event) { history_.push_back(event); }
@@ -54,6 +56,7 @@ class ScriptedSerialPort : public BufferedLine {
   std::string settings_;
   bool open_ = false;
   bool unplugged_ = false;
+  bool lost_ = false;  ///< open on a device that has been unplugged
   bool overrun_ = false;
   std::string system_;
   std::string written_;
