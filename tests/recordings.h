@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,6 +33,17 @@ inline std::string header(const Notes& notes = {{1, "Nota: "}}, const std::strin
 
 /// The sample value of block n, 1 or more: always different from its neighbours', never a shunned byte.
 inline int levelOf(int block) { return 100 + block % 100; }
+
+/// A block of `signal(channel, sample)`, channels 1..4 and samples 1..256, each rounded to a byte.
+template <typename Signal>
+std::string signalBlock(Signal&& signal) {
+  std::string bytes;
+  for (int channel = 1; channel <= 4; ++channel) {
+    for (int s = 1; s <= 256; ++s) bytes += static_cast<char>(std::lround(signal(channel, s)));
+    bytes += "-\r\n";
+  }
+  return bytes;
+}
 
 /// A whole file of `blocks` flat blocks.
 inline std::string file(int blocks, const Notes& notes = {{1, "Nota: "}}) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "recordings.h"
@@ -117,6 +118,16 @@ const NamedAct examinationsBefore[] = {{"acquired and recorded", acquireRecorded
                                        {"read in part", readAFileInPart},
                                        {"opened, then an unreadable one", openUnreadable}};
 
+/// What `value` is where it first differs from `expected`, and what it should be; "" if it does not.
+std::string fromTheFirstDifference(const std::string& value, const std::string& expected) {
+  if (value == expected) return "";
+  const auto [here, there] = std::mismatch(value.begin(), value.end(), expected.begin(), expected.end());
+  const auto excerpt = [](auto from, auto end) {
+    return std::string(from, from + std::min<std::ptrdiff_t>(end - from, 200));
+  };
+  return "'" + excerpt(here, value.end()) + "' instead of '" + excerpt(there, expected.end()) + "'";
+}
+
 /// Compares a program after A and B with one after B alone. `block`: a whole block of B has been analysed.
 void expectNothingLeft(Act b, bool block) {
   const auto recordAfter = [&](Act a) {
@@ -129,7 +140,7 @@ void expectNothingLeft(Act b, bool block) {
   const auto alone = recordAfter(nothing);
   for (const auto& [name, a] : examinationsBefore)
     for (const auto& [field, value] : recordAfter(a))
-      EXPECT_EQ(value.substr(0, 300), alone.at(field).substr(0, 300)) << field << " after: " << name;
+      EXPECT_EQ(fromTheFirstDifference(value, alone.at(field)), "") << field << " after: " << name;
 }
 
 void acquire(TwoExaminations& p) { p.begin(21, "bruno-dal-vivo"); }

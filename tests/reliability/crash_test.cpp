@@ -12,6 +12,8 @@
 #include "platform/posix/disk_files.h"
 #include "recorded_examination.h"
 #include "recording/channel_record.h"
+#include "recording/data_paths.h"
+#include "recording/side_file.h"
 #include "temporary_folder.h"
 
 /// The program is killed, or the machine loses its power, at any moment of two recordings and their assembling. A child
@@ -74,25 +76,13 @@ class Witness {
   std::size_t told_ = 0;
 };
 
-/// Every byte that was not put on the disk may be lost: none of them came there, or some, or their places are there but
-/// empty.
-void losePower(const std::string& file, const DyingFiles::Length& length, int how) {
-  if (how % 3 == 0 && length.synchronised == 0) {
-    std::filesystem::remove(file);
-    return;
-  }
-  const std::size_t unsafe = length.written - length.synchronised;
-  std::filesystem::resize_file(file, length.synchronised + (how % 3 == 1 ? unsafe / 2 : 0));
-  if (how % 3 == 2) std::filesystem::resize_file(file, length.written);
-}
-
 [[noreturn]] void recordTwice(const std::string& folder, int lastStep, Death death, int pipe) {
   DiskFiles disk(folder);
   writeSettings(disk);
   DyingFiles* dying = nullptr;
+  campaign::Dice dice(static_cast<std::uint64_t>(lastStep));
   DyingFiles files(disk, lastStep, [&] {
-    if (death == Death::ofTheMachine)
-      for (const auto& [path, length] : dying->lengths()) losePower(platform::hostPath(folder, path), length, lastStep);
+    if (death == Death::ofTheMachine) dying->losePower(dice);
     kill(getpid(), SIGKILL);
   });
   dying = &files;
@@ -103,6 +93,26 @@ void losePower(const std::string& file, const DyingFiles::Length& length, int ho
   sendAll(pipe, "E" + std::to_string(files.steps()));
   _exit(0);
 }
+
+/// What an earlier crash has left: the temporary file and the side file of a recording that was never ended.
+struct LeftOver {
+  LeftOver() {
+    platform::MemoryFiles files;
+    writeSettings(files);
+    RecordedExamination examination(files, 3);
+    examination.host.time.when([&] { return examination.state.stopRequested == 1; },
+                               [&] {
+                                 blocks = files.content.at(recordings::temporary);
+                                 notes = files.content.at(sideFilePath);
+                               });
+    examination.run("mai", 3, "Bianchi", "mai concluso");
+  }
+  void putInto(const std::string& folder) const {
+    platform::writeFile(folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.XXX", blocks);
+    platform::writeFile(folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.NOT", notes);
+  }
+  std::string blocks, notes;
+};
 
 /// What the child told before it died.
 struct Testimony {
@@ -229,6 +239,7 @@ void expectNamesAndNotes(const std::string& folder, const Testimony& testimony) 
 
 int stepsInAll() {
   const platform::TemporaryFolder folder;
+  LeftOver().putInto(folder.path());
   return recordInAChild(folder.path(), std::numeric_limits<int>::max(), Death::ofTheProgram).steps;
 }
 
@@ -236,6 +247,7 @@ int stepsInAll() {
 struct Deaths {
   Death death;
   std::size_t mayBeMissing;  ///< of the last blocks of a running recording
+  LeftOver earlier = {};
   int witnessed = 0, confirmed = 0;
 
   void happen(std::uint64_t seed) {
@@ -251,6 +263,7 @@ struct Deaths {
 
   void dieAt(int step) {
     const platform::TemporaryFolder folder;
+    earlier.putInto(folder.path());
     const Testimony testimony = recordInAChild(folder.path(), step, death);
     const std::string left = everythingIn(folder.path());
     for (std::size_t i = 0; i < testimony.recordings.size(); ++i) {
@@ -264,8 +277,45 @@ struct Deaths {
     expectNamesAndNotes(folder.path(), testimony);
     for (std::size_t i = 0; i < testimony.recordings.size(); ++i) confirmed += testimony.noteConfirmed[i];
     expectThatTheNextRecordingSparesIt(folder.path());
+    SCOPED_TRACE("died at step " + std::to_string(step));
+    EXPECT_NE(everythingIn(folder.path()).find(earlier.blocks), std::string::npos);
+    EXPECT_NE(everythingIn(folder.path()).find(earlier.notes), std::string::npos);
   }
 };
+
+/// Where the data folder is gone the user is told of a file in another one.
+TEST(Crash, OfTheMachineSparesTheFileThatTheUserWasToldOf) {
+  const std::string stick = "/media/chiavetta/";
+  platform::MemoryFiles memory;
+  writeSettings(memory);
+  DyingFiles files(memory, std::numeric_limits<int>::max(), [] {});
+  RecordedExamination examination(files);
+  examination.host.time.when([&] { return examination.state.stopRequested == 1; },
+                             [&] { memory.goneFolder = recordings::folder; });
+  examination.host.dialogs.choices = {platform::Choice::ok};
+  examination.host.dialogs.folders = {stick};
+  examination.run("prova", 3);
+  const DyingFiles::Length data = files.lengths().at(stick + "prova.QVD");
+  EXPECT_GT(data.written, 3U * blockBytes);
+  EXPECT_EQ(data.synchronised, data.written);
+}
+
+/// Where the data file cannot be written the user is told of the temporary file, which is set aside.
+TEST(Crash, OfTheMachineSparesTheBlocksThatWereSetAside) {
+  platform::MemoryFiles memory;
+  writeSettings(memory);
+  DyingFiles files(memory, std::numeric_limits<int>::max(), [] {});
+  RecordedExamination examination(files);
+  examination.host.dialogs.giveRecordingsUp();
+  examination.host.time.when([&] { return examination.state.assembling == 1; }, [&] { memory.freeSpace = 10; });
+  examination.run("prova", 8);
+  const std::string aside = examination.state.setAsidePath;
+  ASSERT_TRUE(files.lengths().contains(aside)) << aside;
+  for (const std::string& path : {aside, sidePathOf(aside)}) {
+    EXPECT_GT(files.lengths().at(path).written, 0U) << path;
+    EXPECT_EQ(files.lengths().at(path).synchronised, files.lengths().at(path).written) << path;
+  }
+}
 
 TEST(Crash, OfTheProgramLosesNoBlockThatWasAccepted) { Deaths{Death::ofTheProgram, 0}.happen(9); }
 

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <csignal>
 #include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "campaign.h"
 #include "platform/files.h"
 
 namespace korvinel {
@@ -25,35 +26,48 @@ class DyingFiles : public platform::Files {
   };
   [[nodiscard]] const std::map<std::string, Length>& lengths() const { return lengths_; }  ///< of what was written to
 
+  /// Leaves what a failure of the machine's power may leave: of the files created, renamed and removed since the last
+  /// synchronising in their folder only the first some; of each file what was synchronised, and of the rest some, or
+  /// only its places, or nothing.
+  void losePower(campaign::Dice& dice) {
+    for (auto kept = static_cast<std::size_t>(dice.between(0, static_cast<int>(changes_.size())));
+         changes_.size() > kept; changes_.pop_back())
+      changes_.back().undo();
+    for (const auto& [path, length] : lengths_) loseBytes(path, length, dice.below(4));
+  }
+
   std::unique_ptr<platform::InputFile> openForReading(const std::string& path) override {
     return real_.openForReading(path);
   }
   std::unique_ptr<platform::OutputFile> create(const std::string& path) override {
     step();
+    noteCreation(path);
     lengths_[path] = {};
     return std::make_unique<Output>(*this, path, real_.create(path));
   }
   std::unique_ptr<platform::OutputFile> createNew(const std::string& path) override {
     step();
+    noteCreation(path);
     lengths_[path] = {};
     return std::make_unique<Output>(*this, path, real_.createNew(path));
   }
   std::unique_ptr<platform::OutputFile> openForAppending(const std::string& path) override {
     step();
+    if (!real_.exists(path)) noteCreation(path);
     if (!lengths_.contains(path)) lengths_[path] = lengthBefore(path);
     return std::make_unique<Output>(*this, path, real_.openForAppending(path));
   }
   bool exists(const std::string& path) override { return real_.exists(path); }
   void remove(const std::string& path) override {
     step();
+    noteChange(path, restoring(path));
     real_.remove(path);
     lengths_.erase(path);
   }
   void rename(const std::string& from, const std::string& to) override {
     step();
-    real_.rename(from, to);
-    lengths_[to] = lengths_[from];
-    lengths_.erase(from);
+    move(from, to);
+    noteChange(from, [this, from, to] { move(to, from); });
   }
   platform::NameFault nameFault(const std::string& folder, const std::string& name) override {
     return real_.nameFault(folder, name);
@@ -85,6 +99,7 @@ class DyingFiles : public platform::Files {
       files_.step();
       real_->synchronise();
       files_.lengths_[path_].synchronised = files_.lengths_[path_].written;
+      std::erase_if(files_.changes_, [this](const Change& change) { return change.folder == folderOf(path_); });
     }
 
    private:
@@ -93,14 +108,67 @@ class DyingFiles : public platform::Files {
     std::unique_ptr<platform::OutputFile> real_;
   };
 
+  /// Of a folder's names, not yet synchronised with it.
+  struct Change {
+    std::string folder;
+    std::function<void()> undo;
+  };
+
+  static std::string folderOf(const std::string& path) { return path.substr(0, path.find_last_of("/\\") + 1); }
+
+  void noteChange(const std::string& path, std::function<void()> undo) {
+    changes_.push_back({folderOf(path), std::move(undo)});
+  }
+
+  void noteCreation(const std::string& path) {
+    if (real_.exists(path)) return noteChange(path, restoring(path));
+    noteChange(path, [this, path] {
+      real_.remove(path);
+      lengths_.erase(path);
+    });
+  }
+
+  /// Brings a file back that is about to be emptied or removed.
+  std::function<void()> restoring(const std::string& path) {
+    return [this, path, bytes = contentOf(path), length = lengthOf(path)] {
+      real_.create(path)->write(bytes);
+      lengths_[path] = length;
+    };
+  }
+
+  void move(const std::string& from, const std::string& to) {
+    real_.rename(from, to);
+    if (auto moved = lengths_.extract(from)) {
+      moved.key() = to;
+      lengths_.insert(std::move(moved));
+    }
+  }
+
+  void loseBytes(const std::string& path, const Length& length, int how) {
+    const std::size_t unsafe = length.written - length.synchronised;
+    if (unsafe == 0 || how == 0) return;
+    std::string bytes = contentOf(path).substr(0, length.synchronised + (how == 1 ? unsafe / 2 : 0));
+    if (how == 2) bytes.resize(length.written, '\0');
+    real_.create(path)->write(bytes);
+  }
+
+  std::string contentOf(const std::string& path) {
+    std::string bytes;
+    const auto file = real_.openForReading(path);
+    for (int byte = 0; (byte = file->take()) != ByteSource::end;) bytes += static_cast<char>(byte);
+    return bytes;
+  }
+
+  Length lengthOf(const std::string& path) {
+    const auto known = lengths_.find(path);
+    return known != lengths_.end() ? known->second : lengthBefore(path);
+  }
+
   /// What was there before is on the disk.
   Length lengthBefore(const std::string& path) {
-    Length length;
-    if (!real_.exists(path)) return length;
-    const auto file = real_.openForReading(path);
-    while (file->take() != ByteSource::end) ++length.written;
-    length.synchronised = length.written;
-    return length;
+    if (!real_.exists(path)) return {};
+    const std::size_t size = contentOf(path).size();
+    return {size, size};
   }
 
   void step() {
@@ -112,6 +180,7 @@ class DyingFiles : public platform::Files {
   std::function<void()> onDeath_;
   int steps_ = 0;
   std::map<std::string, Length> lengths_;
+  std::vector<Change> changes_;
 };
 
 }  // namespace korvinel

@@ -176,5 +176,40 @@ TEST_F(Coherence, TheGraphShowsThePairOfTheChannelsChosen) {
   EXPECT_TRUE(hasLine(program_.window.coherenceGraph, 100, 258, 40, 254, Colour::blue));
 }
 
+TEST_F(Coherence, TheSummaryBeginsOnAnEmptyStrip) {
+  recording({10, 20});
+  state_.summariseSynchrony();
+  const auto once = program_.window.Picture6.marks();
+  program_.window.Picture6.line(1, 1, 600, 200, Colour::lightCyan);
+  state_.summariseSynchrony();
+  EXPECT_EQ(program_.window.Picture6.marks(), once);
+}
+
+TEST_F(Coherence, TheSummaryIsWrittenFromAWhiteDotAtItsPlace) {
+  recording({10, 20});
+  for (const int pair : {1, 2}) {
+    state_.channelPair = pair;
+    state_.summariseSynchrony();
+    EXPECT_TRUE(hasPoint(program_.window.Picture6, 470, 170, Colour::white));
+    for (const platform::Mark& mark : program_.window.Picture6.marks()) {
+      if (mark.kind != platform::Mark::Kind::text) continue;
+      EXPECT_EQ(mark.x1, 470) << mark.text;
+      EXPECT_EQ(mark.y1, 170) << mark.text;
+    }
+  }
+}
+
+TEST_F(Coherence, HalvesOfTheGraphAndOfTheTrendGoToTheEvenUnit) {
+  const std::pair<float, double> cases[] = {{0.5F, 100}, {1.5F, 98}, {-0.5F, 100}, {-1.5F, 102}};
+  for (const auto& [percent, x] : cases) {
+    state_.meanCoherence[1][1] = percent;
+    state_.drawCoherenceGraph();
+    EXPECT_TRUE(hasLine(program_.window.coherenceGraph, 100, 258, x, 254, Colour::blue)) << percent;
+    recording({percent});
+    state_.summariseSynchrony();
+    EXPECT_TRUE(hasLine(program_.window.Picture6, 0, 100, 3, x, Colour::blue)) << percent;
+  }
+}
+
 }  // namespace
 }  // namespace korvinel

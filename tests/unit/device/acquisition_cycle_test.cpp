@@ -278,5 +278,16 @@ TEST(AcquisitionTick, AFaultInOneStepDoesNotStopTheOthers) {
   EXPECT_TRUE(program.host.faults.empty());
 }
 
+TEST(DrawTrace, HalvesGoToTheEvenUnit) {
+  const std::pair<float, double> cases[] = {{0.5F, 254}, {1.5F, 254}, {2.5F, 252}};
+  for (const auto& [sample, y] : cases) {
+    HeadlessProgram program;
+    fill(program.state, sample);
+    platform::Surface surface("", 258, 258, 10);
+    program.state.drawTrace(surface, 1, Colour::blue);
+    EXPECT_EQ(surface.marks().front(), (Mark{Mark::Kind::line, Colour::blue, 1, y, 2, y})) << sample;
+  }
+}
+
 }  // namespace
 }  // namespace korvinel

@@ -132,5 +132,24 @@ TEST(IntervalSelection, APositionBeyond16BitsIsAFaultAndChangesNothing) {
   }
 }
 
+TEST(IntervalSelection, AReleaseEndsTheDrag) {
+  Strip strip;
+  strip.drag(30, 60);
+  const auto marks = strip.window.Picture6.marks();
+  strip.window.stripPointer.onMoved(90);
+  strip.window.stripPointer.onReleased(120);
+  EXPECT_EQ(strip.window.Picture6.marks(), marks);
+  EXPECT_EQ(strip.shared.analysisLastBlock, 20);
+}
+
+TEST(IntervalSelection, AfterAPressBeyondTheDataTheBarIsDrawnAllTheSame) {
+  Strip strip;
+  strip.window.Picture6.clear();
+  strip.window.stripPointer.onPressed(400);
+  strip.window.stripPointer.onReleased(300);
+  EXPECT_EQ(strip.window.Picture6.marks().back(), (Mark{Mark::Kind::box, Colour::lightRed, 400, 1, 171, 2}));
+  EXPECT_EQ(strip.window.Picture6.shade(), (platform::Surface::Shade{400, 171, Colour::lightRed}));
+}
+
 }  // namespace
 }  // namespace korvinel

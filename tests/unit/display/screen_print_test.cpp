@@ -71,5 +71,15 @@ TEST(PrintScreen, WaitsAFifthOfASecondBeforeTheCaptureWhileEventsGoOn) {
   EXPECT_GE(program.host.time.seconds() - before, 0.2);
 }
 
+TEST(PrintScreen, LetsEventsInOnceBetweenTheKeyAndThePage) {
+  HeadlessProgram program;
+  program.host.dialogs.choices.push_back(Choice::ok);
+  int steps = 0;
+  program.host.time.onStep = [&] { steps += program.host.printer.done.size() == 1 ? 1 : 0; };
+  program.window.Stampa.press();
+  EXPECT_EQ(steps, 1);
+  EXPECT_EQ(program.host.printer.done.size(), 2U);
+}
+
 }  // namespace
 }  // namespace korvinel

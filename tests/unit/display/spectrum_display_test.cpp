@@ -196,5 +196,40 @@ TEST_F(SpectrumDisplay, TheAmplitudeBarWaitsForTheNextBlockWhileAcquiring) {
   EXPECT_TRUE(barsOn(window_.rightSpectrum).empty());
 }
 
+TEST(BarEnds, HalvesGoToTheEvenUnit) {
+  struct Case {
+    float microvolts;
+    double left, right;
+  };
+  const Fixed twoUnits = barScale(127);
+  for (const auto& [microvolts, left, right] : {Case{0.25F, 256, 2}, Case{0.75F, 256, 2}, Case{1.25F, 254, 4}}) {
+    EXPECT_EQ(leftBarEnd(twoUnits, microvolts), left) << microvolts;
+    EXPECT_EQ(rightBarEnd(twoUnits, microvolts), right) << microvolts;
+  }
+}
+
+TEST_F(SpectrumDisplay, TheSynchronyOfAReplayStandsAtItsPlace) {
+  state_.replayActive = 1;
+  for (const int pair : {1, 2}) {
+    state_.channelPair = pair;
+    state_.drawSpectrumDisplay();
+    const Mark text = *std::find_if(window_.Picture6.marks().begin(), window_.Picture6.marks().end(),
+                                    [](const Mark& mark) { return mark.kind == Mark::Kind::text; });
+    EXPECT_EQ(text.x1, 450) << text.text;
+    EXPECT_EQ(text.y1, 170) << text.text;
+  }
+}
+
+TEST_F(SpectrumDisplay, OfAReplayOnlyTheCursorOfTheBlockOnShowStands) {
+  state_.replayActive = 1;
+  program_.shared.fileBlockCount = 6;
+  for (const int block : {3, 4, 5}) {
+    state_.blockCount = block;
+    state_.drawSpectrumDisplay();
+    EXPECT_EQ(linesIn(window_.Picture6, Colour::lightCyan), 1U) << block;
+    EXPECT_TRUE(hasLine(window_.Picture6, 3 * block, 1, 3 * block, 200, Colour::lightCyan)) << block;
+  }
+}
+
 }  // namespace
 }  // namespace korvinel

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "display/spectrum_display.h"
 #include "display/window_geometry.h"
 #include "headless_program.h"
+#include "signals.h"
 
 namespace korvinel {
 namespace {
@@ -158,6 +160,58 @@ TEST(Geometry, NothingOverlapsAndNothingLeavesTheWindow) {
     for (const Rect& b : all) {
       const bool apart = a.right() <= b.x || b.right() <= a.x || a.bottom() <= b.y || b.bottom() <= a.y;
       EXPECT_TRUE(&a == &b || apart) << a.x << "," << a.y << " over " << b.x << "," << b.y;
+    }
+  }
+}
+
+TEST_F(LayoutTest, TheFrequencyLabelsAreBlackBehindWhiteTicks) {
+  int labels = 0;
+  for (const Mark& mark : window.frequencyAxis.marks()) {
+    if (mark.kind != Mark::Kind::text) continue;
+    ++labels;
+    EXPECT_EQ(mark.colour, Colour::black) << mark.text;
+    EXPECT_TRUE(hasPoint(window.frequencyAxis, mark.x1, mark.y1, Colour::white)) << mark.text;
+  }
+  EXPECT_EQ(labels, 8);
+}
+
+TEST_F(LayoutTest, EveryGraphHasItsDottedGridInBlue) {
+  const std::tuple<const platform::Surface*, double, double> grids[] = {
+      {&window.firstTrace, 64.5, 64.5}, {&window.secondTrace, 64.5, 64.5}, {&window.leftSpectrum, 43, 43},
+      {&window.rightSpectrum, 43, 43},  {&window.coherenceGraph, 50, 50},  {&window.Picture6, 60, 50}};
+  for (const auto& [graph, stepX, stepY] : grids) {
+    for (int i = 1; i * stepX < graph->width(); ++i)
+      EXPECT_TRUE(hasPoint(*graph, i * stepX, 9, Colour::blue)) << graph->name() << i;
+    for (int i = 1; i * stepY < graph->height(); ++i)
+      EXPECT_TRUE(hasPoint(*graph, 9, i * stepY, Colour::blue)) << graph->name() << i;
+  }
+}
+
+/// The ticks drawn since the ruler was last painted over.
+std::vector<Mark> ticksOf(const platform::Surface& ruler) {
+  std::vector<Mark> ticks;
+  for (const Mark& mark : ruler.marks()) {
+    const bool paintedOver = mark.kind == Mark::Kind::box && mark.colour == Colour::white && mark.x2 == ruler.width() &&
+                             mark.y2 == ruler.height();
+    if (paintedOver) ticks.clear();
+    if (mark.kind == Mark::Kind::line) ticks.push_back(mark);
+  }
+  return ticks;
+}
+
+TEST_F(LayoutTest, TheRulersTicksStandWhereABarOfSoManyMicrovoltsEnds) {
+  for (const int scale : {10, 60, 80, 127, 200}) {
+    window.HScroll1.moveTo(scale);
+    const auto left = ticksOf(window.leftRuler), right = ticksOf(window.rightRuler);
+    ASSERT_EQ(left.size(), static_cast<std::size_t>(scale / 10 + 1)) << scale;
+    ASSERT_EQ(right.size(), left.size()) << scale;
+    for (std::size_t i = 0; i < left.size(); ++i) {
+      const auto microvolts = static_cast<float>(10 * i);
+      EXPECT_NEAR(left[i].x1, leftBarEnd(barScale(scale), microvolts), 2) << scale << ", " << microvolts;
+      EXPECT_NEAR(right[i].x1, rightBarEnd(barScale(scale), microvolts), 1) << scale << ", " << microvolts;
+      const double length = i % 5 == 0 ? 10 : 6;
+      EXPECT_EQ(left[i], (Mark{Mark::Kind::line, Colour::blue, left[i].x1, 0, left[i].x1, length}));
+      EXPECT_EQ(right[i], (Mark{Mark::Kind::line, Colour::blue, right[i].x1, 0, right[i].x1, length}));
     }
   }
 }

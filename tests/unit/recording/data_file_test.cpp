@@ -230,7 +230,11 @@ TEST(SafeKeeping, ADiskFullAtAnyByteOfABlockAndThenFreedLosesNothing) {
     EXPECT_EQ(recording.dataFile(), recordings::header() + recordings::block(101) + recordings::block(102) +
                                         recordings::block(103) + recordings::block(104))
         << room;
-    EXPECT_EQ(recording.setAside().size(), 1U) << room;
+    ASSERT_EQ(recording.setAside().size(), 1U) << room;
+    EXPECT_EQ(recording.host.files.content[recording.setAside().front()],
+              headerOfRossi + recordings::block(101) + recordings::block(102) + recordings::block(103) +
+                  recordings::block(104))
+        << room;
   }
 }
 
@@ -239,6 +243,7 @@ TEST(SafeKeeping, AFolderRemovedAndMadeAgainLosesNothing) {
   recording.append(101);
   recording.host.files.content.erase(temporary);
   recording.append(102);
+  EXPECT_EQ(recording.temporaryFile(), headerOfRossi + recordings::block(101) + recordings::block(102));
   recording.state.assembleDataFile();
   EXPECT_EQ(recording.dataFile(), recordings::header() + recordings::block(101) + recordings::block(102));
 }
@@ -285,14 +290,29 @@ TEST(SafeKeeping, AReadOnlyFolderAtTheEndLeavesTheTemporaryFileWhereItIs) {
   EXPECT_EQ(recording.state.recordingActive, 0);
 }
 
-TEST(SafeKeeping, ATemporaryFileThatVanishedIsWrittenAgainFromMemory) {
+TEST(SafeKeeping, ATemporaryFileThatVanishedIsWrittenAgainFromMemoryBeforeTheDataFile) {
   Recording recording;
   recording.append(101);
-  const std::string recorded = recording.host.files.content[temporary];
+  const std::string recorded = recording.temporaryFile();
   recording.host.files.content.erase(temporary);
-  recording.host.files.freeSpace = 1'000'000;
+  std::string whileAssembling;
+  recording.host.time.onStep = [&] { whileAssembling = recording.temporaryFile(); };
   recording.state.assembleDataFile();
+  EXPECT_EQ(whileAssembling, recorded);
   EXPECT_EQ(recording.dataFile(), recordings::header() + recordings::block(101));
+  EXPECT_EQ(recording.state.blocksFromMemory, 0);
+}
+
+TEST(SafeKeeping, ATemporaryFileThatVanishedIsSetAsideWholeWhereTheDataFileCannotBeMade) {
+  Recording recording;
+  recording.appendBlocks(3);
+  const std::string recorded = recording.temporaryFile();
+  recording.host.files.content.erase(temporary);
+  recording.shared.dataFileName = std::string(300, 'a') + ".QVD";
+  recording.state.assembleDataFile();
+  ASSERT_EQ(recording.setAside().size(), 1U);
+  EXPECT_EQ(recording.host.files.content[recording.setAside().front()], recorded);
+  EXPECT_EQ(recording.state.setAsidePath, recording.setAside().front());
 }
 
 TEST(SafeKeeping, TheMessageNamesTheCauseThePlaceAndWhatIsMissing) {

@@ -2,6 +2,7 @@
 
 #include "golden_reference.h"
 #include "opened_file.h"
+#include "signals.h"
 
 namespace korvinel {
 namespace {
@@ -386,6 +387,101 @@ TEST(StartBlockChanged, WithoutDataInMemoryOnlyMovesTheLabel) {
   program.window.Slider1.moveTo(20);
   EXPECT_EQ(program.window.replayPositionLabel.text(), "20");
   EXPECT_EQ(program.state.blockCount, 3);
+}
+
+TEST(OpenDataFile, LeavesNothingOfALongerFileInTheAnalysis) {
+  FileProgram program(recordings::header() +
+                      recordings::signalBlock([](int, int s) { return 128 + sineAt(s, 12, 40); }) +
+                      recordings::file(9));
+  program.open();
+  ASSERT_GT(program.shared.spectrumHistory[1][1][13], 1.0F);
+  program.host.files.content[program.path] = recordings::file(0);
+  program.open();
+  EXPECT_EQ(program.shared.spectrumHistory[1][1][13], 0.0F);
+  EXPECT_EQ(program.shared.coherenceHistory[1][1], 0.0F);
+  EXPECT_EQ(program.state.runningMeanSpectrum[1][13], 0.0F);
+}
+
+TEST(OpenDataFile, LetsGoOfADragOnTheTimeStripAtItsBeginningAndAtItsEnd) {
+  FileProgram program;
+  program.open();
+  program.window.stripPointer.onPressed(6);
+  program.host.time.when([&] { return program.state.blockCount == 4; },
+                         [&] {
+                           EXPECT_EQ(program.state.selectionDragging, 0);
+                           program.state.selectionDragging = 1;
+                         });
+  program.open();
+  EXPECT_EQ(program.state.selectionDragging, 0);
+  const auto marks = program.window.Picture6.marks();
+  program.window.stripPointer.onMoved(20);
+  EXPECT_EQ(program.window.Picture6.marks(), marks);
+}
+
+/// A block whose first channel leaves the accepted range now and then, with high frequencies that the low-pass removes.
+std::string blockWithBlinks() {
+  return recordings::signalBlock([](int channel, int s) {
+    return channel == 1 && s % 64 < 6 ? 240 : 128 + sineAt(s, 12, 40) + sineAt(s, 100, 30);
+  });
+}
+
+TEST(OpenDataFile, RemovesOcularArtefactsFromTheLowPassedSignalBeforeItsSpectra) {
+  FileProgram program(recordings::header() + blockWithBlinks() + blockWithBlinks());
+  program.window.ocularCheck.setChecked(true);
+  program.open();
+  const auto spectrumAfter = [&](std::initializer_list<void (MainState::*)()> steps) {
+    HeadlessProgram byHand;
+    byHand.state.startUp();
+    byHand.window.ocularCheck.setChecked(true);
+    byHand.state.blockCount = 1;
+    const std::string block = blockWithBlinks();
+    for (int channel = 1; channel <= 4; ++channel)
+      for (int s = 1; s <= 256; ++s)
+        byHand.state.sampleBlock[channel][s] =
+            static_cast<unsigned char>(block[static_cast<std::size_t>(259 * (channel - 1) + s - 1)]);
+    for (const auto step : steps) (byHand.state.*step)();
+    return byHand.shared.spectrumHistory[1][1];
+  };
+  using S = MainState;
+  const auto rightOrder = {&S::computeComplexSpectra, &S::lowPassBlock, &S::removeOcularArtefacts,
+                           &S::analyseBlockSpectra};
+  const auto screenedFirst = {&S::removeOcularArtefacts, &S::computeComplexSpectra, &S::lowPassBlock,
+                              &S::analyseBlockSpectra};
+  const auto screenedLast = {&S::computeComplexSpectra, &S::lowPassBlock, &S::analyseBlockSpectra,
+                             &S::removeOcularArtefacts};
+  EXPECT_EQ(program.shared.spectrumHistory[1][1], spectrumAfter(rightOrder));
+  EXPECT_NE(program.shared.spectrumHistory[1][1], spectrumAfter(screenedFirst));
+  EXPECT_NE(program.shared.spectrumHistory[1][1], spectrumAfter(screenedLast));
+}
+
+TEST(OpenDataFile, AStopPressedBeforehandDoesNotStopTheScan) {
+  FileProgram program;
+  program.window.Stopd1.press();
+  program.open();
+  EXPECT_EQ(program.window.blockLabel.text(), "Totale=27s");
+}
+
+TEST(OpenDataFile, HasNoIntervalWhileItScans) {
+  FileProgram program;
+  program.open();
+  program.host.time.when([&] { return program.state.blockCount == 4; },
+                         [&] {
+                           EXPECT_EQ(program.shared.analysisFirstBlock, 0);
+                           EXPECT_EQ(program.shared.analysisLastBlock, 0);
+                           EXPECT_EQ(program.shared.replayStartBlock, 0);
+                           EXPECT_EQ(program.shared.fileBlockCount, 0);
+                           EXPECT_EQ(program.state.intervalSelectable, 0);
+                         });
+  program.open();
+}
+
+TEST(StartBlockChanged, ShowsTheSpectraAndTheBandPeaksOfTheBlock) {
+  FileProgram program;
+  program.open();
+  program.shared.spectrumHistory[5][1][10] = 42.57F;
+  program.window.Slider1.moveTo(5);
+  EXPECT_EQ(program.window.timeLabel.text(), "Tempo=15 secondi");
+  EXPECT_TRUE(program.window.firstNumbers.shows("Theta=42.5uV"));
 }
 
 }  // namespace

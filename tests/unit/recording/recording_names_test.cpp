@@ -229,5 +229,46 @@ TEST(FreeFileName, IsNoLongerThanTheDiskTakes) {
   EXPECT_EQ(free, name.substr(0, 246) + " (2).QVD");
 }
 
+TEST(TakeNames, TheDateIsThatOfTheDayOnWhichStartWasPressed) {
+  HeadlessProgram program;
+  program.state.startUp();
+  EXPECT_EQ(program.state.recordingDate, "21/11/2026");
+  program.host.time.setDate({2026, 12, 31, 0, 0, 0});
+  program.window.fileNameBox.type("prova");
+  program.window.subjectBox.type("Rossi");
+  program.window.Starts1.press();
+  EXPECT_EQ(program.state.recordingDate, "31/12/2026");
+  EXPECT_EQ(program.window.dateLabel.text(), "Data =31/12/2026");
+}
+
+TEST(TakeNames, AfterAFileTheDateIsTodaysAgain) {
+  HeadlessProgram program;
+  program.host.files.content[recordings::folder + "a.QVD"] =
+      "\"Verdi\",\"01/02/2003 V3\",\"4canali\",0\r\n" + recordings::block(100);
+  program.state.startUp();
+  program.host.dialogs.files = {recordings::folder + "a.QVD"};
+  program.window.Openx.press();
+  ASSERT_EQ(program.state.recordingDate, "01/02/2003 ");
+  program.window.Stopd1.press();
+  program.window.fileNameBox.type("prova");
+  program.window.Starts1.press();
+  EXPECT_EQ(program.state.recordingDate, "21/11/2026");
+  EXPECT_EQ(program.window.dateLabel.text(), "Data =21/11/2026");
+}
+
+TEST(TakeNames, ARecordingAcrossMidnightHasTheDateOfItsBeginning) {
+  HeadlessProgram program;
+  program.host.time.jump(86'400 - 36'000 - 30);  // half a minute before midnight
+  program.startAcquisition();
+  program.acquireBlocks(1);
+  program.window.Registra.press();
+  program.host.time.runUntil([&] { return program.state.recordingArmed == 0; });
+  program.acquireBlocks(10);
+  ASSERT_EQ(platform::dateText(program.host.time.localTime()), "22/11/2026");
+  program.window.Stopd1.press();
+  program.host.time.runUntil([&] { return program.state.intervalSelectable == 1; });
+  EXPECT_TRUE(program.host.files.content[recordings::folder + "prova.QVD"].starts_with("\"Rossi\",\"21/11/2026 V3\""));
+}
+
 }  // namespace
 }  // namespace korvinel

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "opened_file.h"
+#include "signals.h"
 
 namespace korvinel {
 namespace {
@@ -245,6 +246,107 @@ TEST(Replay, StartIsRefusedUntilStopAndThenBeginsAnAcquisition) {
   program.acquireBlocks(3);
   EXPECT_EQ(program.state.blockCount, 3);
   EXPECT_TRUE(program.host.faults.empty());
+}
+
+TEST(Replay, AStopPressedBeforehandDoesNotStopIt) {
+  OpenedProgram program;
+  program.window.Stopd1.press();
+  program.window.Displayx.press();
+  EXPECT_EQ(program.shown, levels(1, 10));
+  EXPECT_FALSE(program.window.firstTrace.shows("Stop data..."));
+}
+
+TEST(Replay, WhatWasAskedToBePrintedIsPrintedBeforeTheProgramEnds) {
+  OpenedProgram program;
+  program.state.endRequested = program.state.printRequested = 1;
+  program.host.dialogs.choices = {platform::Choice::ok};
+  program.window.Displayx.press();
+  EXPECT_EQ(program.host.printer.done.size(), 2U);
+  EXPECT_TRUE(program.host.edge.ended());
+}
+
+TEST(Replay, LetsGoOfADragOnTheTimeStripAtItsEnd) {
+  OpenedProgram program;
+  program.host.time.after(0.4, [&] { program.window.stripPointer.onPressed(6); });
+  program.window.Displayx.press();
+  EXPECT_EQ(program.state.selectionDragging, 0);
+  program.window.stripPointer.onReleased(20);
+  EXPECT_EQ(program.shared.analysisFirstBlock, 1);
+  EXPECT_EQ(program.shared.analysisLastBlock, 9);
+}
+
+/// Block n is a tone in band 1..4, Delta to Beta, with high frequencies that the low-pass of the scan removes; channel
+/// 1 blinks.
+constexpr int cyclesOfBand[] = {0, 4, 10, 20, 40};
+int bandOf(int block) { return (block - 1) % 4 + 1; }
+
+std::string fileOfBands(int blocks) {
+  std::string file = recordings::header();
+  for (int n = 1; n <= blocks; ++n)
+    file += recordings::signalBlock([&](int channel, int s) {
+      if (channel == 1 && s % 64 < 4) return 250.0;
+      return 128 + sineAt(s, cyclesOfBand[bandOf(n)], 40) + sineAt(s, 100, 20);
+    });
+  return file;
+}
+
+struct BandReplay : FileProgram {
+  explicit BandReplay(bool screensEyes = false) : FileProgram(fileOfBands(8)) {
+    window.ocularCheck.setChecked(screensEyes);
+    open();
+    window.HScroll2.moveTo(20);
+  }
+  /// Replays and does this with the number of each block that is on show.
+  void replay(const std::function<void(int)>& look) {
+    window.replayPositionLabel.onChanged = [this, look] { look(std::stoi(window.replayPositionLabel.text())); };
+    window.Displayx.press();
+  }
+};
+
+TEST(Replay, RemovesOcularArtefactsFromTheTracesWhereThatIsWanted) {
+  for (const bool wanted : {false, true}) {
+    BandReplay program(wanted);
+    int looked = 0;
+    program.replay([&](int block) {
+      ++looked;
+      EXPECT_EQ(hasLine(program.window.firstTrace, 64, 5, 65, 5, platform::Colour::lightGreen), !wanted) << block;
+    });
+    EXPECT_EQ(looked, 7);
+  }
+}
+
+TEST(Replay, AnalysesEachBlockAsItWasRecordedWithoutTheLowPass) {
+  BandReplay program;
+  const auto& history = program.shared.spectrumHistory;
+  for (int block = 1; block <= 7; ++block) EXPECT_LT(history[block][2][101], 1.0F) << block;
+  program.replay([&](int block) {
+    EXPECT_GT(history[block][2][101], 5.0F) << block;
+    EXPECT_EQ(program.state.amplitudeSpectrum[2][101], history[block][2][101]) << block;
+  });
+}
+
+TEST(Replay, ShowsTheSpectraAndTheTimeOfEachBlock) {
+  BandReplay program;
+  program.replay([&](int block) {
+    EXPECT_EQ(program.window.timeLabel.text(), "Tempo=" + std::to_string(3 * block) + " secondi");
+    std::vector<double> ends;
+    for (const auto& mark : program.window.rightSpectrum.marks())
+      if (mark.kind == platform::Mark::Kind::box) ends.push_back(mark.x2);
+    const auto longest = std::max_element(ends.begin(), ends.end()) - ends.begin();
+    EXPECT_EQ(longest, cyclesOfBand[bandOf(block)]) << block;
+  });
+}
+
+TEST(Replay, ShowsTheBandPeaksOfEachBlock) {
+  BandReplay program;
+  program.replay([&](int block) {
+    std::vector<double> peaks;
+    for (const std::string& text : program.window.secondNumbers.texts())
+      if (const auto sign = text.find('='); sign != std::string::npos)
+        peaks.push_back(std::stod(text.substr(sign + 1)));
+    ASSERT_EQ(peaks.size(), 4U) << block;
+    EXPECT_EQ(std::max_element(peaks.begin(), peaks.end()) - peaks.begin(), bandOf(block) - 1) << block;
+  });
 }
 
 }  // namespace

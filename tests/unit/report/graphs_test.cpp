@@ -326,5 +326,21 @@ TEST(Scale, AnEndlessDraggingOfTheSliderKeepsTheGroundBounded) {
   EXPECT_TRUE(program.reportWindow.ground.shows("Norvess Instruments"));
 }
 
+TEST(Panels, HalvesGoToTheEvenUnit) {
+  GraphReport program;  // two units a microvolt
+  const std::pair<float, double> bars[] = {{0.25F, 200}, {0.75F, 198}, {1.25F, 198}},
+                                 lines[] = {{0.5F, 100}, {1.5F, 98}};
+  for (const auto& [microvolts, y] : bars) {
+    program.report.meanSpectrum[1][1] = microvolts;
+    program.report.drawSpectraAndCoherence();
+    EXPECT_EQ(program.bars(1)[0].y2, y) << microvolts;
+  }
+  for (const auto& [coherence, y] : lines) {
+    program.report.coherenceSpectrum[1][1] = coherence;
+    program.report.drawSpectraAndCoherence();
+    EXPECT_EQ(program.lines(program.reportWindow.coherence1)[0].y2, y) << coherence;
+  }
+}
+
 }  // namespace
 }  // namespace korvinel

@@ -57,6 +57,14 @@ TEST(OpenReport, WithDataTheReportOpens) {
   EXPECT_TRUE(program.host.dialogs.shown.empty());
 }
 
+TEST(OpenReport, WithDataTheTextForMissingDataIsSetAllTheSame) {
+  HeadlessReport program;
+  program.fillHistories(1, 10);
+  program.openReport();
+  EXPECT_EQ(program.state.headerText1, "Nessun dato in memoria! Prima apri un file!");
+  EXPECT_TRUE(program.host.dialogs.shown.empty());
+}
+
 TEST(OpenReport, InAnotherLanguageARunningAcquisitionDoesNotHoldItUp) {
   HeadlessReport program;
   program.shared.languageFlag = "Eng";
@@ -278,8 +286,19 @@ TEST(ReportButtons, NumbersSetsItsFlagAndWritesTheValuesAgain) {
 
 TEST(ReportButtons, NumbersWithBothBoxesClearedWritesTheValuesOfBefore) {
   LoadedReport program;
+  auto& panel = program.reportWindow.spectrum1;
+  panel.clear();
   program.reportWindow.numbersButton.press();
-  EXPECT_TRUE(program.reportWindow.spectrum1.shows("Delta=0"));
+  EXPECT_EQ(panel.texts(), (Texts{"Delta=0", "Theta=0", "Alpha  =0", "Beta=0"}));
+  for (auto* box : {&program.reportWindow.maximumCheck, &program.reportWindow.meanCheck}) {
+    for (int k = 1; k <= 64; ++k) program.report.meanSpectrum[1][k] = 7;
+    box->click();
+    box->click();
+    for (int k = 1; k <= 64; ++k) program.report.meanSpectrum[1][k] = 99;
+    panel.clear();
+    program.reportWindow.numbersButton.press();
+    EXPECT_EQ(panel.texts(), (Texts{"Delta=7", "Theta=7", "Alpha  =7", "Beta=7"}));
+  }
 }
 
 TEST(ReportButtons, ExplainShowsFourLines) {
