@@ -390,16 +390,17 @@ TEST(StartBlockChanged, WithoutDataInMemoryOnlyMovesTheLabel) {
 }
 
 TEST(OpenDataFile, LeavesNothingOfALongerFileInTheAnalysis) {
-  FileProgram program(recordings::header() +
-                      recordings::signalBlock([](int, int s) { return 128 + sineAt(s, 12, 40); }) +
-                      recordings::file(9));
+  const std::string tone = recordings::signalBlock([](int, int s) { return 128 + sineAt(s, 12, 40); });
+  FileProgram program(recordings::file(4) + tone + tone);
   program.open();
-  ASSERT_GT(program.shared.spectrumHistory[1][1][13], 1.0F);
-  program.host.files.content[program.path] = recordings::file(0);
+  ASSERT_GT(program.shared.spectrumHistory[5][1][13], 1.0F);
+  ASSERT_EQ(program.shared.coherenceHistory[1][5], 100.0F);
+  ASSERT_EQ(program.shared.coherenceSpectrumHistory[5][1][13], 100.0F);
+  program.host.files.content[program.path] = recordings::file(2);
   program.open();
-  EXPECT_EQ(program.shared.spectrumHistory[1][1][13], 0.0F);
-  EXPECT_EQ(program.shared.coherenceHistory[1][1], 0.0F);
-  EXPECT_EQ(program.state.runningMeanSpectrum[1][13], 0.0F);
+  EXPECT_EQ(program.shared.spectrumHistory[5][1][13], 0.0F);
+  EXPECT_EQ(program.shared.coherenceHistory[1][5], 0.0F);
+  EXPECT_EQ(program.shared.coherenceSpectrumHistory[5][1][13], 0.0F);
 }
 
 TEST(OpenDataFile, LetsGoOfADragOnTheTimeStripAtItsBeginningAndAtItsEnd) {

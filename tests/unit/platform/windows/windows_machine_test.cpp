@@ -30,14 +30,27 @@ TEST(WindowsMachine, RaisesThePrioritiesOfItsThreadAndProcess) {
   machine.setPriorityClass(NORMAL_PRIORITY_CLASS);
 }
 
-/// Prints nothing, and remembers what it was asked.
+/// The width of the picture on the clipboard; 0: none.
+int widthOnClipboard() {
+  if (OpenClipboard(nullptr) == 0) return 0;
+  BITMAP picture{};
+  if (void* const handle = GetClipboardData(CF_BITMAP)) GetObject(handle, sizeof picture, &picture);
+  CloseClipboard();
+  return static_cast<int>(picture.bmWidth);
+}
+
+/// Prints nothing, and remembers what it was asked, and the width of the picture that it was to print.
 struct RecordingPrinter : ScreenPrinter {
   explicit RecordingPrinter(std::vector<std::string>& log) : calls(log) {}
   int systemMajorVersion() override { return 0; }
   void emptyClipboard() override { calls.emplace_back("empty"); }
   void pressPrintScreen(int scanCode) override { calls.emplace_back("press " + std::to_string(scanCode)); }
-  void printClipboard(double, double, double, double) override { calls.emplace_back("print"); }
+  void printClipboard(double, double, double, double) override {
+    calls.emplace_back("print");
+    width = widthOnClipboard();
+  }
   std::vector<std::string>& calls;
+  int width = 0;
 };
 
 TEST(WindowsScreenPrinter, KnowsTheSecondFamilyOfSystems) {
@@ -46,10 +59,10 @@ TEST(WindowsScreenPrinter, KnowsTheSecondFamilyOfSystems) {
   EXPECT_GE(printer.systemMajorVersion(), 5);
 }
 
-void putPictureOnClipboard() {
+void putPictureOnClipboard(int width = 8) {
   ASSERT_TRUE(OpenClipboard(nullptr));
   EmptyClipboard();
-  EXPECT_NE(SetClipboardData(CF_BITMAP, CreateBitmap(8, 8, 1, 32, nullptr)), nullptr);
+  EXPECT_NE(SetClipboardData(CF_BITMAP, CreateBitmap(width, 8, 1, 32, nullptr)), nullptr);
   CloseClipboard();
 }
 
@@ -78,17 +91,22 @@ TEST(WindowsScreenPrinter, NeverPrintsAPictureFromBeforeTheKey) {
   for (int print = 1; print <= 2; ++print) expectNewPicture(printer, calls);
 }
 
-TEST(WindowsScreenPrinter, PrintsThePictureThatComesAfterTheKey) {
+/// As the system does it: in its own time after the key, in the place of what lay there before.
+TEST(WindowsScreenPrinter, PrintsThePictureThatTheSystemTookAndNotTheOneBefore) {
   std::vector<std::string> calls;
-  WindowsScreenPrinter printer(std::make_unique<RecordingPrinter>(calls));
-  putPictureOnClipboard();
+  auto inner = std::make_unique<RecordingPrinter>(calls);
+  const RecordingPrinter& page = *inner;
+  WindowsScreenPrinter printer(std::move(inner));
+  putPictureOnClipboard(8);
   printer.pressPrintScreen(1);
   std::thread system([] {
     Sleep(100);
-    putPictureOnClipboard();
+    putPictureOnClipboard(24);
   });
   printer.printClipboard(10, 3, 190, 145);
+  const int printed = page.width;
   system.join();
+  EXPECT_EQ(printed, 24);
   EXPECT_THAT(calls, testing::ElementsAre("print"));
 }
 
