@@ -132,6 +132,7 @@ TEST_F(Coherence, TheSummaryNamesThePairOnShow) {
   shared_.coherenceHistory[2][1] = 12;
   state_.summariseSynchrony();
   EXPECT_TRUE(program_.window.Picture6.shows("Syncro 1-2 media= 33.5"));
+  EXPECT_TRUE(hasPoint(program_.window.Picture6, 470, 170, Colour::white));  // from where it is printed
   state_.channelPair = 2;
   state_.summariseSynchrony();
   EXPECT_TRUE(program_.window.Picture6.shows("Syncro 3-4 media= 6"));
@@ -167,6 +168,16 @@ TEST_F(Coherence, TheGraphHasItsZeroLineAndFrequencyGuides) {
   for (const auto& [x, y] : {std::pair{100, 1}, {100, 249}, {1, 43}, {191, 43}, {1, 258}, {11, 172}})
     EXPECT_TRUE(hasPoint(graph, x, y, Colour::blue)) << x << ", " << y;
   EXPECT_EQ(graph.marks().size(), 32U + 6U * 20U + 64U);
+}
+
+TEST_F(Coherence, TheGraphAndTheSummaryAreDrawnOnClearedSurfaces) {
+  recording({10, 20});
+  for (int time = 1; time <= 2; ++time) {
+    state_.drawCoherenceGraph();
+    state_.summariseSynchrony();
+    EXPECT_EQ(linesIn(program_.window.coherenceGraph, Colour::blue), 64U);
+    EXPECT_EQ(linesIn(program_.window.Picture6, Colour::blue), 2U + 11U);
+  }
 }
 
 TEST_F(Coherence, TheGraphShowsThePairOfTheChannelsChosen) {

@@ -175,6 +175,39 @@ TEST(DrawTraces, TheRawOnesSayWhetherTheBlockIsAnArtefact) {
   EXPECT_FALSE(program.window.firstTrace.shows("Artefatto!"));
 }
 
+TEST(DrawTraces, TheNamesOfThePairStandInWhiteAtTheLowerLeft) {
+  HeadlessProgram program;
+  program.state.startUp();
+  program.state.nameTraces();
+  const std::pair<const platform::Surface*, const char*> names[] = {{&program.window.firstTrace, "Cha.1"},
+                                                                    {&program.window.secondTrace, "Cha.2"}};
+  for (const auto& [trace, name] : names) {
+    const Mark& mark = trace->marks().back();
+    EXPECT_EQ(mark.text, name);
+    EXPECT_EQ(std::pair(mark.x1, mark.y1), std::pair(4.0, 226.0)) << name;
+    EXPECT_EQ(mark.colour, Colour::white) << name;
+  }
+}
+
+TEST(AcquisitionTick, TheTracesOfABlockCarryTheNamesOfTheirChannels) {
+  HeadlessProgram program;
+  program.startAcquisition();
+  program.window.Canali.press();
+  program.acquireBlocks(1);
+  EXPECT_TRUE(program.window.firstTrace.shows("C3"));
+  EXPECT_TRUE(program.window.secondTrace.shows("C4"));
+}
+
+TEST(AcquisitionTick, EndPressedWhileARejectedBlockIsReadEndsWithThatTurn) {
+  HeadlessProgram program;
+  program.host.instrument.idleBlock = frames(128, 250, 128, 128);
+  program.startAcquisition();
+  program.state.artefactThreshold = 70;
+  program.host.time.when([&] { return program.state.turnRunning == 1; }, [&] { program.window.Endx1.press(); });
+  program.host.time.runFor(2.5);
+  EXPECT_TRUE(program.host.edge.ended());
+}
+
 TEST(AcquisitionTick, TheFirstBlockIsReadOneTickAfterStart) {
   HeadlessProgram program;
   program.startAcquisition();

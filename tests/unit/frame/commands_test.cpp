@@ -175,6 +175,40 @@ TEST(StartAcquisition, CountsAfreshButKeepsThePair) {
   EXPECT_TRUE(program.host.tickTimer.enabled());
 }
 
+TEST(StartCommand, ForgetsTheFileThatWasOpenAndItsNote) {
+  HeadlessProgram program;
+  program.state.startUp();
+  program.window.fileNameBox.type("prova");
+  program.window.subjectBox.type("Rossi");
+  program.state.openFilePath = program.state.openFileTitle = "vecchio.QVD";
+  program.state.nextFileCommand = FileCommand::replay;
+  program.state.openNote = 3;
+  program.state.readHandle = program.host.files.openForReading("C:\\QUARVEL5\\Factors.val");
+  program.window.firstNumbers.print("Alfa=9uV");
+  program.window.Starts1.press();
+  EXPECT_EQ(program.state.openFilePath, "");
+  EXPECT_EQ(program.state.openFileTitle, "");
+  EXPECT_EQ(program.state.nextFileCommand, FileCommand::none);
+  EXPECT_EQ(program.state.openNote, 0);
+  EXPECT_EQ(program.state.readHandle, nullptr);
+  EXPECT_TRUE(program.window.firstNumbers.marks().empty());
+}
+
+TEST(StartAcquisition, ForgetsTheLastBlockAndTheIntervalOfTheLastExamination) {
+  HeadlessProgram program;
+  program.state.startUp();
+  program.state.artefactFlag = program.state.selectionDragging = 1;
+  program.shared.analysisFirstBlock = program.shared.analysisLastBlock = 7;
+  program.shared.replayStartBlock = program.shared.fileBlockCount = 7;
+  program.state.startAcquisition();
+  EXPECT_EQ(program.state.artefactFlag, 0);
+  EXPECT_EQ(program.state.selectionDragging, 0);
+  EXPECT_EQ(program.shared.analysisFirstBlock, 0);
+  EXPECT_EQ(program.shared.analysisLastBlock, 0);
+  EXPECT_EQ(program.shared.replayStartBlock, 0);
+  EXPECT_EQ(program.shared.fileBlockCount, 0);
+}
+
 TEST(StartAcquisition, EndsTheReplayOfAnOpenedFile) {
   HeadlessProgram program;
   program.state.startUp();
@@ -371,6 +405,22 @@ TEST(CloseWindow, WritesItsWordInBlackOnAWhiteBox) {
   EXPECT_EQ(marks.back().colour, Colour::black);
 }
 
+TEST(EndCommand, TheWordsOfTheEndAreWrittenOnlyInItalian) {
+  HeadlessProgram program;
+  program.startAcquisition();
+  program.acquireBlocks(1);
+  program.shared.languageFlag = "Eng";
+  const std::string status = program.window.statusLabel.text();
+  program.host.edge.run([&] { static_cast<void>(program.state.closeWindow()); });
+  EXPECT_EQ(program.window.firstTrace.marks().back().kind, Mark::Kind::box);
+  program.window.Endx1.press();
+  EXPECT_TRUE(program.window.firstTrace.marks().empty());
+  program.host.time.runFor(10);
+  EXPECT_TRUE(program.host.edge.ended());
+  EXPECT_TRUE(program.window.firstTrace.marks().empty());
+  EXPECT_EQ(program.window.statusLabel.text(), status);
+}
+
 TEST(EndAcquisition, TheEndIsWrittenInWhiteAtTheUpperLeftOfAnEmptyTrace) {
   HeadlessProgram program;
   program.startAcquisition();
@@ -440,8 +490,10 @@ TEST(EndAcquisition, WithoutStopOrEndDoesNothingMoreThanSilenceTheInstrument) {
   HeadlessProgram program;
   program.startAcquisition();
   program.acquireBlocks(2);
+  program.host.tickTimer.setEnabled(true);  // beside the pause timer
   program.state.endAcquisition();
   EXPECT_FALSE(program.host.tickTimer.enabled());
+  EXPECT_FALSE(program.host.pauseTimer.enabled());
   EXPECT_EQ(program.state.intervalSelectable, 0);
   EXPECT_EQ(program.state.blockCount, 2);
 }

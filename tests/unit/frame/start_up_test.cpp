@@ -30,6 +30,15 @@ TEST(StartUp, SetsTheDefaults) {
   EXPECT_EQ(program.shared.channelCount, 4);
 }
 
+TEST(StartUp, DrawsTheEmptyWindowAndKeepsTheColourOfItsButtons) {
+  HeadlessProgram program;
+  program.window.Starts1.setBackColour(platform::Colour::lightCyan);
+  program.state.startUp();
+  EXPECT_EQ(program.state.startButtonColour, platform::Colour::lightCyan);
+  EXPECT_GT(program.window.firstTrace.marks().size(), 4U);
+  EXPECT_EQ(program.window.fileNameCaption.text(), "Nome File");
+}
+
 TEST(StartUp, LeavesBothTimersDisabledAndTheInstrumentAlone) {
   HeadlessProgram program;
   program.state.startUp();
