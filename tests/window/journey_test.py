@@ -243,7 +243,7 @@ class Journey(unittest.TestCase):
         return self.program.label('Data')
 
     def choose_interval_by_mouse(self):
-        """The blocks of closed eyes; a pixel is less than a block."""
+        """Chooses the blocks of closed eyes; a pixel is less than a block."""
         def middle_of(block):
             return (UNITS_PER_BLOCK * block + 1.5) / STRIP_UNITS
         self.program.drag('Striscia del tempo', middle_of(FIRST_CLOSED_BLOCK), middle_of(self.last))

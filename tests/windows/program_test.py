@@ -66,7 +66,7 @@ def choose_port_5(root):
 class TheProgramOnWindows(unittest.TestCase):
     def setUp(self):
         self.desktop = self.enterContext(driver.Desktop('1366x1000'))
-        os.environ['CUPS_SERVER'] = os.path.join(self.desktop.home, 'no-print-server')  # no printer: the page becomes a file
+        os.environ['CUPS_SERVER'] = os.path.join(self.desktop.home, 'no-print-server')  # no printer: a file
         self.root = os.path.join(self.enterContext(Windows(PREFIX, PORT)).drive, 'QUARVEL5')
         self.recordings = os.path.join(self.root, 'DATAFILE')
 
