@@ -78,7 +78,7 @@ void ReportWindows::showComments() {
   if (open_->commentView) return bringForward(*open_->commentView);
   open_->commentView = new CommentWindowView(open_->comments, open_->view);
   open_->commentView->setAttribute(Qt::WA_DeleteOnClose);
-  // A window that is opened anew is empty.
+  // A newly opened window is empty.
   QObject::connect(open_->commentView, &QObject::destroyed, open_->view,
                    [&comments = open_->comments] { comments.text.clear(); });
   open_->commentView->show();

@@ -48,7 +48,7 @@ void handleAcceptedBlock(MainState& state) {
   skipOnFault([&] { state.drawSpectrumDisplay(); });
   skipOnFault([&] { state.showBandPeaks(); });
   const bool ends = state.endRequested == 1 || state.stopRequested == 1;
-  // When recording has just been switched on, the examination starts anew, so that it counts from the recording's first
+  // When recording has just been switched on, the examination restarts, so that it counts from the recording's first
   // block.
   if (ends || state.recordingArmed == 1) return finish(state);
   armPauseTimer(state, turnStart);

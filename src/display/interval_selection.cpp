@@ -19,7 +19,7 @@ void drawBar(MainState& state) {
   strip.shade(state.selectionStartX, state.selectionEndX, Colour::lightRed);
 }
 
-/// Coarse on purpose: x 0..5 is block 1, then three units a block. A drag to the left leaves first above last.
+/// Coarse on purpose: x 0..5 is block 1, then three units per block. A drag to the left leaves first above last.
 void selectInterval(MainState& state) {
   ProgramValues& shared = state.shared;
   shared.analysisFirstBlock = blockAt(state.selectionStartX);

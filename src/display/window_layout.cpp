@@ -108,7 +108,7 @@ void MainState::drawFrequencyAxis() {
     const char* text;
     double x, y;
   };
-  // Ten units for 5 Hz, so two units a hertz, as the bars have two indexes a hertz.
+  // Ten units for 5 Hz, so two units per hertz, as the bars have two indexes per hertz.
   constexpr std::array<AxisLabel, 8> labels = {{{"30", 2, 0},
                                                 {"Hz", 2, 5},
                                                 {"25", 2, 9},

@@ -35,7 +35,7 @@ void drawTrend(Surface& strip, const Bounded<float, 202>& correlation, int block
 void drawNoteMarks(MainState& state) {
   for (int note = 1; note <= state.noteCount; ++note) {
     const double time = static_cast<double>(state.noteTimes[note]);
-    // A file's times may be anything: one that is no block, or far beyond the strip, gets no mark.
+    // A file's times may be anything: one that is not a block, or far beyond the strip, gets no mark.
     if (!(time >= 1 && time * unitsPerBlock <= stripWidth)) continue;
     const Int16 x = Int16::nearest(unitsPerBlock * time);
     state.window.Picture6.line(x, 1, x, 13, Colour::lightRed);

@@ -17,7 +17,7 @@ void splitDateField(FileHeader& header, const std::string& bytes) {
   header.date = utf8FromCodePage(bytes.substr(0, dateLength));
 }
 
-/// 0, which is no block, if the number is too large: the note's text is kept.
+/// 0, which is not a block, if the number is too large: the note's text is kept.
 float noteTime(ByteSource& source) {
   try {
     return readFloat(source);

@@ -71,7 +71,7 @@ class Reader {
     return static_cast<int>(number);
   }
 
-  /// The count decreases when the examination is counted anew: later notes are void.
+  /// The count decreases when the examination restarts: later notes are void.
   void takeNoteCount(int count) {
     for (int note = count + 1; note <= mostNotes; ++note) known_[static_cast<std::size_t>(note)] = false;
     side_.noteCount = count;

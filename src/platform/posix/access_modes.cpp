@@ -40,7 +40,7 @@ bool isShared(const std::string& folder) {
   return othersWrite || (status.st_mode & S_ISGID) != 0 || hasAccessList(folder);
 }
 
-/// A home is its owner's, even where the system lets everybody look into it.
+/// A home is private, even on systems that let everybody enter it.
 bool isPrivate(const std::string& folder) {
   struct stat status {};
   const bool isClosed = stat(folder.c_str(), &status) == 0 && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;

@@ -77,7 +77,7 @@ class DiskOutput : public OutputFile {
 
   void synchronise() override {
     if (fsync(file_.get()) != 0) failWriting(place_, systemMessage(errno));
-    // The folder too, or a new file's name may be lost; it is no fault if the file system cannot do that.
+    // The folder too, or a new file's name may be lost; it is not a fault if the file system cannot do that.
     const FileDescriptor folder(::open(folderOf(place_.onDisk).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen()) fsync(folder.get());
   }

@@ -108,7 +108,7 @@ Choice QtDialogs::ask(const std::string& text, const std::string& title) {
   QAbstractButton* cancel = box.addButton("Cancel", QMessageBox::RejectRole);
   box.setEscapeButton(cancel);
   show(box);
-  // A box that goes without a button pressed has not been agreed to.
+  // A box closed without a button counts as Cancel.
   return box.buttonRole(box.clickedButton()) == QMessageBox::AcceptRole ? Choice::ok : Choice::cancel;
 }
 

@@ -66,7 +66,7 @@ void SerialLine::close() {
   beginAnew();
 }
 
-/// A device without modem lines refuses, which is no error; a lost device shows at the next poll or write.
+/// A device without modem lines refuses, which is not an error; a lost device shows at the next poll or write.
 void SerialLine::raise(DWORD modemLine) {
   if (!isOpen()) throw PortFault("La porta seriale e' chiusa");
   EscapeCommFunction(device_.get(), modemLine);
