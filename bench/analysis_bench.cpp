@@ -19,7 +19,7 @@
 namespace korvinel {
 namespace {
 
-constexpr double blockBudgetUs = 1000;  // what the analysis of one block may take
+constexpr double blockBudgetUs = 1000;  // limit for the analysis of one block
 
 /// A program in the middle of an acquisition, with an alpha wave, a blink and noise on every channel.
 struct Acquisition {
@@ -101,7 +101,7 @@ BENCHMARK(chainWithoutBaseline)->Unit(benchmark::kMicrosecond);
 BENCHMARK(chainWithBaseline)->Unit(benchmark::kMicrosecond);
 BENCHMARK(displays)->Unit(benchmark::kMicrosecond);
 
-// The arithmetic apart from the record, one channel or pair each.
+// The arithmetic without the record, for one channel or pair.
 
 using Column = std::array<Fixed, transformLength + 1>;
 
@@ -191,7 +191,7 @@ void coherenceOfOneIndex(benchmark::State& bench) {
   }
 }
 
-/// Pair by pair and index by index, as the coherence is defined: the reference.
+/// The reference: pair by pair and index by index, as the coherence is defined.
 void coherencePlainly(benchmark::State& bench) {
   Acquisition acquisition;
   MainState& state = acquisition.state;

@@ -28,10 +28,10 @@ void runOnBlocks(benchmark::State& bench, void (MainState::*operation)()) {
     (program.state.*operation)();
     benchmark::DoNotOptimize(program.state.sampleBlock);
   }
-  bench.counters["budget_us"] = 870'000;  // what one turn may take before it grows longer
+  bench.counters["budget_us"] = 870'000;  // a turn that takes longer exceeds three seconds
 }
 
-/// Four channels one after the other, pass by pass: the reference.
+/// The reference: channel by channel, pass by pass.
 void baselinePlainly(benchmark::State& bench) {
   HeadlessProgram program;
   fillBlock(program.state);

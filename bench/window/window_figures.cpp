@@ -1,6 +1,6 @@
-// Times and weighs the real program in its window, from inside: what a user waits for ends with the last painting that
-// an action brings about, handed to the screen. Prints one line "name value" for each figure, milliseconds and shares
-// of a core; `figures.py` beside it repeats it.
+// Measures the real program in its window, from inside: the time that a user waits ends when the last painting caused
+// by an action has reached the screen. Prints a line "name value" for each figure, in milliseconds, megabytes or shares
+// of a core; `figures.py` runs it several times.
 //
 //   korvinel-window-figures DATA_FOLDER DATA_FILE IDLE_SECONDS [START_NS]     START_NS: monotonic clock at its start
 
@@ -27,7 +27,7 @@ using Clock = std::chrono::steady_clock;
 
 double milliseconds(Clock::duration time) { return std::chrono::duration<double, std::milli>(time).count(); }
 
-/// Remembers when a window was last brought up to date.
+/// Records the time of the last painting of a window.
 class Application : public QApplication {
  public:
   using QApplication::QApplication;
@@ -72,7 +72,7 @@ class Figures {
     loop.exec();
   }
 
-  /// Until nothing has been painted for a while.
+  /// Waits until nothing has been painted for a while.
   void settle() {
     constexpr auto quiet = std::chrono::milliseconds(150);
     do pass(50);
@@ -145,7 +145,7 @@ class Figures {
   void replay() {
     for (QWidget* widget : QApplication::allWidgets())
       if (widget->accessibleName() == "Velocita' del display") qobject_cast<QAbstractSlider*>(widget)->setValue(1);
-    // The replay waits inside its own loop; nothing may wait inside that, or it would stand still.
+    // The replay runs a loop of its own; a wait inside it would halt the replay.
     double before = 0;
     constexpr int settledMs = 3'500;
     QTimer::singleShot(settledMs, [&] { before = processorSeconds(); });

@@ -3,7 +3,7 @@
 
 using namespace korvinel;
 
-/// The first byte chooses the file: settings or calibration.
+/// The first byte selects the file: settings or calibration.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
   TextSource source = fuzz::sourceOf(data + 1, size - 1);

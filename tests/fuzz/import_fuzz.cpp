@@ -9,7 +9,7 @@
 
 using namespace korvinel;
 
-/// An EDF or BDF file: whatever it holds, it is refused with a message or becomes a recording that can be read.
+/// An EDF or BDF file with any content is refused with a message or becomes a readable recording.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const int file = memfd_create("edf", MFD_CLOEXEC);
   fuzz::require(file >= 0 && ::write(file, data, size) == static_cast<ssize_t>(size));
