@@ -7,8 +7,7 @@
 #include "recordings.h"
 #include "tones.h"
 
-/// No channel ever stands in the place of another: a real line cuts frames wherever it likes, and the recordings hold
-/// each channel in its place all the same.
+/// Channels are never interchanged: wherever a real line cuts the frames, recordings have each channel in its place.
 namespace korvinel {
 namespace {
 
@@ -42,7 +41,7 @@ struct TonesOnTheLine : HeadlessProgram {
     host.time.runUntil([&] { return state.intervalSelectable == 1; }, 60);
   }
 
-  /// The places of the channels in every recorded block.
+  /// The order of the channels in every recorded block.
   [[nodiscard]] std::vector<std::string> places(const std::string& name = "prova") const {
     const std::string& file = host.files.content.at(recordings::folder + name + ".QVD");
     std::vector<std::string> found;
@@ -53,7 +52,7 @@ struct TonesOnTheLine : HeadlessProgram {
     return found;
   }
 
-  /// `blocks`: counted since the recording was switched on; the turn in which that was done has recorded its block too.
+  /// `blocks`: counted since "Registra"; the file also has the block of the turn in which it was pressed.
   void expectEveryChannelInItsPlace(int blocks) const {
     const auto found = places();
     EXPECT_EQ(static_cast<int>(found.size()), blocks + 1);
@@ -119,7 +118,7 @@ TEST_P(OnEveryCable, AlsoAfterTheProgramHasStoodStill) {
 }
 
 TEST_P(OnEveryCable, AlsoWhenTheSystemCountsLostBytes) {
-  // From the handshake on: two bytes in different blocks are lost, and the system knows of it.
+  // Two bytes in different blocks are lost, and the system counts them.
   Faults losses;
   losses.lostBytes = {9'001};
   TonesOnTheLine examination(GetParam().wiring, losses);

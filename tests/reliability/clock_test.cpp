@@ -2,7 +2,7 @@
 
 #include "recorded_examination.h"
 
-/// Midnight, the turn of the year and a corrected clock in the middle of a recording.
+/// Midnight, New Year and a corrected clock in the middle of a recording.
 namespace korvinel {
 namespace {
 
@@ -51,7 +51,7 @@ TEST_F(Clock, AReplayOverMidnightGoesOn) {
   examination.window.Openx.press();
   examination.window.HScroll2.moveTo(1);
   examination.window.Displayx.press();
-  EXPECT_EQ(examination.state.blockCount, 9);  // with the block of the turn in which recording began
+  EXPECT_EQ(examination.state.blockCount, 9);  // including the block of the turn in which "Registra" was pressed
   EXPECT_GT(examination.host.time.seconds(), 86'400);
 }
 

@@ -15,8 +15,8 @@
 #include "recording/data_paths.h"
 #include "temporary_folder.h"
 
-/// The program is killed, or the machine loses its power, at any moment of two recordings and their assembling. A child
-/// process records on a real disk and tells what it has accepted; what is left must hold it.
+/// The program is killed, or the machine loses power, at any moment of two recordings and their assembling. A child
+/// process records on a real disk and reports what it has accepted; the files left behind must contain it.
 namespace korvinel {
 namespace {
 
@@ -37,9 +37,9 @@ void sendAll(int pipe, const std::string& bytes) {
   }
 }
 
-/// In the child: tells the parent of every block as soon as the program has accepted it, as the bytes that the
-/// temporary file is to hold, and of its note as soon as that is confirmed; 'N' begins a new recording, 'B' a block,
-/// 'M' is the note, 'A' the beginning of the assembling, 'E' says that all is over.
+/// In the child: reports each block to the parent once the program has accepted it, as the bytes for the temporary
+/// file, and the note once it is confirmed. 'N' begins a recording, 'B' a block, 'M' is the note, 'A' the beginning of
+/// the assembling, 'E' the end.
 class Witness {
  public:
   Witness(RecordedExamination& examination, int pipe) : examination_(examination), pipe_(pipe) {
@@ -100,7 +100,7 @@ class Witness {
   _exit(0);
 }
 
-/// What an earlier crash has left: the temporary file and the side file of a recording that was never ended.
+/// The temporary file and the side file that an earlier crash has left of a recording.
 struct LeftOver {
   LeftOver() {
     platform::MemoryFiles files;
@@ -120,12 +120,12 @@ struct LeftOver {
   std::string blocks, notes;
 };
 
-/// What the child told before it died.
+/// What the child reported before it died.
 struct Testimony {
-  std::vector<std::vector<std::string>> recordings;  ///< blocks of each
-  std::vector<bool> noteConfirmed;                   ///< in each
-  bool runs = false;                                 ///< the last one has not yet come to its assembling
-  int steps = -1;                                    ///< of a child that came to its end
+  std::vector<std::vector<std::string>> recordings;  ///< the blocks of each
+  std::vector<bool> noteConfirmed;                   ///< for each
+  bool runs = false;                                 ///< the assembling of the last one has not begun
+  int steps = -1;                                    ///< the steps of a child that reached its end
 };
 
 Testimony read(const std::string& told) {
@@ -163,7 +163,7 @@ Testimony recordInAChild(const std::string& folder, int lastStep, Death death) {
   return read(told);
 }
 
-/// Everything that lies in the data folder, one behind the other.
+/// The contents of all files in the data folder, concatenated.
 std::string everythingIn(const std::string& folder) {
   std::string all;
   for (const auto& file : std::filesystem::directory_iterator(folder + "/drive_c/QUARVEL5/DATAFILE"))
@@ -171,14 +171,14 @@ std::string everythingIn(const std::string& folder) {
   return all;
 }
 
-/// Whether the blocks stand one behind the other in `bytes`, the last `missing` at most left out.
+/// Whether `bytes` contains the blocks in sequence, except at most the last `missing`.
 bool holds(const std::string& bytes, const std::vector<std::string>& blocks, std::size_t missing) {
   std::string wanted;
   for (std::size_t i = 0; i + missing < blocks.size(); ++i) wanted += blocks[i];
   return bytes.find(wanted) != std::string::npos;
 }
 
-/// What the next start of the program makes of it: the left-over is set aside under a name of its own, and said so.
+/// The next recording must set the left-over file aside and report it.
 void expectThatTheNextRecordingSparesIt(const std::string& folder) {
   const std::string before = contentOf(folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.XXX");
   const std::string side = contentOf(folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.NOT");
@@ -194,21 +194,21 @@ void expectThatTheNextRecordingSparesIt(const std::string& folder) {
   EXPECT_EQ(examination.host.dialogs.shown.front().text.starts_with("Una registrazione precedente"), leftOver);
 }
 
-/// The blocks of a data file's bytes, "" where it is none: behind the header and its notes.
+/// The blocks of a data file, without header and notes; "" if there are none.
 std::string blocksOf(const std::string& file) {
   const std::size_t whole = file.size() / blockBytes * blockBytes;
   return whole == 0 ? "" : file.substr(file.size() - whole);
 }
 
-/// The data file that `korvinel-recording recover` makes of the temporary file, "" where that holds no whole block. Its
-/// blocks are the whole ones, byte for byte.
+/// The data file that `korvinel-recording recover` makes from the temporary file, "" if that has no whole block. Checks
+/// that it has every whole block, byte for byte.
 std::string recovered(const std::string& folder) {
 #ifdef KORVINEL_RECORDING_PROGRAM
   const std::string temporary = folder + "/drive_c/QUARVEL5/DATAFILE/Tempor1.XXX";
   const std::string content = contentOf(temporary);
   const std::size_t header = content.find('\n') + 1;
   if (header == 0) return "";
-  // Bytes of which only the place came to the disk are no samples.
+  // Zeros left by the power failure are not samples.
   const std::size_t samples = std::min(content.find('\0', header), content.size()) - header;
   const std::size_t whole = samples / blockBytes * blockBytes;
   if (whole == 0) return "";
@@ -224,7 +224,7 @@ std::string recovered(const std::string& folder) {
 #endif
 }
 
-/// Everybody's notes are there, and nobody has another's.
+/// Every confirmed note is in its own recording, and in no other.
 void expectNamesAndNotes(const std::string& folder, const Testimony& testimony) {
   const std::string left = recovered(folder);
   for (std::size_t i = 0; i < testimony.recordings.size(); ++i) {
@@ -251,10 +251,10 @@ int stepsInAll() {
   return recordInAChild(folder.path(), std::numeric_limits<int>::max(), Death::ofTheProgram).steps;
 }
 
-/// Deaths at random steps, and how many blocks the children told of before.
+/// Crashes at random steps, and the number of blocks that the children reported before.
 struct Deaths {
   Death death;
-  std::size_t mayBeMissing;  ///< of the last blocks of a running recording
+  std::size_t mayBeMissing;  ///< of the last blocks of a running recording, after a power failure
   LeftOver earlier = {};
   int witnessed = 0, confirmed = 0;
 

@@ -9,8 +9,8 @@
 #include "recorded_examination.h"
 #include "temporary_folder.h"
 
-/// The disk fills up, goes away or refuses, at every moment of a recording: there is a message, what was written is
-/// kept, and the acquisition goes on.
+/// The disk is full, disappears or refuses writes at any moment of a recording: there is a message, what was written is
+/// kept, and the acquisition continues.
 namespace korvinel {
 namespace {
 
@@ -19,7 +19,7 @@ using platform::MemoryFiles;
 constexpr int blocks = 3;
 const std::string dataFile = recordings::folder + "prova.QVD";
 
-/// The content of the one file that was set aside, or of the temporary file, or "".
+/// The content of the temporary file or, if it was set aside, of that file; "" if there is neither.
 std::string keptContent(const MemoryFiles& files) {
   for (const auto& [path, bytes] : files.content)
     if (path.starts_with(recordings::folder + "Tempor1") && path.ends_with(".XXX")) return bytes;
@@ -34,7 +34,7 @@ struct Shown {
   std::string text;
 };
 
-/// Where nothing fails: what the temporary file holds at the end, and what the data file takes.
+/// Without faults: the final content of the temporary file, and the data file.
 struct Undisturbed {
   Undisturbed() {
     writeSettings(files);
@@ -54,15 +54,15 @@ void expectNothingLost(const MemoryFiles& files, const RecordedExamination& exam
   EXPECT_GT(examination.state.blockCount, blocks) << "the acquisition went on, space " << space;
   const auto data = files.content.find(dataFile);
   if (data != files.content.end() && data->second == whole.data) return;
-  // The data file is not whole: a box says so, and what there was room for lies in the temporary file, whole blocks
-  // first and nothing shifted.
+  // The data file is incomplete: a box says so, and the temporary file has what there was room for, with nothing
+  // shifted.
   EXPECT_TRUE(shown.tells("Errore di scrittura durante la registrazione!") || shown.tells("Impossibile registrare!"))
       << "space " << space << "\n"
       << shown.text;
   if (shown.tells("Impossibile registrare!")) return;
   const std::string kept = keptContent(files);
   EXPECT_TRUE(whole.temporary.starts_with(kept)) << "space " << space;
-  std::int64_t room = space;  // what the other files have left of it
+  std::int64_t room = space;  // minus the other files
   for (const auto& [path, bytes] : files.content)
     if (path.starts_with(recordings::folder) && !path.ends_with(".XXX"))
       room -= static_cast<std::int64_t>(bytes.size());
@@ -73,7 +73,7 @@ TEST(Disk, MayBeFullAtAnyByteOfTheTemporaryFileAndOfTheAssembling) {
   const Undisturbed whole;
   const auto all = static_cast<int>(whole.temporary.size() + whole.data.size()) + 10;
   campaign::Dice dice(5);
-  // In the short campaign every byte of the headers, and some of the samples'.
+  // The short campaign covers every byte of the header and a sample of the others.
   for (int space = 0; space < all; space += campaign::isLong() || space < 60 ? 1 : dice.between(1, 250)) {
     MemoryFiles files;
     writeSettings(files);
@@ -141,7 +141,7 @@ TEST(Disk, AFileOfTheSameNameThatAppearsMeanwhileIsLeftAlone) {
   EXPECT_EQ(files.content[recordings::folder + "prova (2).QVD"], whole.data);
 }
 
-/// A disk that, once it is worn, gives the first bytes of a file and then errors.
+/// A disk that, once worn, reads the first bytes of a file and then fails.
 struct WornFiles : MemoryFiles {
   struct Input : platform::InputFile {
     explicit Input(std::unique_ptr<platform::InputFile> whole) : file(std::move(whole)) {}
@@ -174,11 +174,11 @@ TEST(Disk, ThatCannotBeReadAnyMoreEndsAReplayBeforeItsFirstBlock) {
   examination.window.Displayx.press();
   ASSERT_EQ(examination.host.faults.size(), 1U);
   EXPECT_EQ(examination.state.blockCount, 0);
-  examination.window.HScroll1.moveTo(100);  // redraws the block on show
+  examination.window.HScroll1.moveTo(100);  // redraws the block shown
   EXPECT_EQ(examination.host.faults.size(), 1U);
 }
 
-/// On a real disk that takes no file beyond `limit` bytes; returns in the child's exit code whether all is well.
+/// Records on a real disk with files limited to `limit` bytes; the child's exit code is the result.
 void recordUnderALimit(const std::string& folder, rlim_t limit, const Undisturbed& whole) {
   platform::DiskFiles files(folder);
   writeSettings(files);

@@ -15,15 +15,15 @@
 #include "recording/data_paths.h"
 #include "recordings.h"
 
-/// A user who presses, types, drags and answers at random, in whatever state the program is. After every act the
-/// program's state has to make sense; in the end it has to end, with everything that was recorded at home.
+/// A user who presses, types, drags and answers at random, in every state of the program. After every act the program's
+/// state must be consistent; at the end it must end, with everything recorded saved.
 namespace korvinel {
 namespace {
 
 using campaign::Dice;
 using platform::Choice;
 
-/// Blocks of all kinds of heads, and some that no head makes.
+/// Blocks of all signal models, and some that no subject produces.
 std::vector<std::string> variedBlocks() {
   std::vector<std::string> blocks{std::string(1024, '\0'), std::string(1024, '\xFF'), std::string(1024, '\x80'),
                                   std::string(1023, '\x80'), std::string(1500, '\x40')};
@@ -41,7 +41,7 @@ std::string wholeFile(int blocks, const std::string& version = "V3", int notes =
   return file;
 }
 
-/// The files that lie about when a program begins.
+/// The files that exist when a program starts.
 std::map<std::string, std::string> filesAtTheBeginning() {
   const auto in = [](const char* name) { return std::string(dataFolder) + name; };
   return {{in("lungo.QVD"), wholeFile(60, "V3", 59)},
@@ -58,7 +58,7 @@ const std::vector<std::string> texts{
     "",   "prova", "a",   "Rossi", "lungo",   "LUNGO.QVD",          "x\"y,z", "nota con accento \xC3\xA0", "C:\\altro",
     "90", "70",    "100", "130,5", "novanta", std::string(300, 'n')};
 
-/// A program under random hands, from its start to its end.
+/// A program operated at random, from its start to its end.
 class Monkey {
  public:
   Monkey(Dice& dice, int acts) : dice_(dice), actsLeft_(acts) {
@@ -74,7 +74,7 @@ class Monkey {
     };
   }
 
-  /// Returns how many acts were left when the program ended.
+  /// Returns the number of acts left when the program ended.
   int play() {
     scheduleNext();
     while (actsLeft_ > 0 && !ended() && !testing::Test::HasFailure()) {
@@ -89,7 +89,7 @@ class Monkey {
   }
 
   int deepest() const { return deepest_; }
-  /// How often each box was shown, and each state was seen after an act: tells whether the hands got everywhere.
+  /// How often each box was shown and each state was seen after an act; shows whether every state was reached.
   const std::map<std::string, int>& seen() const { return seen_; }
 
  private:
@@ -114,11 +114,11 @@ class Monkey {
     });
   }
 
-  /// While a box is open time goes by, and the program's other windows are out of reach.
+  /// Lets time pass while a box is open; the other windows cannot be used meanwhile.
   void beModal() {
     const std::string text = program_.host.dialogs.shown.back().text;
     ++seen_["box: " + text.substr(0, 40)];
-    if (ended()) return;  // last words: nothing else happens any more
+    if (ended()) return;  // last words: nothing else happens
     if (!openBoxes_.insert(text).second) ADD_FAILURE() << "open twice: " << text << "\n" << lastActs();
     const double until = program_.host.time.seconds() + dice_.below(40) / 10.0;
     try {
@@ -131,7 +131,7 @@ class Monkey {
     program_.host.dialogs.shown.clear();
   }
 
-  /// Of a recording that has found no place.
+  /// The answer to the boxes about a recording that could not be saved; none for other boxes.
   std::optional<platform::Choice> savesOrGivesUp(const std::string& text) {
     if (!text.starts_with("La registrazione non") && !text.starts_with("Rinunciare")) return std::nullopt;
     program_.host.dialogs.folders.assign(1, dice_.oneIn(2) ? "/altrove/" : "");
@@ -170,7 +170,7 @@ class Monkey {
     return text + "\n  at " + std::to_string(program_.host.time.seconds());
   }
 
-  /// An examination that has a chance: a new name, and often a recording.
+  /// Begins an examination that can succeed: a new name, and often a recording.
   void beginExamination() {
     MainWindow& window = program_.window;
     window.Stopd1.press();
@@ -189,7 +189,7 @@ class Monkey {
       program_.host.dialogs.inputs.assign(1, "70");
       return window.Artefact.press();
     }
-    // A print that was once confirmed asks again after every replay until it is cancelled.
+    // A confirmed print asks again after every replay until it is cancelled.
     if (program_.state.printRequested == 1 && dice_.oneIn(2)) program_.host.dialogs.choices.assign(30, Choice::cancel);
     const std::vector<platform::Button*> often{&window.Starts1, &window.Starts1,  &window.Registra, &window.Annotax,
                                                &window.Openx,   &window.Displayx, &window.Analisi};
@@ -205,7 +205,7 @@ class Monkey {
     button.press();
   }
 
-  /// A print, and what may be begun while it waits for its image.
+  /// Prints, and begins something else while the print waits for its image.
   void pressDuringAReplay() {
     MainWindow& window = program_.window;
     program_.host.dialogs.choices.assign(30, Choice::ok);
@@ -241,7 +241,7 @@ class Monkey {
   }
 
   void touchTheStrip() {
-    // Pressed on the strip itself; a held mouse then goes anywhere on the screen.
+    // The press is on the strip; a drag may then go anywhere on the screen.
     const auto& pointer = program_.window.stripPointer;
     const auto x = static_cast<float>(dice_.between(0, 6000)) / 10.0F;
     const auto anywhere = static_cast<float>(dice_.between(-3000, 9000));
@@ -267,7 +267,7 @@ class Monkey {
     }
   }
 
-  /// What goes wrong beside the user.
+  /// Causes faults outside the user's control.
   void disturb() {
     auto& host = program_.host;
     switch (dice_.below(10)) {
@@ -283,7 +283,7 @@ class Monkey {
     }
   }
 
-  /// What another program does to the files.
+  /// Changes files as another program might.
   void disturbTheFiles() {
     auto& files = program_.host.files;
     const std::string any = "n" + std::to_string(dice_.below(60)) + ".QVD";
@@ -314,7 +314,7 @@ class Monkey {
     checkSurfaces();
   }
 
-  /// Every fault is told to the user; these are the ones that bad files and bad intervals may lead to.
+  /// Allows only the faults that bad files and bad intervals may cause.
   void judge(const std::exception& cause) {
     const std::string fault = cause.what();
     const bool emptyRecording = program_.shared.fileBlockCount == 0 && fault == "Divisione per zero";
@@ -346,7 +346,7 @@ class Monkey {
     seen_["report open"] += static_cast<int>(!program_.host.windows.asked.empty());
     if (state.recordingArmed == 1 && state.recordingActive == 0)
       ADD_FAILURE() << "armed without recording\n" << lastActs();
-    // A loop whose file Start has taken away may still have to unwind.
+    // A loop whose file was closed by Start may still have to unwind.
     if (state.recordingActive == 1 && state.readHandle != nullptr)
       ADD_FAILURE() << "a file is read while another is recorded\n" << lastActs();
   }
@@ -368,7 +368,7 @@ class Monkey {
     expectWithin("fileBlockCount", shared.fileBlockCount, 0, 200);
     expectWithin("replayStartBlock", shared.replayStartBlock, 0, 200);
     expectWithin("analysisFirstBlock", shared.analysisFirstBlock, 0, 200);
-    expectWithin("analysisLastBlock", shared.analysisLastBlock, -1000, 200);  // negative: reversed, the report says so
+    expectWithin("analysisLastBlock", shared.analysisLastBlock, -1000, 200);  // negative: a reversed interval
   }
 
   void checkSurfaces() {
@@ -379,7 +379,7 @@ class Monkey {
       if (surface->marks().size() > platform::Surface::foldingSize) ADD_FAILURE() << surface->name() << " grows";
   }
 
-  /// Often in mid-examination, with blocks that are rejected.
+  /// Often leaves the program in mid-examination, with blocks that are rejected.
   void makeItHard() {
     auto& host = program_.host;
     if (dice_.oneIn(2)) host.edge.run([&] { beginExamination(); });
@@ -388,8 +388,8 @@ class Monkey {
     host.time.runFor(dice_.below(100) / 10.0);
   }
 
-  /// End or the closing of the window ends the program within a turn, whatever runs; if the hands are simply taken
-  /// away, it goes on by itself until the window is closed.
+  /// Ends the program by End or by closing the window, which must take at most a turn; or leaves it alone for a while
+  /// and then closes the window.
   void bringToItsEnd() {
     auto& host = program_.host;
     host.dialogs.whileOpen = {};

@@ -6,8 +6,8 @@
 #include "instrument_on_the_line.h"
 #include "recordings.h"
 
-/// What can happen to the instrument and its cable in the middle of an examination. The program keeps its states, a box
-/// stands once, OK really resumes, and Stop and End always work.
+/// Faults of the instrument and its cable in the middle of an examination: the program's state stays consistent, each
+/// box is open only once, OK resumes, and Stop and End always work.
 namespace korvinel {
 namespace {
 
@@ -20,7 +20,7 @@ struct ExaminationOnTheLine : HeadlessProgram {
     host.dialogs.choices.assign(1000, Choice::ok);
   }
 
-  /// A person takes a while to press OK.
+  /// Simulates a person who takes a while to press OK.
   void stayOpen() {
     ++boxesOpen;
     mostBoxesOpen = std::max(mostBoxesOpen, boxesOpen);
@@ -58,7 +58,7 @@ struct ExaminationOnTheLine : HeadlessProgram {
 struct LineFault {
   const char* name;
   Faults faults;
-  int communicationErrors;  ///< how many boxes ask the user; -1: any number
+  int communicationErrors;  ///< the number of boxes that ask the user; -1: any number
 };
 
 void PrintTo(const LineFault& fault, std::ostream* out) { *out << fault.name; }
@@ -123,14 +123,14 @@ TEST(Line, AnInstrumentThatNeverAnswersAsksUntilTheUserGivesUp) {
     ExaminationOnTheLine examination(faults);
     examination.host.dialogs.choices.assign(300, Choice::ok);
     examination.start();
-    // Three hundred presses of OK, then Cancel: in one level of the stack.
+    // Three hundred presses of OK, then Cancel: the stack must not grow.
     EXPECT_TRUE(examination.host.edge.ended());
     EXPECT_EQ(examination.boxesThatBegin("Errore di comunicazione!"), 301);
     EXPECT_EQ(examination.mostBoxesOpen, 1);
   }
 }
 
-/// Moments from the handshake over the first turns, while recording, to the assembling.
+/// From the handshake through the first turns and the recording to the assembling.
 TEST(Line, TheCableMayBePulledOutAtAnyMoment) {
   const double step = campaign::isLong() ? 0.05 : 0.85;
   for (double moment = 0; moment < 26; moment += step) {

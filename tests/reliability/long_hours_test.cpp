@@ -7,8 +7,7 @@
 #include "process_figures.h"
 #include "recordings.h"
 
-/// Examination after examination in one run of the program: nothing grows, and a turn lasts three seconds from the
-/// first to the last.
+/// Examination after examination in one run of the program: nothing grows, and every turn lasts three seconds.
 namespace korvinel {
 namespace {
 
@@ -24,7 +23,7 @@ class LongHours : public testing::Test {
     program.window.subjectBox.type("Rossi");
   }
 
-  /// Up to the block limit, recorded, with a note, its report and a look into the file.
+  /// Records up to the block limit with a note, opens the report and then the file.
   void examine(int number) {
     const std::string name = "esame" + std::to_string(number);
     program.window.fileNameBox.type(name);
@@ -69,7 +68,7 @@ class LongHours : public testing::Test {
 
   static constexpr int lastBlock = 199;
   HeadlessReport program;
-  std::map<int, int> turns;  ///< milliseconds of a turn -> how often
+  std::map<int, int> turns;  ///< duration of a turn in milliseconds -> how often
 };
 
 TEST_F(LongHours, FiftyExaminationsOf199BlocksLeaveTheProgramAsSmallAsTheFirst) {
@@ -85,7 +84,7 @@ TEST_F(LongHours, FiftyExaminationsOf199BlocksLeaveTheProgramAsSmallAsTheFirst) 
   EXPECT_LT(late.kilobytes, early.kilobytes + 2048);
   EXPECT_EQ(late.descriptors, early.descriptors);
   EXPECT_EQ(late.marks, early.marks);
-  // On the virtual clock computing takes no time: every turn is the tick and the pause, within the clock's step.
+  // On the virtual clock computing takes no time: a turn lasts as long as its tick and pause, within the clock's step.
   for (const auto& [milliseconds, count] : turns) EXPECT_NEAR(milliseconds, 3000, 30) << count << " times";
 }
 

@@ -8,7 +8,7 @@
 #include "recording/data_paths.h"
 #include "recording/side_file.h"
 
-/// What has been forced onto the disk at the moments at which the user may rely on it.
+/// What must have been forced onto the disk at the moments when the user relies on it.
 namespace korvinel {
 namespace {
 
@@ -45,7 +45,7 @@ TEST_F(PowerFailure, FindsTheFirstBlockAndThenEveryFifthOnTheDisk) {
   EXPECT_EQ(forced.substr(0, 11), "10000100001");
 }
 
-/// Where the data folder is gone, in another one.
+/// In another folder, because the data folder is gone.
 TEST_F(PowerFailure, SparesTheFileThatTheUserWasToldOf) {
   const std::string stick = "/media/chiavetta/";
   examination->host.time.when([&] { return examination->state.stopRequested == 1; },
@@ -65,7 +65,7 @@ TEST_F(PowerFailure, SparesTheBlocksAndNotesThatWereSetAside) {
   EXPECT_TRUE(isOnTheDisk(sidePathOf(aside))) << aside;
 }
 
-/// A full disk that has room again when it is too late for the data file.
+/// A full disk that has room again too late for the data file.
 struct LateRoom : platform::MemoryFiles {
   std::unique_ptr<platform::OutputFile> openForAppending(const std::string& path) override {
     if (!path.ends_with(".QVD")) return MemoryFiles::openForAppending(path);
