@@ -37,7 +37,7 @@ class Analysis : public testing::Test {
     program_.host.time.runUntil([&] { return state_.intervalSelectable == 1; });
   }
 
-  /// How often the instrument was asked to stream.
+  /// The number of start commands sent to the instrument.
   int streamRequests() const {
     const std::string& written = program_.host.serialPort.written();
     int count = 0;
@@ -78,7 +78,7 @@ TEST_F(Analysis, MainsHumOnOneChannelIsHigh) {
 }
 
 TEST_F(Analysis, RejectedBlocksAreNotCounted) {
-  // Asking for the stream anew drops the block that has come meanwhile.
+  // Restarting the stream drops the block that has arrived meanwhile.
   const std::string dropped = instrumentBlock([](int, int) { return 128; });
   acquire({alphaBlock(), wildBlock(), dropped, wildBlock(), dropped, alphaBlock(), wildBlock(), dropped, alphaBlock()});
   answerThreshold("70");

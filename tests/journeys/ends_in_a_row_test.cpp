@@ -2,8 +2,8 @@
 
 #include "opened_file.h"
 
-/// Two examinations in a row, however the first and the second end: the files of both are those of two programs that
-/// have seen one examination each.
+/// However two consecutive examinations end, their files are the same as those of two programs with one examination
+/// each.
 namespace korvinel {
 namespace {
 
@@ -26,7 +26,7 @@ void begin(Program& p, const std::string& name, char level) {
   p.acquireBlocks(1);
 }
 
-/// A note stands in the file, another is being typed.
+/// Records blocks and a confirmed note; another note is still being typed.
 void record(Program& p, const std::string& name, char level) {
   begin(p, name, level);
   p.window.Registra.press();

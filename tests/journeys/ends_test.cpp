@@ -5,7 +5,7 @@
 
 #include "opened_file.h"
 
-/// However an examination ends, it ends when asked, its recording comes home, and the next one begins afresh.
+/// However an examination ends, it ends when requested, its recording is saved, and the next one starts from scratch.
 namespace korvinel {
 namespace {
 
@@ -26,7 +26,7 @@ bool hasEnded(const HeadlessProgram& program, Way way) {
   return way == Way::stop ? program.state.intervalSelectable == 1 : program.host.edge.ended();
 }
 
-/// Records three blocks; then every block is a bad one, and one has been rejected.
+/// Records until three blocks are in the file; then every block is bad, and returns when one has been rejected.
 void recordUntilABlockIsRejected(HeadlessProgram& program) {
   program.startAcquisition();
   program.acquireBlocks(1);
@@ -93,7 +93,7 @@ TEST(EndOfAnExamination, ABlockThatIsReadAfterEndIsStillRecorded) {
   program.window.Endx1.press();
   program.host.time.runFor(5);
   EXPECT_TRUE(program.host.edge.ended());
-  // The block of the turn in which recording was switched on, two more, and the one of the last turn.
+  // The block of the turn in which "Registra" was pressed, two more, and that of the last turn.
   EXPECT_EQ(program.host.files.content[dataFile].size(), recordings::header().size() + std::size_t{4 * 1036});
 }
 
@@ -250,7 +250,7 @@ TEST(PrintAfterReplay, StopAndStartInItsWaitBeginAnAcquisitionThatLives) {
 TEST(PrintAfterReplay, AnotherCommandInItsWaitFollowsItAndIsNotNestedInIt) {
   FileProgram program;
   program.open();
-  program.host.dialogs.choices.assign(2, Choice::ok);  // for the print, and the one after the replay
+  program.host.dialogs.choices.assign(2, Choice::ok);  // to the print, and to the print after the replay
   program.window.Stampa.press();
   const std::string other = recordings::folder + "altro.QVD";
   program.host.files.content[other] = recordings::file(4);

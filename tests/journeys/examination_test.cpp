@@ -12,7 +12,7 @@ TEST(Examination, FiveBlocksThenStopShowsTheTotalAndTheNotice) {
   program.window.Stopd1.press();
   program.host.time.runUntil([&] { return program.state.intervalSelectable == 1; });
   EXPECT_TRUE(program.window.firstTrace.shows("Fine della registrazione!"));
-  // The turn that ends the acquisition has counted its own block.
+  // The last turn has counted its block.
   EXPECT_EQ(program.window.blockLabel.text(), "Totale= 18s");
   ASSERT_FALSE(program.host.dialogs.shown.empty());
   EXPECT_EQ(program.host.dialogs.shown.back().text,
@@ -27,7 +27,7 @@ TEST(Examination, EndsByItselfAtThe200thTurn) {
   program.host.time.runUntil([&] { return program.state.intervalSelectable == 1; });
   EXPECT_EQ(program.state.blockCount, 200);
   EXPECT_EQ(program.shared.analysisLastBlock, 200);
-  // The 200th block was never read: it still waits in the receive buffer.
+  // The 200th block was never read: it is still in the receive buffer.
   EXPECT_EQ(program.host.instrument.blocksDelivered, 200);
   EXPECT_EQ(program.host.serialPort.waiting(), 1024);
   EXPECT_EQ(program.window.blockLabel.text(), "Totale= 600s");

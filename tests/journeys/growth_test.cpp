@@ -33,8 +33,8 @@ void operator delete[](void* memory) noexcept { uncounted(memory); }
 void operator delete(void* memory, std::size_t) noexcept { uncounted(memory); }
 void operator delete[](void* memory, std::size_t) noexcept { uncounted(memory); }
 
-/// Opening, replaying and reporting again and again leaves nothing behind: as many pieces of memory are held, and as
-/// many marks stand on the surfaces, after the last time as after the first ones.
+/// Opening, replaying and reporting again and again leaks nothing: the numbers of allocations and of marks on the
+/// surfaces are the same after the last time as after the first ones.
 namespace korvinel {
 namespace {
 
@@ -58,7 +58,7 @@ class Growth : public testing::Test {
     program.reportWindow.maximumCheck.click();
     program.reportWindow.commentButton.press();
     program.reportWindow.exitButton.press();
-    // What the machine without a screen remembers for tests, and what goes with the windows of report and comments.
+    // What the headless platform keeps for tests, and what the real report and comment windows free when they close.
     program.host.dialogs.shown.clear();
     program.host.faults.clear();
     program.host.windows.asked.clear();

@@ -12,7 +12,7 @@ namespace {
 
 using platform::Colour;
 
-constexpr int fastTone = 40;  // cycles a block, which the baseline lets through
+constexpr int fastTone = 40;  // cycles per block; not affected by the baseline
 
 double highestLine(const platform::Surface& surface, Colour colour) {
   double highest = surface.height();
@@ -21,7 +21,7 @@ double highestLine(const platform::Surface& surface, Colour colour) {
   return highest;
 }
 
-/// A program whose instrument sends blocks of one signal over and over.
+/// A program whose instrument sends the same block over and over.
 struct LiveTurn : testing::Test {
   template <typename Signal>
   void begin(Signal&& signal) {
@@ -36,8 +36,8 @@ struct LiveTurn : testing::Test {
     program.host.time.runUntil([&] { return state.intervalSelectable == 1; });
     program.host.time.runFor(0.1);
   }
-  /// The next time that a turn processes events between its analysis and its graphs, `act` is among them. The trend is
-  /// drawn with the correlation, shortly before.
+  /// Runs `act` as an event between the analysis and the graphs of a turn. It is triggered by the drawing of the trend,
+  /// which comes with the correlation, shortly before.
   void inMidTurn(std::function<void()> act) {
     program.window.Picture6.onChanged = [this, act, given = false]() mutable {
       if (!given) program.host.time.after(0, act);
@@ -50,7 +50,7 @@ struct LiveTurn : testing::Test {
 };
 
 TEST_F(LiveTurn, TheArtefactCheckComesAfterTheSmoothing) {
-  // A lone sample of 200 lies beyond 198, but not once its neighbours have been averaged in.
+  // A single sample of 200 exceeds 198, but not after smoothing.
   begin([](int, int s) { return s == 100 ? 200 : 128; });
   state.artefactThreshold = 70;
   bool rejected = false;
@@ -60,14 +60,14 @@ TEST_F(LiveTurn, TheArtefactCheckComesAfterTheSmoothing) {
 }
 
 TEST_F(LiveTurn, TheArtefactCheckComesBeforeTheBaselineIsRemoved) {
-  begin([](int, int) { return 230; });  // a level that the baseline would bring back to 128
+  begin([](int, int) { return 230; });  // the baseline would make this level 128
   state.artefactThreshold = 70;
   program.host.time.runUntil([&] { return program.window.firstTrace.shows("Artefatto!"); }, 10);
   EXPECT_EQ(state.artefactFlag, 1);
 }
 
 TEST_F(LiveTurn, TheOcularPassComesAfterTheBaseline) {
-  // All samples lie beyond 198 until the baseline is removed: then none does, and the tone stays.
+  // All samples exceed 198 until the baseline is removed; then none does, and the tone stays.
   program.window.ocularCheck.setChecked(true);
   begin([](int, int s) { return 230 + sineAt(s, fastTone, 20); });
   program.acquireBlocks(1);
@@ -159,7 +159,7 @@ TEST_F(LiveTurn, StopPressedInMidTurnEndsTheAcquisitionWithThatTurn) {
   program.acquireBlocks(2);
   inMidTurn([&] { program.window.Stopd1.press(); });
   waitForEnd();
-  EXPECT_EQ(state.blockCount, 3);  // and not a fourth, read in vain
+  EXPECT_EQ(state.blockCount, 3);  // no fourth block is read
   EXPECT_EQ(program.window.blockLabel.text(), "Totale= 9s");
   EXPECT_TRUE(program.window.firstNumbers.shows("Valori numerici max"));
   EXPECT_TRUE(program.host.serialPort.written().ends_with("\xFF\x01"));

@@ -2,7 +2,7 @@
 
 #include "opened_file.h"
 
-/// Printing in the middle of a replay: the request stands until the operator answers Cancel.
+/// Printing in the middle of a replay: the request stays set until the operator answers Cancel.
 namespace korvinel {
 namespace {
 
@@ -35,7 +35,7 @@ TEST_F(PrintingReplay, AConfirmedPrintEndsTheReplayAfterTheBlockBeingShownAndPro
   replay({Choice::ok, Choice::cancel});
   EXPECT_EQ(prompts(), 2U);
   EXPECT_EQ(pages(), 1U);
-  // The request was found standing when the next block had been read.
+  // The replay found the request set after reading the next block.
   EXPECT_EQ(program.shown.size(), 4U);
   EXPECT_EQ(program.state.printRequested, 0);
 }

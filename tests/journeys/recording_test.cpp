@@ -5,10 +5,10 @@
 namespace korvinel {
 namespace {
 
-/// The bytes of a block from the instrument whose channels are flat at `level`.
+/// The bytes of an instrument block whose channels are flat at `level`.
 std::string flatBlock(int level) { return std::string(1024, static_cast<char>(level)); }
 
-/// A program at whose instrument block n is flat at `levelOf(n)`, which the baseline brings back to 128.
+/// A program whose instrument sends block n flat at `levelOf(n)`; subtracting the baseline makes it 128.
 struct ExaminationProgram : HeadlessProgram {
   ExaminationProgram() {
     for (int n = 1; n <= 300; ++n) host.instrument.blocks.push_back(flatBlock(recordings::levelOf(n)));
@@ -18,7 +18,7 @@ struct ExaminationProgram : HeadlessProgram {
     window.noteBox.type(text);
     window.noteBox.pressKey(13);
   }
-  /// Switches the recording on and waits for the end of the turn, which is recorded; then the count begins anew.
+  /// Switches the recording on and waits for the end of the turn, whose block is recorded; the count restarts.
   void startRecording() {
     window.Registra.press();
     host.time.runUntil([&] { return state.recordingArmed == 0; });
@@ -108,7 +108,7 @@ TEST(RecordingJourney, TwoExaminationsInARowMakeTwoFiles) {
   EXPECT_TRUE(program.host.faults.empty());
 }
 
-/// Records and presses a button `delay` seconds after the recording has begun.
+/// Starts recording and presses a button `delay` seconds later.
 void pressDuringRecording(ExaminationProgram& program, platform::Button& button, double delay) {
   program.startAcquisition();
   program.acquireBlocks(1);

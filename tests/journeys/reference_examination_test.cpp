@@ -5,7 +5,7 @@ namespace korvinel {
 namespace {
 
 /// A whole reference examination: Start, "Registra", turn after turn on the timers, Stop. The turn in which "Registra"
-/// is pressed reads a flat block, which comes first in the file; after it the count starts anew.
+/// is pressed reads a flat block, the first one in the file; then the count restarts.
 class ReferenceExamination : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
@@ -18,7 +18,7 @@ class ReferenceExamination : public testing::TestWithParam<const char*> {
     program_.window.secondTrace.onChanged = [this] { secondTraceChanged(); };
   }
 
-  /// The reference has an instrument that sends the next block whenever it is started, and keeps none back.
+  /// Delivers one block per turn: in the reference the instrument sends the next block at every start.
   void giveOneBlockToEachTurn() {
     if (state_.turnRunning == 0) given_ = compared_ = false;
     if (state_.turnRunning == 0 || given_) return;
@@ -28,14 +28,14 @@ class ReferenceExamination : public testing::TestWithParam<const char*> {
     program_.host.serialPort.deliver(examination_.bytes(next_++));
   }
 
-  /// Accepted or rejected, the block just read is drawn as it was smoothed.
+  /// The first trace shows the smoothed block, whether it was accepted or rejected.
   void firstTraceChanged() {
     if (state_.turnRunning == 0 || state_.stopRequested == 1 || compared_) return;
     compared_ = true;
     examination_.expectSmoothed(next_ - 1);
   }
 
-  /// The names come after the corrected traces.
+  /// The names are printed after the corrected traces.
   void secondTraceChanged() {
     if (program_.window.secondTrace.marks().empty() || program_.window.secondTrace.marks().back().text.empty()) return;
     examination_.expectSamples("screened");
@@ -58,7 +58,7 @@ class ReferenceExamination : public testing::TestWithParam<const char*> {
     }
   }
 
-  /// The reference's file with the block of the first turn in front of the others.
+  /// The reference file, with the block of the first turn before the others.
   std::string expectedFile() const {
     std::string file = golden::bytesOfHex(examination_.expected("qvd_hex").get<std::string>());
     return file.insert(file.size() - 1036 * static_cast<std::size_t>(screened_), recordings::block(128));

@@ -4,14 +4,14 @@
 #include "head_blocks.h"
 #include "headless_report.h"
 
-/// Whole examinations of simulated heads, from the first block to the comments.
+/// Whole examinations of simulated subjects, from the first block to the comments.
 namespace korvinel {
 namespace {
 
 using instrument::Model;
 
 struct ReportJourney : testing::Test {
-  /// An examination of `count` blocks of a head, up to the open report.
+  /// Performs an examination of `count` blocks with this signal and opens its report.
   void examine(Model model, std::uint64_t seed, int count) {
     const auto source = instrument::modelSource({{model}}, seed);
     for (int block = 0; block <= count; ++block) program.host.instrument.blocks.push_back(blockOf(*source));
@@ -24,7 +24,7 @@ struct ReportJourney : testing::Test {
 
   HeadlessReport program;
 };
-// The small base first: the sanitizer takes a base more than a megabyte into an object for a broken one.
+// The small base comes first: the sanitizer reports a base class at an offset above one megabyte as broken.
 class Seeds : public testing::WithParamInterface<std::uint64_t>, public ReportJourney {};
 
 TEST_P(Seeds, ClosedEyesHaveExcellentAlphaEverywhere) {
@@ -59,7 +59,7 @@ TEST_F(ReportJourney, FlatChannelsEndTheReportAndTheProgramLives) {
   examine(Model::flat, 1, 3);
   EXPECT_EQ(program.host.faults, std::vector<std::string>{"Divisione per zero"});
   EXPECT_TRUE(program.reportWindow.spectrum1.shows("F1"));
-  program.window.Starts1.press();  // refused until Stop: the examination is still there
+  program.window.Starts1.press();  // the program still takes commands
   EXPECT_FALSE(program.host.edge.ended());
 }
 

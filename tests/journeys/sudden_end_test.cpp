@@ -8,7 +8,7 @@ namespace {
 
 const std::string stop = "write 255 1";
 
-/// A program that can be sent a signal at any moment: it is taken up between two events, wherever the program waits.
+/// A program that can receive a signal at any moment; it is handled between two events, wherever the program waits.
 struct SignalledProgram : HeadlessProgram {
   SignalledProgram() {
     for (int n = 1; n <= 100; ++n)
@@ -22,7 +22,7 @@ struct SignalledProgram : HeadlessProgram {
     window.noteBox.type(text);
     window.noteBox.pressKey(13);
   }
-  /// Three blocks are in the recording, and two notes.
+  /// Records three blocks and two notes.
   void record() {
     startAcquisition();
     acquireBlocks(1);
@@ -74,7 +74,7 @@ TEST(SuddenEnd, WhileABoxIsOpenWhateverItsAnswerWouldBe) {
     program.host.dialogs.choices = {answer};
     program.host.dialogs.whileOpen = [&] { program.signal(); };
     program.host.time.runFor(60);
-    program.expectHome(4);  // the one that was waiting too
+    program.expectHome(4);  // including the block that was waiting
     EXPECT_EQ(program.host.dialogs.shown.size(), 1U);
   }
 }

@@ -6,8 +6,8 @@
 #include "recordings.h"
 #include "whole_record.h"
 
-/// An examination leaves nothing behind for the next: what a program holds and shows during examination B is the same
-/// after an examination A as without one.
+/// Nothing of one examination is left for the next: the program's state and display during examination B are the same
+/// with and without an examination A before it.
 namespace korvinel {
 namespace {
 
@@ -16,7 +16,7 @@ const std::string ofAnna = recordings::folder + "anna.QVD", ofBruno = recordings
 
 std::string noise(std::mt19937& dice, int bytes) {
   std::string text;
-  for (int i = 0; i < bytes; ++i) text += static_cast<char>(27 + dice() % 228);  // no byte that a file shuns
+  for (int i = 0; i < bytes; ++i) text += static_cast<char>(27 + dice() % 228);  // no byte that files avoid
   return text;
 }
 
@@ -72,7 +72,7 @@ void acquireRecorded(TwoExaminations& p) {
   p.window.noteBox.pressKey(13);
   p.acquireBlocks(3);
   p.stop();
-  p.window.stripPointer.onPressed(4);  // and the mouse is still held
+  p.window.stripPointer.onPressed(4);  // and the mouse button stays down
 }
 
 void endWithARejectedBlock(TwoExaminations& p) {

@@ -12,7 +12,7 @@ using testing::HasSubstr;
 
 const std::string lockPath = recordings::folder + "Korvinel.lock";
 
-/// Two programs on one disk, each with an instrument of its own.
+/// Two programs on one disk, each with its own instrument.
 struct TwoPrograms : testing::Test {
   HeadlessProgram first;
   HeadlessProgram second{&first};
