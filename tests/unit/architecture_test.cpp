@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// Keeps the arrows of the house: who may look at whom.
+/// Checks which folders of src may include which.
 namespace korvinel {
 namespace {
 
@@ -44,7 +44,7 @@ std::vector<Include> allIncludes() {
 
 std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
 
-/// The folders (or single headers) that a file of a folder may look at, beside its own.
+/// The folders (or single headers) that a file may include besides its own folder.
 std::set<std::string> allowedFrom(const Include& include) {
   const std::string folder = folderOf(include.from);
   if (folder == "values") return {};

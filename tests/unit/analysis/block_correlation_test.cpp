@@ -19,7 +19,7 @@ Samples samplesOf(Signal&& signal) {
 
 float correlation(const Samples& x, const Samples& y) { return correlationPercent(x.data(), y.data()); }
 
-/// A sine, and a signal that correlates with it by `r`.
+/// The program's correlation of a sine and a signal whose correlation with it is `r`.
 float correlationOf(double r) {
   return correlation(samplesOf([](int s) { return sineAt(s, 9, 50); }), samplesOf([&](int s) {
                        return r * sineAt(s, 9, 50) + std::sqrt(1 - r * r) * sineAt(s, 9, 50, std::numbers::pi / 2);
@@ -98,7 +98,7 @@ class BlockCorrelation : public testing::Test {
 TEST_F(BlockCorrelation, ThePairsAre12And34And13And24) {
   state_.computeBlockCorrelation();
   EXPECT_NEAR(shared_.coherenceHistory[1][1], 50, 1);
-  EXPECT_EQ(shared_.coherenceHistory[2][1], -100.0F);  // -99.5 toward minus infinity
+  EXPECT_EQ(shared_.coherenceHistory[2][1], -100.0F);  // -99.5, rounded toward minus infinity
   EXPECT_EQ(shared_.coherenceHistory[3][1], -100.0F);
   EXPECT_NEAR(shared_.coherenceHistory[4][1], 100 * std::cos(std::numbers::pi / 3 - 0.1), 1);
 }

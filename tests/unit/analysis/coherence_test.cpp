@@ -25,7 +25,7 @@ class Coherence : public testing::Test {
     state_.computeCoherence();
   }
 
-  /// A finished recording whose pair 1 has these block correlations.
+  /// Sets up a finished recording whose pair 1 has these block correlations.
   void recording(std::initializer_list<float> percents) {
     int block = 0;
     for (const float percent : percents) shared_.coherenceHistory[1][++block] = percent;
@@ -56,17 +56,17 @@ TEST_F(Coherence, ChannelsInAntiphaseGiveMinus100) {
 
 TEST_F(Coherence, AnEmptySpectrumHasPhaseZero) {
   for (int channel = 1; channel <= 2; ++channel) state_.spectrumIm[channel][30] = 5;
-  state_.spectrumRe[1][30] = 5;  // 45 degrees against an upright 0
-  state_.spectrumRe[3][30] = 5;  // 90 degrees, channel 1 has 45
+  state_.spectrumRe[1][30] = 5;  // 45 degrees; channel 2 has 0
+  state_.spectrumRe[3][30] = 5;  // 90 degrees; channel 1 has 45
   state_.computeCoherence();
   EXPECT_NEAR(shared_.coherenceSpectrumHistory[1][1][30], 100 * std::cos(std::numbers::pi / 4), 0.01);
   EXPECT_NEAR(shared_.coherenceSpectrumHistory[1][3][30], 100 * std::cos(std::numbers::pi / 4), 0.01);
-  // Channel 4 is empty, channel 2 upright: both have phase 0.
+  // Channel 4 is empty and channel 2 has no real part: both have phase 0.
   EXPECT_EQ(shared_.coherenceSpectrumHistory[1][4][30], 100.0F);
 }
 
 TEST_F(Coherence, ThePairsAre12And34And13And24) {
-  // Channel c has the phase 0.3 c; the cosine of the difference tells who was compared.
+  // Channel c has the phase 0.3 c; the cosine of the difference shows which channels were compared.
   for (int channel = 1; channel <= 4; ++channel) {
     state_.spectrumIm[channel][10] = Fixed::nearest(100 * std::cos(0.3 * channel));
     state_.spectrumRe[channel][10] = Fixed::nearest(100 * std::sin(0.3 * channel));

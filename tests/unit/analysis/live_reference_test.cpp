@@ -3,9 +3,8 @@
 namespace korvinel {
 namespace {
 
-/// One of the reference examinations, driven block by block through the operations of a turn, so that a difference is
-/// found at the operation that makes it. The same numbers go through whole turns in
-/// journeys/reference_examination_test.cpp.
+/// A reference examination, processed block by block by the operations of a turn, so that a difference is found at the
+/// operation that causes it. journeys/reference_examination_test.cpp compares whole turns with the same numbers.
 class LiveReference : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
@@ -32,7 +31,7 @@ class LiveReference : public testing::TestWithParam<const char*> {
     examination_.expectSamples("screened");
   }
 
-  /// The recording rounds the block for its bytes and leaves it rounded.
+  /// Recording rounds the block to bytes and leaves it rounded.
   void takeRecordedSamples() {
     const auto& recorded = examination_.ofBlock("recorded");
     for (int channel = 1; channel <= 4; ++channel)

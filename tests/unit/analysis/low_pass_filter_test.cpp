@@ -17,7 +17,7 @@ class LowPassFilter : public testing::Test {
     state_.lowPassBlock();
   }
 
-  /// The block that comes out when the spectrum of every channel holds this one value.
+  /// Filters a block whose spectrum has a value at this index alone, on every channel.
   void filterSingleIndex(int index) {
     for (int channel = 1; channel <= 4; ++channel) {
       for (int i = 1; i <= 256; ++i) state_.spectrumRe[channel][i] = state_.spectrumIm[channel][i] = 0;
@@ -62,7 +62,7 @@ TEST_F(LowPassFilter, TheNeighboursOfTheCutAreKept) {
 }
 
 TEST_F(LowPassFilter, AnEightyCycleSineKeepsItsNegativeHalfWithTheImaginaryPartFoldedIn) {
-  // 80 cycles stand at index 81, which is cut, and at 177, which is kept.
+  // 80 cycles are at index 81, which is removed, and at index 177, which is kept.
   filter([](int s) { return 128 + sineAt(s, 80, 40); });
   for (int s = 1; s <= 256; ++s)
     ASSERT_NEAR(state_.sampleBlock[1][s], 128 + 1.06 * (sineAt(s, 80, 20) + sineAt(s, 80, 20, std::numbers::pi / 2)),
@@ -77,7 +77,7 @@ TEST_F(LowPassFilter, AHighSineComesBackAsTheMidLevel) {
 
 TEST_F(LowPassFilter, IndexZeroOfTheSignalIsScaledAgainForEveryChannel) {
   filter([](int) { return 128; });
-  // 128 at the first channel, then a 256th of what the channel before has left.
+  // 128 at the first channel, then a 256th of the value left by the previous channel.
   EXPECT_EQ(state_.fftRe[0], Fixed(0));
   EXPECT_EQ(state_.filteredSamples[0], 128.0F);
 }

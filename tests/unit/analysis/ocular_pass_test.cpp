@@ -49,7 +49,7 @@ TEST(FillFromReserve, WhenBothAreBadTheSecondIsMendedByTheFirstsPair) {
   const Channel before2 = second;
   fillFromReserve(first.data(), second.data());
   EXPECT_EQ(second[10], before2[1]);
-  EXPECT_EQ(second[30], before2[1]);  // the second's own count has not moved before
+  EXPECT_EQ(second[30], before2[1]);  // its own count has not advanced yet
 }
 
 TEST(FillFromReserve, ALimitValueIsNeitherReplacedNorGathered) {

@@ -7,7 +7,7 @@ using golden::expectRow;
 using golden::expectRows;
 using golden::Json;
 
-/// A recording analysed in the order of opening a file.
+/// A reference recording, analysed as opening a file does.
 class OpenedReference : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {

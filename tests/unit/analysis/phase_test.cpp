@@ -42,7 +42,7 @@ TEST(ArcTangent, AgreesWithTheLibraryToTheLastPlaces) {
 }
 
 TEST(PhaseCoherence, OfEveryPossibleDifferenceIsTheCosineToTheLastBit) {
-  // Phases have four decimals and differ by less than two turns' halves: there are no more cases than these.
+  // Phases have four decimals and differ by at most 2 pi: these are all the cases.
   for (int count = -62'832; count <= 62'832; ++count) {
     const Fixed difference = Fixed::fromCount(count);
     const auto exact = static_cast<double>(std::cos(static_cast<long double>(difference.toDouble())));
@@ -99,7 +99,7 @@ TEST(PhasesOf, AxesAndDiagonalsAreThoseOfEachIndex) {
 }
 
 TEST(PhasesOf, NextToTheMiddleBetweenTwoDecimalsAreThoseOfEachIndex) {
-  // Parts whose angle comes as near to half a ten-thousandth as counts of this size allow, on both sides.
+  // Parts whose angle is as close to the middle between two decimals as counts of this size allow, on both sides.
   for (int half = 1; half < 31'415; half += 2 * 61)
     for (int place = 0; place < 4; ++place) {
       const double angle = (half + 0.5) * 1e-4;

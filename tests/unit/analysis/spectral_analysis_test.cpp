@@ -9,7 +9,7 @@
 namespace korvinel {
 namespace {
 
-/// A started program with block 1 to come; all calibration factors are 1.
+/// A started program before block 1; all calibration factors are 1.
 class SpectralAnalysis : public testing::Test {
  protected:
   void SetUp() override {
@@ -51,7 +51,7 @@ TEST_F(SpectralAnalysis, ASineOfKCyclesPeaksAtIndexKPlusOneWith150) {
     state_.analyseBlockSpectra();
     for (int i = 1; i <= 128; ++i) {
       const bool peak = i == cycles + 1;
-      // The first harmonic leaves its half at index 1.
+      // Index 1 gets half of the first harmonic.
       const double expected = peak ? 150 : i == 1 && cycles == 1 ? 75 : 0;
       ASSERT_NEAR(state_.shapeSpectrum[2][i].toDouble(), expected, peak ? 0 : 0.01) << cycles << " cycles, " << i;
     }
@@ -177,7 +177,8 @@ TEST(LargestAmplitude, LooksAtBothEndsOfTheRangeAndNoFurther) {
 }
 
 TEST(LargestAmplitude, WhicheverComesFirstTheLargestIsKeptAndRoundedToFourDecimals) {
-  // The value alone is kept, so equal maxima cannot be told apart; those that only rounding makes equal neither.
+  // Only the value is kept, so it does not matter which of several equal maxima is taken, nor if only rounding makes
+  // them equal.
   const std::pair<std::pair<float, float>, std::int64_t> cases[] = {{{7.00004F, 7.00002F}, 70'000},
                                                                     {{7.00002F, 7.00004F}, 70'000},
                                                                     {{7.00006F, 7.00002F}, 70'001},

@@ -16,7 +16,8 @@ namespace {
 using Column = std::array<Fixed, transformLength + 1>;
 using Spectrum = std::vector<std::complex<double>>;  ///< index 0..255
 
-/// Half a ten-thousandth at every butterfly of both parts, doubled at most by each later stage, and the short pi.
+/// Bound of the rounding errors: half of 1/10000 in both parts of every butterfly, at most doubled by each later stage,
+/// and the short pi.
 constexpr double worstRounding = 0.02;
 
 struct Pair {

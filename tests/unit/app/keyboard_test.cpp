@@ -21,7 +21,7 @@ std::string accessibleText(QWidget* widget, QAccessible::Text which) {
   return QAccessible::queryAccessibleInterface(widget)->text(which).toStdString();
 }
 
-/// All keys that the widgets of a window answer to with Alt.
+/// The Alt shortcuts of a window's widgets.
 std::vector<QKeySequence> shortcuts(QWidget& window) {
   std::vector<QKeySequence> keys;
   for (const auto* button : window.findChildren<QAbstractButton*>())

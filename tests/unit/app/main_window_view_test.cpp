@@ -28,7 +28,7 @@ TEST(Keyboard, TabGoesThroughTheMainWindowInTheOrderOfAnExamination) {
 TEST(Keyboard, ALetterPressesAButtonWhoseCaptionHasNoMarkOfIt) {
   ShownWindows windows;
   int presses = 0;
-  windows.mainModel.Starts1.setCaption("Start");  // as start-up does, long after the view was made
+  windows.mainModel.Starts1.setCaption("Start");  // as start-up does, after the view was created
   windows.mainModel.Starts1.onPressed = [&] { ++presses; };
   windows.mainView.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&windows.mainView));

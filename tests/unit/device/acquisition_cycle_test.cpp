@@ -105,7 +105,7 @@ TEST(RemoveBaseline, LeavesTheEdgeColumnsAlone) {
 }
 
 TEST(SmoothToBaseline, IsFourHundredPassesOfTheMeanOfThree) {
-  // Three samples are enough to follow by hand; doubles, stored as floats.
+  // Three samples, few enough to calculate by hand: in doubles, stored as floats.
   float signal[5] = {0, 10, 40, 100, 0};
   float expected[5] = {10, 10, 40, 100, 100};
   for (int pass = 0; pass < 400; ++pass) {
@@ -226,12 +226,12 @@ TEST(AcquisitionTick, ATurnTakesThreeSeconds) {
 }
 
 TEST(AcquisitionTick, ThePauseMakesUpForTheProcessingTime) {
-  // Whole milliseconds: the processing time is truncated, and never less than 1 ms of pause remains.
+  // The processing time is truncated to whole milliseconds, and the pause is at least 1 ms.
   const std::pair<double, int> cases[] = {{0.0, 870},  {0.1005, 770}, {0.1009, 770}, {0.8685, 2},
                                           {0.8695, 1}, {0.9, 1},      {5.0, 1}};
   for (const auto& [processing, pause] : cases) {
     HeadlessProgram program;
-    program.host.time.setStep(1e-6);  // events take no time of their own
+    program.host.time.setStep(1e-6);  // processing events takes almost no time
     program.state.startUp();
     program.host.serialPort.setReceiveBuffer(1600);
     program.host.serialPort.open();
@@ -304,7 +304,7 @@ TEST(AcquisitionTick, The200thTurnEndsWithoutReading) {
 TEST(AcquisitionTick, AFaultInOneStepDoesNotStopTheOthers) {
   HeadlessProgram program;
   program.startAcquisition();
-  // Whoever shows the first trace fails: the turn goes on with its next step.
+  // Drawing the first trace fails; the turn continues with its next step.
   program.window.firstTrace.onChanged = [] { throw RuntimeError(Fault::output, "schermo"); };
   program.acquireBlocks(2);
   EXPECT_EQ(program.state.blockCount, 2);

@@ -8,12 +8,12 @@ namespace {
 
 using platform::Colour;
 
-/// A program whose line is open and whose blocks are read one by one.
+/// A program with an open line that reads one block at a time.
 class ArtefactRejection : public testing::Test {
  protected:
   void SetUp() override {
     state_.startUp();
-    state_.sharedSelector = 1;  // as the start of an acquisition leaves it
+    state_.sharedSelector = 1;  // its value after the start of an acquisition
     program_.host.serialPort.setReceiveBuffer(1600);
     program_.host.serialPort.open();
   }
@@ -116,11 +116,11 @@ TEST_F(ArtefactRejection, TheStreamIsAskedForAfterFiveHundredthsOfASecond) {
 }
 
 TEST_F(ArtefactRejection, TheSelectorDecidesWhichPairIsShown) {
-  state_.channelPair = 2;  // does not matter here
+  state_.channelPair = 2;  // has no effect
   fillAllChannels(state_, [](int) { return 128; });
   fillChannel(state_, 1, [](int) { return 201; });
   fillChannel(state_, 3, [](int) { return 203; });
-  const std::pair<int, double> cases[] = {{1, 54}, {2, 52}, {3, 255}};  // 3: no channel, row 0
+  const std::pair<int, double> cases[] = {{1, 54}, {2, 52}, {3, 255}};  // 3: row 0, not a channel
   for (const auto& [selector, y] : cases) {
     state_.sharedSelector = selector;
     state_.rejectBlock();

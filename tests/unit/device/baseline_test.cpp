@@ -47,7 +47,7 @@ TEST(Baseline, OfSampleBytesIsThatOfEachAlone) {
 }
 
 TEST(Baseline, OfFloatsOfAnySizeIsThatOfEachAlone) {
-  // Every pattern of 32 bits that is a number: tiny ones without full precision, huge ones whose sums overflow a float.
+  // Random bit patterns of all finite floats: also subnormal ones, and huge ones whose sums overflow.
   std::mt19937 random(3);
   for (int n = 0; n < 10; ++n)
     expectSameBits(signalsOf(256, [&] {

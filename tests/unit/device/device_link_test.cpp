@@ -24,7 +24,7 @@ const std::string testCommand = "TEST\xC0";
 const std::string startCommand = "S\x01\x04\x78\x41\x08\x42\xA5";
 const std::string stopCommand = "\xFF\x01";
 
-/// A started-up program whose operations run behind the edge, as events do.
+/// A started program whose operations run through the operation edge, as events do.
 struct LinkTest : testing::Test {
   LinkTest() { program.state.startUp(); }
 
@@ -34,7 +34,7 @@ struct LinkTest : testing::Test {
   void readBlock() {
     program.host.edge.run([this] { program.state.readBlock(); });
   }
-  /// An open line that streams.
+  /// Opens the line and starts the stream.
   void connect() {
     openLink();
     program.state.sendStartCommand();
@@ -247,7 +247,7 @@ TEST_F(LinkTest, FramesOfFourBytesFillTheChannels) {
   block[4] = 60;
   host.instrument.blocks = {block};
   readBlock();
-  // Smoothed: the first sample has itself on its left, 60 on its right.
+  // Smoothed: the left neighbour of the first sample is a copy of it, the right one is 60.
   EXPECT_EQ(program.state.sampleBlock[1][0], 200.0F);
   EXPECT_EQ(program.state.sampleBlock[1][1], static_cast<float>((200 + 0.3 * 200 + 0.3 * 60) / 1.6));
   EXPECT_EQ(program.state.sampleBlock[2][1], 128.0F);
@@ -322,7 +322,7 @@ TEST_F(LinkTest, ACablePulledOutBetweenTheLookAndTheReadingIsNoBlock) {
   };
   host.dialogs.choices = {Choice::ok};
   host.dialogs.whileOpen = [&] {
-    EXPECT_EQ(program.state.sampleBlock[1][50], 90.0F);  // nothing was made of the bytes that did not come
+    EXPECT_EQ(program.state.sampleBlock[1][50], 90.0F);  // the failed read changed nothing
     host.serialPort.plugIn();
     host.instrument.blocks = {blockOf(60)};
   };
@@ -342,7 +342,7 @@ TEST_F(LinkTest, WhyAPortCannotBeOpenedIsKeptAndWrittenToStandardErrorOnce) {
   };
   openLink();
   EXPECT_EQ(kept, "COM2 non c'e'");
-  EXPECT_EQ(host.dialogs.shown[0].text, linkError);  // the box keeps its words
+  EXPECT_EQ(host.dialogs.shown[0].text, linkError);  // the box's text stays
   EXPECT_THAT(host.machine.told, ElementsAre("COM2 non c'e'"));
   EXPECT_EQ(program.state.lineFault, "");
 }
@@ -379,7 +379,7 @@ TEST_F(LinkTest, AnOverflowCountedByTheSystemRestartsTheStreamWithoutABox) {
   readBlock();
   EXPECT_TRUE(host.dialogs.shown.empty());
   EXPECT_TRUE(host.serialPort.written().ends_with(startCommand + stopCommand + startCommand));
-  EXPECT_EQ(program.state.sampleBlock[1][50], 70.0F);  // not the block of which nobody knows where its frames begin
+  EXPECT_EQ(program.state.sampleBlock[1][50], 70.0F);  // not the block in doubt
   EXPECT_EQ(program.window.statusLabel.text(), "Allineamento dei canali incerto: flusso riavviato");
   EXPECT_EQ(program.window.statusLabel.ink(), platform::Colour::lightRed);
   EXPECT_NE(program.state.alignmentFault, "");
@@ -393,7 +393,7 @@ TEST_F(LinkTest, ARestartReadsTheLineEmptyBeforeItStarts) {
   host.serialPort.discardInput();
   host.serialPort.deliver(blockOf(90));
   host.serialPort.overrun();
-  // Bytes are still on their way when the stop is sent, and end in the middle of a frame.
+  // Bytes still arrive after the stop is sent, and end in the middle of a frame.
   for (const double delay : {0.03, 0.08, 0.15}) host.time.after(delay, [&] { host.serialPort.deliver("xyz"); });
   double started = 0;
   host.time.when([&] { return host.serialPort.written().ends_with(stopCommand + startCommand); },

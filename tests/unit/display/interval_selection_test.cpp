@@ -83,7 +83,7 @@ TEST(IntervalSelection, TheChosenStretchIsTinted) {
   EXPECT_EQ(shade(), (platform::Surface::Shade{60, 75, Colour::lightRed}));
 }
 
-/// By hand, a place at a time, a hundred times, to and fro.
+/// Drags back and forth a hundred times, one position at a time.
 TEST(IntervalSelection, TheTrendAndTheNotesStayHoweverOftenItIsDragged) {
   Strip strip(200);
   strip.state.noteCount = 2;

@@ -49,7 +49,7 @@ TEST(PrintScreen, AConfirmedPrintLeavesTheRequestStanding) {
   program.host.dialogs.choices = {Choice::ok, Choice::ok, Choice::cancel};
   program.window.Stampa.press();
   EXPECT_EQ(program.state.printRequested, 1);
-  program.state.printScreen();  // as a replay that finds the request standing
+  program.state.printScreen();  // as a replay does while the request is set
   EXPECT_EQ(program.state.printRequested, 1);
   program.state.printScreen();
   EXPECT_EQ(program.state.printRequested, 0);

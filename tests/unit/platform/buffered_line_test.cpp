@@ -5,7 +5,7 @@
 namespace korvinel::platform {
 namespace {
 
-/// A line whose system and clock a test plays.
+/// A line whose system input and clock are set by the test.
 class PlayedLine : public BufferedLine {
  public:
   PlayedLine() { setReceiveBuffer(1600); }
@@ -24,7 +24,7 @@ class PlayedLine : public BufferedLine {
   int uncountedDrops = 0;
   bool damaged = false;
 
-  /// Looks every 10 ms for so long.
+  /// Looks every 10 ms for this many seconds.
   void lookFor(double duration) {
     for (const double end = now + duration; now < end; now += 0.01) static_cast<void>(waiting());
   }
@@ -86,7 +86,7 @@ TEST_F(BufferedLineTest, MeasuresASilenceFromTheLastByteToTheLastLook) {
   line.system = "x";
   line.lookFor(0.05);
   EXPECT_NEAR(line.silentFor(), 0.04, 1e-6);
-  line.now += 5;  // nobody looks: nothing is known
+  line.now += 5;  // without a look nothing is known
   EXPECT_NEAR(line.silentFor(), 0.04, 1e-6);
 }
 

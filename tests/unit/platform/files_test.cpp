@@ -116,7 +116,7 @@ std::optional<int> FilesOfEveryKind::readOnly(const std::function<int()>& act) {
   inMemory.readOnly = true;
   if (memory) return act();
   chmod(root.c_str(), 0555);
-  constexpr uid_t somebodyElse = 54321;  // an account that no system has
+  constexpr uid_t somebodyElse = 54321;  // a user number without an account
   // Permissions do not bind root.
   const int result = inAnotherProcess(act, getuid() == 0 ? somebodyElse : 0);
   chmod(root.c_str(), 0755);

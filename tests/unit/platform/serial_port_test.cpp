@@ -182,7 +182,7 @@ TEST_P(EverySerialPort, ALineThatWasLostStaysSilentUntilItIsOpenedAgain) {
 
 TEST_P(EverySerialPort, AStreamIsHandedOutInWholeFrames) {
   port().expectFrames(4, true);
-  // Nobody looks until the bytes are there: a silence within a frame would begin a new one.
+  // The line is not read before all bytes have arrived: a silence within a frame would start a new one.
   line->send("1234ab");
   EXPECT_EQ(port().read(), "1234");
   line->send("cd5");

@@ -14,7 +14,7 @@ using recordings::folder;
 
 const std::string stick = "/media/chiavetta/";
 
-/// A recording of some blocks with a note, about to be ended.
+/// A recording of some blocks with a note, before its end.
 struct Recording : HeadlessProgram {
   Recording() {
     startAcquisition();
@@ -32,11 +32,11 @@ struct Recording : HeadlessProgram {
     host.time.runUntil([&] { return state.intervalSelectable == 1; });
     host.time.runFor(1);
   }
-  /// The data file that everything recorded so far makes.
+  /// The data file of everything recorded so far.
   std::string wholeFile() const {
     return header + state.temporaryContent.substr(state.temporaryContent.find('\n') + 1);
   }
-  /// Ends as the user would, and remembers the whole file as it must be.
+  /// Keeps the expected data file and runs `act` when assembling begins.
   void whenAssembled(const std::function<void()>& act) {
     host.time.when([this] { return state.assembling == 1; },
                    [this, act] {

@@ -13,7 +13,7 @@ namespace {
 using recordings::folder;
 using recordings::temporary;
 
-/// A recording driven block by block, without an acquisition around it.
+/// A recording made block by block, without an acquisition.
 struct Recording : HeadlessProgram {
   Recording() {
     shared.subjectName = "Rossi";
@@ -87,7 +87,7 @@ TEST(DataFile, UnderAnExistingNameIsAddedBehindTheOldRecording) {
 struct Change {
   const char* what;
   std::function<void(Recording&)> make;
-  bool holdsOthers;  ///< something that was never recorded here
+  bool holdsOthers;  ///< whether it adds content that was never recorded here
 };
 
 const std::string headerOfRossi = "\"Rossi\",\"21/11/2026\",\"4canali\"\r\n";
@@ -154,7 +154,7 @@ TEST(DataFile, ChangesOfTheTemporaryFileAndAFullDiskTogetherLoseNothing) {
     recording.appendBlocks(8);
     const std::string recorded = recording.temporaryFile();
     make(recording);
-    if (!recording.host.files.unreadable.empty()) continue;  // which asks for another place
+    if (!recording.host.files.unreadable.empty()) continue;  // it would ask for another place
     recording.host.files.freeSpace = 100;
     recording.host.dialogs.whileOpen = [&] { recording.host.files.freeSpace = 100'000; };
     recording.host.dialogs.choices = {platform::Choice::ok};
@@ -214,8 +214,6 @@ TEST_P(ReferenceRecording, ComesOutByteForByte) {
 
 INSTANTIATE_TEST_SUITE_P(Golden, ReferenceRecording, testing::Values("eeg", "ocular", "threshold", "shapes"));
 
-// What is recorded is never lost.
-
 TEST(SafeKeeping, ADiskFullAtAnyByteOfABlockAndThenFreedLosesNothing) {
   for (const int room : {0, 1, 256, 258, 259, 1035}) {
     Recording recording;
@@ -273,7 +271,7 @@ TEST(SafeKeeping, ADiskFullWhileAssemblingSetsTheTemporaryFileAside) {
     EXPECT_FALSE(recording.host.files.content.contains(temporary)) << room;
     ASSERT_EQ(recording.setAside(), std::vector{folder + "Tempor1 2026-11-21 10.00.00.XXX"}) << room;
     EXPECT_EQ(recording.host.files.content[recording.setAside().front()], recorded) << room;
-    // Nothing was written behind the gap.
+    // Nothing was written after the gap.
     EXPECT_EQ(recording.dataFile().size(), static_cast<std::size_t>(room)) << room;
   }
 }

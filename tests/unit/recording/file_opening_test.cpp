@@ -26,7 +26,7 @@ TEST(OpenDataFile, OfTenBlocksCountsNine) {
   EXPECT_TRUE(program.host.faults.empty());
 }
 
-/// The text that the label takes is used for messages, too.
+/// Messages used to overwrite the text that the label showed.
 TEST(OpenDataFile, TheDateStaysInThe50HertzLabelWhateverWasAsked) {
   FileProgram program;
   program.open();

@@ -262,7 +262,7 @@ TEST(NotesOfAnOpenedFile, ATextThatTheReplayClearsIsTold) {
   EXPECT_TRUE(program.host.dialogs.shown.back().text.starts_with("La nota non è stata conservata:\raggiunta\r"));
 }
 
-/// After a file was open the box takes keys without "Annota".
+/// After a file was open, the note box accepts text without "Annota".
 struct BoxLeftEnabled : FileProgram {
   BoxLeftEnabled() {
     open();

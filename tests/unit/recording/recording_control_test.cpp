@@ -217,7 +217,7 @@ TEST(EndRecording, WithoutRecordingWritesNothing) {
   program.window.Stopd1.press();
   program.host.time.runUntil([&] { return program.state.intervalSelectable == 1; });
   auto after = program.host.files.content;
-  after[folderLockPath] = before.at(folderLockPath);  // who acquired is no longer told
+  after[folderLockPath] = before.at(folderLockPath);  // the lock's note is erased
   EXPECT_EQ(after, before);
 }
 

@@ -33,7 +33,7 @@ struct Names : testing::Test {
   }
 };
 
-/// What Start says of a file name and a subject; "" where it goes on.
+/// Start's message about a file name and a subject; "" if it accepts them.
 std::string saidAtStart(const std::string& fileName, const std::string& subject = "Rossi") {
   HeadlessProgram program;
   program.host.files.devices = {"NUL", "COM1"};

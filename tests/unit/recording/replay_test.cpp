@@ -12,7 +12,7 @@ std::vector<int> levels(int first, int last) {
   return expected;
 }
 
-/// An opened file of ten blocks, nine of them counted, replayed at twenty times the speed.
+/// An opened file of ten blocks, nine of them counted, with the replay speed at 20.
 struct OpenedProgram : FileProgram {
   explicit OpenedProgram(int blocks = 10) : FileProgram(recordings::file(blocks)) {
     open();

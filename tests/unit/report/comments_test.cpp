@@ -8,11 +8,11 @@ namespace {
 using platform::Colour;
 using platform::Mark;
 
-/// A report whose noise stands at `noise` and whose alpha maxima are given, so that the ratios are free to choose.
+/// A report whose noise curve, levels and alpha maxima are set directly, so that any ratio can be tested.
 struct VerdictReport : HeadlessReport {
   VerdictReport() {
     for (int channel = 1; channel <= 4; ++channel) {
-      setNoise(channel, Fixed::fromCount(9'000));  // ten of 0.9 over nine: 1
+      setNoise(channel, Fixed::fromCount(9'000));  // ten times 0.9, divided by nine: 1
       report.maxAlpha[channel] = 1;
       setLevel(channel, 5);
     }
@@ -32,7 +32,7 @@ struct VerdictReport : HeadlessReport {
 TEST(BuildVerdicts, TheTenNoiseIndexesOfAlphaAreDividedByNine) {
   VerdictReport program;
   program.setNoise(1, 1);
-  program.setNoise(2, 1);  // each 10 / 9 = 1.1111: ratios of 2.2222 to the maxima
+  program.setNoise(2, 1);  // each 10 / 9 = 1.1111; twice that is 2.2222
   program.alpha(1, 2, 2.2222, 2.2222);
   program.report.buildVerdicts();
   EXPECT_EQ(program.report.reportLines[6], "F1-F2 Discreto ritmo Alfa");
@@ -82,7 +82,7 @@ TEST(BuildVerdicts, TheSymmetryFollowsTheMeanLevels) {
   }
 }
 
-/// The limits are 32-bit floats: a ratio of 0.8 lies below the first, one of 1.05 above the third.
+/// The limits are 32-bit floats: a ratio of 0.8 is below the first, 1.05 is above the third.
 TEST(BuildVerdicts, RatiosOfExactlyEightTenthsAndTwentyOneTwentiethsLieBeyondTheirLimits) {
   struct Case {
     float left, right;
@@ -125,7 +125,7 @@ TEST(BuildVerdicts, ALevelBelowHalfAMicrovoltCountsAsHalf) {
   struct Case {
     float left, right, score;
   };
-  // 0.1 over 0.5 would lean right; both count as 0.5.
+  // 0.1 / 0.5 would be unbalanced to the right, but both count as 0.5.
   const Case cases[] = {{0.1F, 0.5F, 0}, {0, 0, 0}, {0.4F, 0.6F, 1}, {0, 1, 2}};
   for (const Case& c : cases) {
     VerdictReport program;

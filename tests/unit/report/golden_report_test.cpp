@@ -4,7 +4,7 @@
 #include "headless_report.h"
 #include "report/noise_curve.h"
 
-/// Whole reports against the reference numbers, to the last bit.
+/// Compares whole reports with the reference numbers, to the last bit.
 namespace korvinel {
 namespace {
 

@@ -77,7 +77,7 @@ TEST(SpectrumPanels, AValueAboveTheFullScaleGoesBeyondTheTop) {
 
 TEST(SpectrumPanels, BarHeightsAreRoundedToWholeUnits) {
   GraphReport program;
-  program.report.microvoltScale = 30;  // 6.6667 units a microvolt
+  program.report.microvoltScale = 30;  // 6.6667 units per microvolt
   program.report.meanSpectrum[1][1] = 5.5F;
   program.report.drawSpectraAndCoherence();
   EXPECT_EQ(program.bars(1)[0].y2, 163);  // 200 - 36.67

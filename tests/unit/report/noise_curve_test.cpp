@@ -36,7 +36,7 @@ TEST(NoiseFit, TheCurveIsNineTenthsOfTheSpectrumAtThePeak) {
 
 TEST(NoiseFit, TheValleyIsTheFirstSmallestValueFromThePeakOn) {
   ReportSpectrum spectrum = flat(9);
-  spectrum[2] = 1;  // before the peak: not looked at
+  spectrum[2] = 1;  // before the peak: ignored
   spectrum[5] = 40;
   spectrum[30] = spectrum[50] = 3;
   EXPECT_EQ(fitNoise(spectrum).valley, 30);

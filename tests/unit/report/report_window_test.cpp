@@ -23,7 +23,7 @@ const Mark* markOf(const platform::Surface& surface, const std::string& text) {
   return nullptr;
 }
 
-/// The report of ten blocks of an alpha-like spectrum.
+/// The report of ten blocks with an alpha-like spectrum.
 struct LoadedReport : HeadlessReport {
   explicit LoadedReport(int first = 1, int last = 10) {
     fillHistories(1, 199);

@@ -43,7 +43,7 @@ TEST(MeanToTenth, FloorsTheStoredMeanTowardMinusInfinity) {
 }
 
 TEST(MeanToTenth, ANumberThatSinglePrecisionHoldsTooLowIsFlooredFromThere) {
-  // 0.3 is stored as 0.300000012 and stays; 0.7 is stored as 0.699999988 and falls to 0.6.
+  // 0.3 is stored as 0.300000012 and stays; 0.7 is stored as 0.699999988 and becomes 0.6.
   EXPECT_EQ(meanToTenth(0.3, 1), 0.3F);
   EXPECT_EQ(meanToTenth(0.7, 1), 0.6F);
 }

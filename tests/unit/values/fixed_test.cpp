@@ -12,7 +12,7 @@ namespace {
 
 __extension__ typedef __int128 Wide;
 
-/// Nearest integer to numerator / 10000, ties to even, by remainder alone.
+/// The integer nearest to numerator / 10000, ties to even, calculated from the remainder.
 Wide nearestQuotient(Wide numerator) {
   const Wide scale = 10'000;
   Wide floor = numerator / scale;
@@ -126,7 +126,7 @@ TEST(FloorToTenth, OfDoublesMultipliesTheExactValue) {
   EXPECT_EQ(floorToTenth(12.38), 12.3);
   EXPECT_EQ(floorToTenth(-0.05), -0.1);
   EXPECT_EQ(floorToTenth(5.0), 5.0);
-  // The 32-bit 0.7 lies below 0.7, and its exact value times ten below 7.
+  // The 32-bit 0.7 is less than 0.7, so ten times its exact value is less than 7.
   EXPECT_EQ(floorToTenth(static_cast<double>(0.7F)), 0.6);
 }
 

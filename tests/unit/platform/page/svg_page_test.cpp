@@ -14,7 +14,7 @@ using platform::Surface;
 
 std::string svgOf(const Surface& ground) { return pageBytes(Page{"Esame <1>", &ground, 40, {}}, PageFormat::svg); }
 
-/// How many times a text stands in another.
+/// The number of occurrences of a text in another.
 int countIn(const std::string& text, const std::string& part) {
   int count = 0;
   for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) ++count;

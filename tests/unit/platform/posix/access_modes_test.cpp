@@ -25,7 +25,7 @@ mode_t modeOf(const std::string& path) {
   return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 
-/// A mask for the time of a test.
+/// A file mode mask, set for the lifetime of the object.
 class Mask {
  public:
   explicit Mask(mode_t mask) : before_(umask(mask)) {}
@@ -37,8 +37,8 @@ class Mask {
   mode_t before_;
 };
 
-/// Whatever is made in the folder may be read and written by its owner and its group, whatever the mask; false where
-/// the file system has no access lists.
+/// Lets owner and group read and write everything created in the folder, whatever the mask; false if the file system
+/// has no access lists.
 bool giveDefaultAccessList(const std::string& folder) {
   struct Entry {
     std::uint16_t who, rights;

@@ -30,7 +30,7 @@ struct DiskFilesInAFolder : testing::Test {
   }
 };
 
-/// The kind of fault that the action ends in, with its message.
+/// The fault thrown by the action, with its message.
 std::pair<Fault, std::string> faultOf(const std::function<void()>& action) {
   try {
     action();

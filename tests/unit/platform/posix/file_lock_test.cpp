@@ -10,7 +10,7 @@
 namespace korvinel::platform {
 namespace {
 
-constexpr uid_t somebodyElse = 54321;  // an account that no system has
+constexpr uid_t somebodyElse = 54321;  // a user number without an account
 
 mode_t modeOf(const std::string& path) {
   struct stat status {};
@@ -33,7 +33,7 @@ TEST(LockOfAFile, IsHeldAgainstAnotherProcessAndFreedByItsDeath) {
   EXPECT_EQ(attempt.outcome, LockOutcome::held);
   EXPECT_EQ(attempt.told, "anna");
   other.end();
-  EXPECT_EQ(contentOf(path), "anna");  // it could not take its note back
+  EXPECT_EQ(contentOf(path), "anna");  // the killed process could not erase its note
   EXPECT_EQ(lockFile(path, "bruno").outcome, LockOutcome::taken);
 }
 
@@ -50,7 +50,7 @@ TEST(LockOfAFile, IsNotHandedDownToAProgramThatIsStarted) {
   }
   close(started[1]);
   char sign = 0;
-  EXPECT_EQ(read(started[0], &sign, 1), 0);  // its end was closed by the program's start
+  EXPECT_EQ(read(started[0], &sign, 1), 0);  // end of file: exec has closed the child's end
   close(started[0]);
   own.lock.reset();
   EXPECT_EQ(outcomeAt(path), taken);
@@ -64,7 +64,7 @@ TEST(LockOfAFile, IsOneForAllUsersOfTheMachine) {
   const std::string path = folder / "lock";
   {
     const LockAttempt own = lockFile(path, "anna");
-    ASSERT_EQ(modeOf(path), 0644U);  // the other one may only read it
+    ASSERT_EQ(modeOf(path), 0644U);  // the other user may only read it
     EXPECT_EQ(inAnotherProcess([&] { return outcomeAt(path); }, somebodyElse), held);
   }
   EXPECT_EQ(inAnotherProcess([&] { return outcomeAt(path); }, somebodyElse), taken);

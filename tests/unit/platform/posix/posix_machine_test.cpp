@@ -8,10 +8,10 @@
 namespace korvinel::platform {
 namespace {
 
-/// The niceness of the calling thread, as Linux counts it.
+/// The niceness of the calling thread; on Linux each thread has its own.
 int niceness() { return getpriority(PRIO_PROCESS, 0); }
 
-/// What a thread of its own ends up with, so that the test program keeps its priority.
+/// The niceness after the requests, made in another thread so that the test program keeps its priority.
 template <typename Requests>
 int nicenessAfter(Requests requests) {
   int result = 0;
@@ -23,7 +23,7 @@ int nicenessAfter(Requests requests) {
   return result;
 }
 
-/// The most that the system grants on the way from 0 to `wanted` below it.
+/// The highest priority that the system grants, as a niceness from 0 down to -`wanted`.
 int grantedNiceness(int wanted) {
   int result = 0;
   std::thread([&] {

@@ -9,7 +9,7 @@
 namespace korvinel::platform {
 namespace {
 
-/// Stands after the models in each test: they must outlive their views.
+/// Declared after the models in each test, because they must outlive their views.
 struct Window : QWidget {
   Window() {
     QFont letters = font();
@@ -68,7 +68,7 @@ TEST(ControlViews, BrokenLinesThatAreTooManyEndInATip) {
   EXPECT_EQ(view.text(), longFault);
 }
 
-/// Whether a colour is anywhere on the picture.
+/// Whether a colour occurs in the picture.
 bool holds(const QImage& picture, QRgb colour) {
   for (int y = 0; y < picture.height(); ++y)
     for (int x = 0; x < picture.width(); ++x)
@@ -261,7 +261,7 @@ TEST(ControlViews, ACheckBoxThatIsSwitchedWithoutAClickTellsItsModelOnce) {
   int clicks = 0;
   model.onClicked = [&] { ++clicks; };
   const std::unique_ptr<QCheckBox> box(makeView(model, nullptr));
-  box->toggle();  // as an assistive program does
+  box->toggle();  // as a screen reader does
   EXPECT_TRUE(model.checked());
   model.setChecked(false);
   EXPECT_FALSE(box->isChecked());

@@ -6,7 +6,7 @@
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("CUPS_SERVER", "/nowhere");  // no test may print on somebody's printer
+  qputenv("CUPS_SERVER", "/nowhere");  // no test may use a real printer
   testing::InitGoogleMock(&argc, argv);
   const QApplication application(argc, argv);
   korvinel::platform::applyAppearance();

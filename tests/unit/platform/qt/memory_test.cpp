@@ -13,15 +13,15 @@
 
 #include "platform/qt/qt_dialogs.h"
 
-/// Boxes and windows that come and go leave nothing behind. A growth too small to be noticed in one examination ends a
-/// program that runs for weeks.
+/// Boxes and windows leak nothing: a leak too small to be noticed in one examination ends a program that runs for
+/// weeks.
 namespace korvinel::platform {
 namespace {
 
-/// Bytes that the program has asked for and not given back.
+/// Bytes allocated and not freed.
 long bytesHeld() { return static_cast<long>(mallinfo2().uordblks); }
 
-/// Bytes that one more of these acts leaves behind, once what is made on first use has been made.
+/// Bytes leaked by each act, once everything created on first use exists.
 long leftByEach(const std::function<void()>& act) {
   constexpr int first = 40, times = 60;
   for (int i = 0; i < first; ++i) act();
@@ -30,7 +30,7 @@ long leftByEach(const std::function<void()>& act) {
   return (bytesHeld() - before) / times;
 }
 
-constexpr long negligible = 700;  ///< bytes; fragments of the heap come and go
+constexpr long negligible = 700;  ///< bytes; the heap's fragmentation varies
 
 void readAloud(QDialog& box) {
   QAccessibleInterface* list = QAccessible::queryAccessibleInterface(box.findChild<QTreeView*>());
@@ -46,7 +46,7 @@ struct MemoryTest : testing::Test {
                      [](const std::string& path) { return path; }}};
   QTimer user;
 
-  /// Whatever box comes is painted, read aloud and cancelled.
+  /// Paints every box that opens, reads it as a screen reader does, and cancels it.
   void SetUp() override {
     for (const char* name : {"a.QVD", "b.QVD", "c.QVD"})
       EXPECT_TRUE(QFile(folder.filePath(name)).open(QFile::WriteOnly));
@@ -73,7 +73,7 @@ TEST_F(MemoryTest, ABoxLeavesNothingBehind) {
             negligible);
 }
 
-/// As the windows of report and comments, which are made anew each time.
+/// Like the windows of the report and the comments, which are created each time.
 TEST_F(MemoryTest, AWindowWithColoursOfItsOwnLeavesNothingBehind) {
   EXPECT_LT(leftByEach([] {
               QWidget window;

@@ -59,7 +59,7 @@ TEST_F(NewFileTest, AFolderThatIsNotThereIsAFailure) {
   EXPECT_EQ(writeNewFile(folder.filePath("nessuna/pagina.pdf"), bytes, 0), NewFile::failed);
 }
 
-/// No file may grow beyond this meanwhile.
+/// A limit on the size of files, for the lifetime of the object.
 struct FileSizeLimit {
   explicit FileSizeLimit(rlim_t size) {
     std::signal(SIGXFSZ, SIG_IGN);

@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A surface of 600 units on 300 pixels, three units a step, and what it has told.
+/// A surface of 600 units on 300 pixels with steps of three units, and the events it has reported.
 struct PointerSurface : testing::Test {
   std::vector<std::string> told;
   std::function<void(float)> teller(const std::string& what) {

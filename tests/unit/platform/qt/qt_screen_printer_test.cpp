@@ -30,7 +30,7 @@ struct QtScreenPrinterTest : testing::Test {
                            },
                            [](const std::string& path) { return path; }},
                           [this] { return dataFileName; }};
-  /// Sizes of the pictures in a PDF file.
+  /// The sizes of the pictures in a PDF file.
   QStringList picturesIn(const QString& name) const {
     QFile file(folder.filePath(name));
     if (!file.open(QFile::ReadOnly)) return {};
@@ -108,7 +108,7 @@ TEST_F(QtScreenPrinterTest, ALinkIsNeverFollowed) {
   printer.printClipboard(10, 3, 190, 145);
   const QString printed = folder.filePath(pdfs().constFirst()), elsewhere = folder.filePath("altrove");
   ASSERT_TRUE(QFile::remove(printed));
-  // A link to nothing at the name of this second's page, and of the next ones'.
+  // Dangling links with the names of this second's page and of the next ones.
   const QDateTime now = QDateTime::currentDateTime();
   for (int second = 0; second < 5; ++second)
     ASSERT_TRUE(

@@ -51,8 +51,8 @@ TEST(QtEventPump, SleepsButNotLong) {
   watch.start();
   constexpr int looks = 20;
   for (int i = 0; i < looks; ++i) pump.process();
-  EXPECT_GT(watch.elapsed(), 2);                 // it does sleep
-  EXPECT_LT(watch.elapsed(), looks * 10 + 500);  // and wakes up by itself
+  EXPECT_GT(watch.elapsed(), 2);                 // it sleeps
+  EXPECT_LT(watch.elapsed(), looks * 10 + 500);  // and wakes by itself
 }
 
 TEST(QtEventPump, HandlesWhatIsWaiting) {

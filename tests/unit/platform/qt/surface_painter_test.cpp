@@ -48,7 +48,7 @@ TEST(SurfacePainter, TheShadeTintsItsStretchBehindEverything) {
   EXPECT_EQ(countOf(picture, blue), 200);
 }
 
-/// Drags to and fro from four places: what the later boxes have dropped is missing in no pixel, whatever the size.
+/// Drags back and forth from four places: at every size, no pixel shows that later boxes have dropped earlier ones.
 TEST(SurfacePainter, WhatBoxesDropIsMissedInNoPixel) {
   for (const int width : {97, 640, 1013}) {
     Surface surface("a", 600, 200, 10);
@@ -82,7 +82,7 @@ TEST(SurfacePainter, BoxesOfOneHeightCoverTheSameNumberOfPixelsEverywhere) {
     heights.push_back(height);
     height = 0;
   }
-  EXPECT_EQ(heights, std::vector<int>(63, 2));  // the lowest bar ends with the surface
+  EXPECT_EQ(heights, std::vector<int>(63, 2));  // the lowest bar touches the edge, so it is not counted
 }
 
 TEST(SurfacePainter, ABoxAndAPointAreNeverLost) {

@@ -17,7 +17,7 @@ TEST(SurfacePainter, ATextStandsOnACellOnWhichItsInkCanBeRead) {
   EXPECT_LT(cell.right(), 200);
 }
 
-/// Pixels of a colour in a picture with a text, and in the same picture without it.
+/// The number of pixels of a colour in a picture with a text, and in the same picture without it.
 struct WithAndWithout {
   int with, without;
 };
@@ -124,8 +124,8 @@ TEST(SurfacePainter, ATextThatStaysIsSetSmallerAndThenShortened) {
   surface.printAt(200, 20, Colour::blue, "una riga");
   surface.printAt(200, 60, Colour::blue, std::string(200, 'm'));
   const QImage picture = pictureOf(surface, 400, 100);
-  const QRect left(0, 0, 197, 100);                           // up to the letters' halo
-  EXPECT_EQ(countOf(picture.copy(left), yellow), 197 * 100);  // nothing slides to the left
+  const QRect left(0, 0, 197, 100);                           // left of the letters' halo
+  EXPECT_EQ(countOf(picture.copy(left), yellow), 197 * 100);  // nothing moves to the left
   const QRect line = placeOf(picture.copy(200, 0, 200, 50), blue);
   const QRect longLine = placeOf(picture.copy(200, 50, 200, 50), blue);
   EXPECT_GT(line.height(), 8);

@@ -22,7 +22,7 @@ TEST(WideText, ALetterThatIsNotWholeYetIsLeftOut) {
                                                        {"\xE2\x82\xAC", 3},
                                                        {"a\xF0\x9F\xA7", 1},
                                                        {"a\xF0\x9F\xA7\xA0", 5},
-                                                       {"\xA9\xA9\xA9\xA9", 4}};  // no UTF-8 at all
+                                                       {"\xA9\xA9\xA9\xA9", 4}};  // not UTF-8 at all
   for (const auto& [text, whole] : cases) EXPECT_EQ(wholeLetters(text), whole) << text;
 }
 

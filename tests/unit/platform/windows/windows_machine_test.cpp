@@ -30,7 +30,7 @@ TEST(WindowsMachine, RaisesThePrioritiesOfItsThreadAndProcess) {
   machine.setPriorityClass(NORMAL_PRIORITY_CLASS);
 }
 
-/// The width of the picture on the clipboard; 0: none.
+/// The width of the picture in the clipboard; 0: none.
 int widthOnClipboard() {
   if (OpenClipboard(nullptr) == 0) return 0;
   BITMAP picture{};
@@ -39,7 +39,7 @@ int widthOnClipboard() {
   return static_cast<int>(picture.bmWidth);
 }
 
-/// Prints nothing, and remembers what it was asked, and the width of the picture that it was to print.
+/// Prints nothing; records its calls and the width of the picture to print.
 struct RecordingPrinter : ScreenPrinter {
   explicit RecordingPrinter(std::vector<std::string>& log) : calls(log) {}
   int systemMajorVersion() override { return 0; }
@@ -66,7 +66,7 @@ void putPictureOnClipboard(int width = 8) {
   CloseClipboard();
 }
 
-/// Presses the key and prints; the picture printed is a new one, whether the system took it or the program.
+/// Presses the key and prints; the printed picture must be a new one, taken by the system or by the program.
 void expectNewPicture(WindowsScreenPrinter& printer, std::vector<std::string>& calls) {
   calls.clear();
   const DWORD before = GetClipboardSequenceNumber();
@@ -91,7 +91,7 @@ TEST(WindowsScreenPrinter, NeverPrintsAPictureFromBeforeTheKey) {
   for (int print = 1; print <= 2; ++print) expectNewPicture(printer, calls);
 }
 
-/// As the system does it: in its own time after the key, in the place of what lay there before.
+/// Like the system: replaces the clipboard's content some time after the key.
 TEST(WindowsScreenPrinter, PrintsThePictureThatTheSystemTookAndNotTheOneBefore) {
   std::vector<std::string> calls;
   auto inner = std::make_unique<RecordingPrinter>(calls);

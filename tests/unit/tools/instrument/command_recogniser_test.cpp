@@ -85,7 +85,7 @@ TEST(CommandRecogniser, FindsCommandsThatFollowWithoutAGap) {
 }
 
 TEST(CommandRecogniser, FindsTheStartInsideABrokenTest) {
-  // "TES" and the "S" of the start: the third byte of a test command may be the first of a start command.
+  // "TES": the third byte of a test command may be the first of a start command.
   EXPECT_EQ(commandsIn("TE" + start), Commands{Command::start});
 }
 

@@ -13,7 +13,7 @@ const std::string test = "TEST\xC0";
 const std::string start = "S\x01\x04\x78\x41\x08\x42\xA5";
 const std::string stop = "\xFF\x01";
 
-// Frames that tell their number and channel: 64 of them, all bytes different.
+// 64 frames whose bytes are all different, so that each shows its frame and channel.
 std::string ramp() {
   std::string bytes;
   for (int code = 0; code < 256; ++code) bytes += static_cast<char>(code);
@@ -119,7 +119,7 @@ TEST(Instrument, BeginsANewStreamAtChannelOneOnAStartDuringTheStream) {
   instrument.receive(start, 0);
   EXPECT_EQ(sent(instrument, 1.5 / 128), ramp().substr(0, 1) + ramp().substr(2, 2));
   instrument.receive(start, 1.5 / 128);
-  EXPECT_EQ(sent(instrument, 2.4 / 128), "");  // a whole frame's time after the new start
+  EXPECT_EQ(sent(instrument, 2.4 / 128), "");  // the first frame takes its full time after the new start
   EXPECT_EQ(sent(instrument, 2.5 / 128), ramp().substr(4, 4));
 }
 
@@ -238,7 +238,7 @@ TEST(InstrumentFault, CountsBlocksOverAllStarts) {
 
 TEST(InstrumentFault, LosesDoublesAndFlipsSingleBytesOfTheStream) {
   Instrument instrument = instrumentWith({"lose-byte=1", "double-byte=6", "flip-byte=8"});
-  instrument.receive(test + start, 0);  // the answer's bytes are not counted
+  instrument.receive(test + start, 0);  // the bytes of the answer are not counted
   EXPECT_EQ(sent(instrument, 2.0 / 128), std::string("OK\x01\x02\x03\x04\x05\x05\x06\xF8"));
 }
 
@@ -261,7 +261,7 @@ TEST(InstrumentFault, ComesBackAsAfterPowerUp) {
   instrument.plugIn();
   EXPECT_FALSE(instrument.unplugged());
   EXPECT_EQ(sent(instrument, 20), "");
-  instrument.receive("T\xC0", 20);  // the half command from before is forgotten
+  instrument.receive("T\xC0", 20);  // the incomplete command from before is forgotten
   EXPECT_EQ(sent(instrument, 20), "");
   instrument.receive(test + start, 20);
   EXPECT_EQ(sent(instrument, 20 + 2 * block).size(), 2U + 2048U);

@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The program itself, running with its output in a pipe.
+/// The real program, running with its output in a pipe.
 class Program {
  public:
   explicit Program(std::vector<std::string> arguments) {
@@ -30,8 +30,7 @@ class Program {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, pipe[1], STDOUT_FILENO);
     posix_spawn_file_actions_adddup2(&actions, pipe[1], STDERR_FILENO);
-    // Where the program is missing there is no process: -1 would mean all of them to kill().
-    // Started with nohup, the test ignores SIGHUP, and so would the program.
+    // Under nohup the test ignores SIGHUP, and so would the program.
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
     sigset_t defaults;
@@ -39,6 +38,7 @@ class Program {
     sigaddset(&defaults, SIGHUP);
     posix_spawnattr_setsigdefault(&attributes, &defaults);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+    // 0: no process, if the program is missing. To kill(), -1 would mean all processes.
     if (posix_spawn(&process_, pointers[0], &actions, &attributes, pointers.data(), environ) != 0) process_ = 0;
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
@@ -63,7 +63,7 @@ class Program {
   void raise(int signal) const {
     if (started()) ::kill(process_, signal);
   }
-  int exitCode() {  // waits for the end; -1 if it did not end by itself
+  int exitCode() {  // waits for the program's end; -1 if a signal ended it
     if (!started()) return -1;
     int status = 0;
     ::waitpid(process_, &status, 0);

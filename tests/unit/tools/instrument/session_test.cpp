@@ -22,7 +22,7 @@ const std::string test = "TEST\xC0";
 const std::string start = "S\x01\x04\x78\x41\x08\x42\xA5";
 const std::string stop = "\xFF\x01";
 
-/// The program's side of the line, opened as a program opens its serial port.
+/// The computer's side of the line, opened like a serial port.
 class Port {
  public:
   explicit Port(const fs::path& name) : descriptor_(::open(name.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {
@@ -69,7 +69,7 @@ class SessionTest : public testing::Test {
   }
   fs::path link() const { return folder_ / "ports" / "COM1"; }
 
-  // Runs the session until at least `count` bytes are there; gives up after 20 s.
+  // Runs the session until at least `count` bytes have arrived, at most 20 s.
   static std::string readAtLeast(std::size_t count, Session& session, const Port& port) {
     const auto end = std::chrono::steady_clock::now() + 20s;
     std::string bytes;
@@ -79,7 +79,7 @@ class SessionTest : public testing::Test {
     }
     return bytes;
   }
-  // The test command ends the stream, and nothing follows its answer.
+  // Ends the stream with the stop and test commands; nothing follows the answer.
   static std::string stopAndReadRest(Session& session, const Port& port) {
     const auto end = std::chrono::steady_clock::now() + 20s;
     port.write(stop + test);
@@ -122,7 +122,7 @@ TEST_F(SessionTest, IsRawBeforeTheProgramSetsItsPort) {
 }
 
 TEST_F(SessionTest, AnswersStreamsAndStops) {
-  // The test command leaves the stream alone here: what ends it is the stop command.
+  // The test command does not end the stream here; only the stop command does.
   Session session(
       optionsWith({"--speed", "50", "--model", "eyes-open", "--seed", "3", "--fault", "test-keeps-streaming"}),
       output_);
@@ -133,7 +133,7 @@ TEST_F(SessionTest, AnswersStreamsAndStops) {
   std::string bytes = readAtLeast(5 * 1024, session, port);
   ASSERT_GE(bytes.size(), 5 * 1024U);
   bytes += stopAndReadRest(session, port);
-  runFor(200ms, session);  // ten seconds of the stream
+  runFor(200ms, session);  // ten seconds of signal at this speed
   EXPECT_EQ(port.read(), "");
 
   SignalModel model(parseModels("eyes-open"), 3);
@@ -165,7 +165,7 @@ TEST_F(SessionTest, OutlivesTheProgramsClosingAndOpening) {
   }
 }
 
-// Frames that carry their number in the first three channels; the codes tell the channels apart.
+// Frames with their number in the first three channels; each channel has its own range of codes.
 std::string numberedFrames() {
   std::string bytes;
   for (int number = 0; number < 65536; ++number)
@@ -174,7 +174,7 @@ std::string numberedFrames() {
   return bytes;
 }
 
-// The number of a frame, or -1 if the four bytes are no frame.
+// The number of a frame, or -1 if the four bytes are not a frame.
 int numberOf(std::string_view bytes) {
   const auto code = [&](std::size_t at) { return static_cast<int>(static_cast<unsigned char>(bytes[at])); };
   const bool whole = code(0) < 64 && code(1) / 64 == 1 && code(2) / 16 == 8 && code(3) == 255;
@@ -192,7 +192,7 @@ TEST_F(SessionTest, LosesWholeFramesWhenNobodyReads) {
                   output_);
   const Port port(link());
   port.write(start);
-  // Half a megabyte a second: sooner or later the line is full while nobody reads, however busy the machine is.
+  // Half a megabyte per second, unread: sooner or later the line is full, however busy the machine is.
   int gaps = 0, previous = -1;
   std::string bytes;
   const auto end = std::chrono::steady_clock::now() + 20s;

@@ -10,7 +10,7 @@
 namespace korvinel::instrument {
 namespace {
 
-constexpr int blockFrames = 256;  // two bins a hertz
+constexpr int blockFrames = 256;  // two bins per hertz
 constexpr int blocks = 30;        // a minute
 enum Site : std::size_t { f1, f2, t5, t6 };
 using Trace = std::vector<double>;
@@ -45,7 +45,7 @@ double correlation(const Trace& a, const Trace& b) {
   return covariance(a, b) / std::sqrt(covariance(a, a) * covariance(b, b));
 }
 
-// As a user of the instrument would look at a block: smoothed with the weights 0.3, 1, 0.3, drifts taken away.
+// A block prepared as the program does: smoothed with the weights 0.3, 1, 0.3, without drift.
 Trace prepared(Trace block) {
   const auto clamped = [&](const Trace& trace, std::ptrdiff_t at) {
     return trace[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(at, 0, blockFrames - 1))];
@@ -112,7 +112,7 @@ double meanBetween(const Trace& spectrum, double lowHertz, double highHertz) {
   return meanOf({begin, spectrum.begin() + std::lround(highHertz * 2) + 1});
 }
 
-// The height of the 50 Hz figure of a block: its spectrum scaled so that the peak is three mean deviations.
+// The mains disturbance of a block at 50 Hz, with the spectrum scaled so that its peak is three mean deviations.
 double mainsFigure(const Trace& block) {
   double deviation = 0;
   for (const double value : block) deviation += std::abs(value - meanOf(block)) / blockFrames;

@@ -26,7 +26,7 @@ Moments momentsOf(Next next) {
 }
 
 TEST(Random, FollowsThePublishedSequence) {
-  Random random(1234567);  // the first numbers that the recurrence gives for this state
+  Random random(1234567);  // the first numbers of the recurrence from this state
   EXPECT_EQ(random.next(), 6457827717110365317U);
   EXPECT_EQ(random.next(), 3203168211198807973U);
   EXPECT_EQ(random.next(), 9817491932198370423U);
@@ -78,7 +78,7 @@ TEST(Rhythm, TurnsAsOftenAsItsFrequencySays) {
 TEST(Rhythm, WaxesAndWanes) {
   Random random(3);
   Rhythm rhythm(10);
-  std::vector<double> crests;  // of each second
+  std::vector<double> crests;  // one per second
   for (int second = 0; second < 100; ++second) {
     double crest = 0;
     for (int frame = 0; frame < 128; ++frame) {
@@ -93,7 +93,7 @@ TEST(Rhythm, WaxesAndWanes) {
 }
 
 struct Blink {
-  int gap, length;  // frames above half of the height, and since the last blink's end
+  int gap, length;  // frames since the end of the last blink; frames above half the height
   double height;
 };
 
@@ -123,7 +123,7 @@ TEST(Blinks, ComeEveryThreeToSixSecondsWithTheirHeightAndLength) {
   for (const Blink& blink : found) {
     EXPECT_GE(blink.gap, 3 * 128 - 1);
     EXPECT_LE(blink.gap, 6 * 128);
-    EXPECT_GE(blink.length, 38);  // 0.3 to 0.5 s from foot to foot
+    EXPECT_GE(blink.length, 38);  // 0.3 to 0.5 s from beginning to end
     EXPECT_LE(blink.length, 64);
     EXPECT_GT(blink.height, 98);
     EXPECT_LE(blink.height, 150);

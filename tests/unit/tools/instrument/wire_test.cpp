@@ -92,7 +92,7 @@ Instrument instrumentWith(const Faults& faults) {
 
 const std::string start = "S\x01\x04\x78\x41\x08\x42\xA5";
 
-/// What comes of a stream from 0 s in whose third frame a command is received.
+/// The bytes of a stream from 0 s during whose third frame a command is received.
 std::string streamInterruptedBy(const std::string& command, const Faults& faults) {
   Instrument instrument = instrumentWith(faults);
   instrument.receive(start, 0);

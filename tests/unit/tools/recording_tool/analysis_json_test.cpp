@@ -1,7 +1,7 @@
 #include "recording_tool/analysis_output.h"
 #include "tool_files.h"
 
-/// The numbers that the tool hands out against the reference numbers, to the last bit.
+/// Compares the tool's numbers with the reference numbers, to the last bit.
 namespace korvinel::tool {
 namespace {
 

@@ -51,7 +51,7 @@ TEST_F(Batch, ADamagedFileHasItsErrorInItsRowAndDoesNotStopTheRest) {
   EXPECT_EQ(std::count(line.begin(), line.end(), ','), std::count(title.begin(), title.end(), ','));
 }
 
-/// An interrupted run that had finished one row and was cut off in the next.
+/// Leaves the files of a run interrupted in its second row.
 void leaveUnfinished(const BatchOptions& options, const std::string& recording) {
   BatchJournal(options).add(recording, {"a finished row\n", false});
   std::ofstream(options.output + ".part", std::ios::app) << "[\"cut off";
@@ -86,7 +86,7 @@ TEST_F(Batch, IsNotResumedWithOtherOptions) {
   EXPECT_NE(errorOf([&] { run(2, true); }).find("other options"), std::string::npos);
 }
 
-/// Bytes that are no UTF-8, which a name may hold on Linux.
+/// File names may contain bytes that are not UTF-8 on Linux.
 TEST_F(Batch, AResumedTableEqualsAnUninterruptedOneWhateverBytesTheNamesHold) {
   std::filesystem::remove_all(folder_ / "shelf");
   std::filesystem::create_directory(folder_ / "shelf");

@@ -27,7 +27,7 @@ TEST(CsvText, OtherTextsStayAsTheyAre) {
     EXPECT_EQ(plainText(text), text);
 }
 
-/// What docs/recording-tool.md tells a reader to do.
+/// Restores a field as docs/recording-tool.md describes.
 std::string readAgain(const std::string& field) {
   static const std::regex mark("(^|[;\t\r\n])'(?=[' ]*[=+@-])");
   return std::regex_replace(field, mark, "$1");

@@ -37,7 +37,7 @@ TEST(EdfImport, ResamplesAnyRateTo128ASecond) {
       for (int channel = 1; channel <= 4; ++channel)
         for (int s = 1; s <= 256; ++s) {
           const double time = blocks * 2 + (s - 1) / 128.0;
-          if (time < 1 || time > 19) continue;  // a resampler rings where the signal begins and ends
+          if (time < 1 || time > 19) continue;  // a resampler rings at the beginning and end of the signal
           const double expected = 128 + 50 * std::sin(2 * 3.14159265358979 * hertz[channel] * time);
           worst = std::max(worst, std::abs(expected - static_cast<double>(block[channel][s])));
         }

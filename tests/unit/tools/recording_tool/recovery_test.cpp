@@ -27,7 +27,7 @@ std::string sideFile(const std::string& subject = "Rossi") {
 }
 
 struct Folder : TemporaryFolder {
-  /// What is told of a recovery, a line each, or the error; the recording lies in `recovered`.
+  /// The lines reported by a recovery, or the error; the recording is in `recovered`.
   std::string recoverBytes(const std::string& bytes, const std::string& notes = "") {
     const std::string temporary = writeFile(*this / "Tempor1.XXX", bytes);
     std::string told;

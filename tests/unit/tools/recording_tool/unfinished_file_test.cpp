@@ -15,7 +15,7 @@ namespace korvinel::tool {
 namespace {
 
 #ifndef _WIN32
-/// Writes half a file in a process of its own and sends it a signal then; gives what the process ended by.
+/// Writes half a file in another process and sends it a signal; returns the signal that ended the process, or 0.
 int signalThatEnded(int signal, const std::string& path) {
   const pid_t child = fork();
   if (child == 0) {

@@ -40,7 +40,7 @@ TEST(Workbench, RemovesOcularArtefactsOnRequest) {
   ocular.ocular = true;
   Workbench plain;
   Workbench screened(ocular);
-  // A slow wave far outside the accepted range in its first half.
+  // A slow wave whose first half is far outside the accepted range.
   std::string block = recordings::block(128);
   for (std::size_t s = 0; s < 128; ++s) block[s] = static_cast<char>(s / 16 % 2 == 0 ? 250 : 5);
   const TemporaryFolder folder;
@@ -50,7 +50,7 @@ TEST(Workbench, RemovesOcularArtefactsOnRequest) {
   EXPECT_NE(plain.shared.spectrumHistory[1][1], screened.shared.spectrumHistory[1][1]);
 }
 
-/// Every file with the time of its last change; nothing where there is no such folder.
+/// Every file with the time of its last change; empty if the folder does not exist.
 std::map<std::string, std::filesystem::file_time_type> filesBelow(const std::string& folder) {
   std::map<std::string, std::filesystem::file_time_type> found;
   if (std::filesystem::exists(folder))
