@@ -9,7 +9,7 @@ namespace korvinel {
 struct MainWindow {
   MainWindow() { Picture6.keepBoxesBelow(); }  // the interval's bar lies behind the trend and the notes' marks
 
-  // The row of buttons
+  // The row of buttons. Capitals: the widgets' own names, NOLINTBEGIN(readability-identifier-naming)
   platform::Button Starts1{"Avvia l'acquisizione"};
   platform::Button Stopd1{"Ferma"};
   platform::Button Registra{"Registra l'esame"};
@@ -59,7 +59,7 @@ struct MainWindow {
   platform::Surface secondNumbers{"Valori numerici 2", 100, 95, 11.5};
   platform::Surface Picture6{"Striscia del tempo", 600, 200, 32};  ///< 3 units a block
   platform::PointerEvents stripPointer;                            ///< the mouse on the time strip
-
+  // NOLINTEND(readability-identifier-naming)
   /// Axis captions on the window itself: the background under the other surfaces, in the units of the window's
   /// geometry.
   platform::Surface axisCaptions{"Didascalie degli assi", 1024, 730, 14, platform::Colour::graphArea};
