@@ -6,7 +6,7 @@
 
 namespace korvinel::golden {
 
-/// A program set up for one of the live reference examinations, and what the record should hold after each step.
+/// A program set up for a live reference examination, with the expected values of its record after each step.
 class Examination {
  public:
   explicit Examination(const std::string& name) : run_(reference(name + ".json")) {
@@ -15,7 +15,7 @@ class Examination {
     program.host.files.content["C:\\QUARVEL5\\Factors.val"] = factors;
   }
 
-  /// To be called after start-up, which sets the defaults.
+  /// Must be called after start-up, which sets the defaults.
   void takeSettings() {
     program.state.artefactThreshold = input("threshold").get<int>();
     program.window.ocularCheck.setChecked(input("ocular").get<bool>());
@@ -24,11 +24,11 @@ class Examination {
   [[nodiscard]] const Json& input(const char* name) const { return run_["input"][name]; }
   [[nodiscard]] const Json& expected(const char* name) const { return run_["expected"][name]; }
   [[nodiscard]] std::size_t blocksToRead() const { return input("blocks_hex").size(); }
-  /// The instrument's bytes of the block read as number `read`, from 0.
+  /// The instrument's bytes for read number `read`, from 0.
   [[nodiscard]] std::string bytes(std::size_t read) const {
     return bytesOfHex(input("blocks_hex")[read].get<std::string>());
   }
-  /// Of the current accepted block.
+  /// The expected values of the current accepted block.
   [[nodiscard]] const Json& ofBlock(const char* name) const {
     return expected(name)[static_cast<std::size_t>(static_cast<int>(program.state.blockCount)) - 1];
   }
@@ -37,7 +37,7 @@ class Examination {
     EXPECT_EQ(program.state.artefactFlag == 0, expected("accepted")[read].get<bool>()) << "block read " << read + 1;
     expectRows(program.state.sampleBlock, expected("smoothed")[read], "smoothed " + std::to_string(read + 1));
   }
-  /// "corrected", "screened" or "filtered": a stage of the current block.
+  /// Compares the current block; `stage`: "corrected", "screened" or "filtered".
   void expectSamples(const char* stage) const { expectRows(program.state.sampleBlock, ofBlock(stage), at(stage)); }
 
   void expectSpectra() const {

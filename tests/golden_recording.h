@@ -5,7 +5,7 @@
 
 namespace korvinel::golden {
 
-/// The raw area of a recording: what follows the header line and as many note lines as it says.
+/// The samples of a recording: everything after the header line and the note lines that it announces.
 inline std::string rawArea(const std::string& file) {
   std::size_t start = file.find("\r\n") + 2;
   const std::string header = file.substr(0, start - 2);
@@ -22,7 +22,7 @@ inline void takeBlock(MainState& state, std::string_view block) {
           block[static_cast<std::size_t>(channel - 1) * channelRecordBytes + static_cast<std::size_t>(s - 1)]);
 }
 
-/// Analyses the reference recording `name` block by block in the order of opening a file, under its own calibration.
+/// Analyses the reference recording `name` block by block as opening a file does, with its own calibration.
 inline void analyseRecording(HeadlessProgram& program, const std::string& name) {
   constexpr std::size_t blockBytes = 4 * 259;
   MainState& state = program.state;
@@ -42,7 +42,7 @@ inline void analyseRecording(HeadlessProgram& program, const std::string& name) 
     state.computeBlockCorrelation();
     state.computeCoherence();
   }
-  // The scan counts one block less than the file holds.
+  // The scan counts one block less than the file has.
   program.shared.fileBlockCount = state.blockCount - 1;
 }
 

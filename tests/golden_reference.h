@@ -11,8 +11,8 @@
 
 namespace korvinel::golden {
 
-/// The reference numbers of tests/data/golden, calculated independently of this program. Their arrays hold the used
-/// index ranges only: row and column 0 stand for index 1.
+/// The reference numbers of tests/data/golden, calculated independently of this program. Their arrays hold only the
+/// indexes in use: row and column 0 are index 1.
 
 using Json = nlohmann::json;
 
@@ -31,14 +31,14 @@ inline std::string bytesOfHex(const std::string& hex) {
   return bytes;
 }
 
-/// A 32-bit float against the exact value of the reference, to the last bit.
+/// Whether a 32-bit float equals the reference value exactly.
 inline bool agrees(float actual, const Json& expected) { return static_cast<double>(actual) == expected.get<double>(); }
 inline bool agrees(Fixed actual, const Json& expected) { return actual.count() == expected.get<std::int64_t>(); }
 
 inline std::string text(float value) { return std::to_string(value); }
 inline std::string text(Fixed value) { return std::to_string(value.count()); }
 
-/// Every element of a row, `actual` from index 1; tells the first that differs.
+/// Compares every element of a row, `actual` from index 1; reports the first that differs.
 template <typename Row>
 void expectRow(const Row& actual, const Json& expected, const std::string& where) {
   ASSERT_FALSE(expected.empty()) << where;
@@ -49,7 +49,7 @@ void expectRow(const Row& actual, const Json& expected, const std::string& where
   }
 }
 
-/// Rows 1..4, channels or pairs.
+/// Compares rows 1..4, channels or pairs.
 template <typename Rows>
 void expectRows(const Rows& actual, const Json& expected, const std::string& where) {
   ASSERT_EQ(expected.size(), 4U) << where;

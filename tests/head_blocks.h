@@ -6,7 +6,7 @@
 
 namespace korvinel {
 
-/// The next block of a simulated head, 1024 bytes as the instrument streams them.
+/// The next block of a simulated head: 1024 bytes in the order in which the instrument streams them.
 inline std::string blockOf(instrument::FrameSource& source) {
   std::string block;
   for (int i = 0; i < 256; ++i) {

@@ -8,8 +8,8 @@
 
 namespace korvinel {
 
-/// The whole program without a screen: the main window's models tied to its record over the headless platform.
-/// The root holds the default files; port 2, all calibration factors 1.
+/// The whole program without a screen: the main window's models and record on the headless platform. Its root has the
+/// default files, with port 2 and all calibration factors 1.
 struct HeadlessProgram {
   /// `neighbour`: another program, on the same disk; it must outlive this one.
   explicit HeadlessProgram(HeadlessProgram* neighbour = nullptr)
@@ -21,7 +21,7 @@ struct HeadlessProgram {
     tieControls(state, host.edge);
   }
 
-  /// Start-up, then Start under these names, up to the first waiting tick.
+  /// Starts up and presses Start with these names; returns when the first tick is waiting.
   void startAcquisition(const std::string& fileName = "prova", const std::string& subject = "Rossi") {
     state.startUp();
     window.fileNameBox.type(fileName);
@@ -29,7 +29,7 @@ struct HeadlessProgram {
     window.Starts1.press();
   }
 
-  /// Lets time go by until `count` blocks have been accepted and their turns are over.
+  /// Runs until `count` more blocks have been accepted and their turns are over.
   void acquireBlocks(int count) {
     const int target = state.blockCount + count;
     host.time.runUntil([&] { return state.blockCount >= target && host.pauseTimer.enabled(); });

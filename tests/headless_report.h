@@ -8,7 +8,7 @@
 
 namespace korvinel {
 
-/// The program with its report window, without a screen. The analysis command loads the report.
+/// The program with its report window, without a screen. "Analisi" loads the report.
 struct HeadlessReport : HeadlessProgram {
   HeadlessReport() {
     tieReport(report, host.edge);
@@ -18,7 +18,7 @@ struct HeadlessReport : HeadlessProgram {
     shared.subjectName = "Rossi";
   }
 
-  /// Blocks `first`..`last` with one level in every index of every spectrum, and one coherence in every block.
+  /// Fills blocks `first`..`last` with one level at every spectrum index and one coherence.
   void fillHistories(int first, int last, float level = 5, float coherence = 60) {
     for (int block = first; block <= last; ++block)
       for (int row = 1; row <= 4; ++row) {
@@ -33,7 +33,7 @@ struct HeadlessReport : HeadlessProgram {
     shared.analysisLastBlock = last;
   }
 
-  /// A finished examination in memory, and the analysis command.
+  /// Opens the report of a finished examination.
   void openReport(int first = 1, int last = 10) {
     choose(first, last);
     state.intervalSelectable = 1;

@@ -8,7 +8,7 @@
 
 namespace korvinel {
 
-/// A program with a file on its disk, ready to be opened through the dialog.
+/// A program with a file on its disk that can be opened through the dialog.
 struct FileProgram : HeadlessProgram {
   explicit FileProgram(const std::string& bytes = recordings::file(10), const std::string& name = "esame.QVD")
       : path(recordings::folder + name) {
@@ -17,14 +17,14 @@ struct FileProgram : HeadlessProgram {
     window.firstTrace.onChanged = [this] { noteShownLevel(); };
   }
 
-  /// "Apri File" with the answer that chooses the file; returns when the scan is over.
+  /// Presses "Apri File" and chooses the file; returns when the scan is over.
   void open() {
     host.dialogs.files.push_back(path);
     window.Openx.press();
   }
 
   std::string path;
-  std::vector<int> shown;  ///< levels of channel 1 as the traces showed them, each change once
+  std::vector<int> shown;  ///< the levels of channel 1 shown by the traces, one entry for each change
 
  private:
   void noteShownLevel() {

@@ -7,7 +7,7 @@
 
 namespace korvinel {
 
-/// Data files for tests, put together by hand so that they do not depend on the program's own writer.
+/// Data files for tests, composed by hand so that they do not depend on the program's own writer.
 namespace recordings {
 
 inline const std::string folder = "C:\\QUARVEL5\\DATAFILE\\";
@@ -31,7 +31,7 @@ inline std::string header(const Notes& notes = {{1, "Nota: "}}, const std::strin
   return bytes;
 }
 
-/// The sample value of block n, 1 or more: always different from its neighbours', never a shunned byte.
+/// The sample value of block n (1 or more): different from its neighbours', and never a byte that files avoid.
 inline int levelOf(int block) { return 100 + block % 100; }
 
 /// A block of `signal(channel, sample)`, channels 1..4 and samples 1..256, each rounded to a byte.

@@ -9,7 +9,7 @@
 
 namespace korvinel {
 
-/// A sine of so many cycles a block at sample 1..256, around 0.
+/// A sine around 0 with `cycles` cycles per block, at sample 1..256.
 inline double sineAt(int sample, double cycles, double amplitude, double phase = 0) {
   return amplitude * std::sin(2 * std::numbers::pi * cycles * (sample - 1) / 256 + phase);
 }
@@ -25,7 +25,7 @@ void fillAllChannels(MainState& state, Signal&& signal) {
   for (int channel = 1; channel <= 4; ++channel) fillChannel(state, channel, signal);
 }
 
-/// The 1024 bytes of a block as the instrument sends it: `signal(channel, sample)` rounded and kept within 0..255.
+/// The 1024 bytes of a block as the instrument sends it: `signal(channel, sample)`, rounded and clamped to 0..255.
 template <typename Signal>
 std::string instrumentBlock(Signal&& signal) {
   std::string block;
@@ -35,7 +35,7 @@ std::string instrumentBlock(Signal&& signal) {
   return block;
 }
 
-/// Repeatable noise within -1..1.
+/// Reproducible noise within -1..1.
 class Noise {
  public:
   explicit Noise(unsigned seed) : state_(seed) {}

@@ -8,7 +8,7 @@
 
 namespace korvinel::platform {
 
-/// A folder of the test's own, removed with the object.
+/// A folder that is removed with the object.
 class TemporaryFolder {
  public:
   TemporaryFolder() {

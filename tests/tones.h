@@ -10,12 +10,12 @@
 
 namespace korvinel {
 
-/// Four channels that cannot be taken for each other: a sine of its own frequency on each, in cycles a block.
+/// A sine of another frequency on each of the four channels, so that they cannot be confused.
 namespace tones {
 
 constexpr std::array<int, 4> cyclesPerBlock{12, 20, 28, 40};  // 6, 10, 14 and 20 Hz
 
-/// Sines of 30 units around 128; every `artefactEvery` frames some samples of channel 2 leave the band of 70 units.
+/// Sines of 30 units around 128; every `artefactEvery` frames, some samples of channel 2 exceed 70 units.
 class Source final : public instrument::FrameSource {
  public:
   explicit Source(int artefactEvery) : artefactEvery_(artefactEvery) {}
@@ -47,7 +47,7 @@ inline double power(std::string_view samples, int cycles) {
   return re * re + im * im;
 }
 
-/// "1234" where every channel record of a block in a data file carries its own tone and no other; "?" for a mixture.
+/// The channels whose tones the four records of a block hold, "1234" if each is in its place; "?" for a mixture.
 inline std::string channelsOf(std::string_view block) {
   std::string places;
   for (std::size_t record = 0; record < 4; ++record) {

@@ -26,12 +26,12 @@ inline std::string writeFile(const std::string& path, const std::string& bytes) 
   return path;
 }
 
-/// Nothing but these names lies in a folder: no half-written file is left.
+/// The number of entries in a folder; shows whether a half-written file is left.
 inline int entriesIn(const std::string& folder) {
   return static_cast<int>(std::distance(std::filesystem::directory_iterator(folder), {}));
 }
 
-/// The message of the error that an act ends in, "" if in none.
+/// The message of the error thrown by an act, "" if none.
 template <typename Act>
 std::string errorOf(Act&& act) {
   try {

@@ -8,11 +8,11 @@
 
 namespace korvinel {
 
-/// What a program holds and shows, by name, as texts that can be compared.
+/// A program's state and display, as named texts that can be compared.
 class WholeRecord {
  public:
-  /// Everything but times, the line, the settings that outlive an examination, and what every block of a
-  /// signal writes anew.
+  /// Everything except times, the line, the settings that outlive an examination, and whatever each new block
+  /// overwrites.
   explicit WholeRecord(const HeadlessProgram& program) : program_(program) {
     flags();
     counts();
@@ -21,7 +21,7 @@ class WholeRecord {
     window();
   }
 
-  /// As well what every block writes anew: to be compared once a block of the new examination has been analysed.
+  /// Adds whatever each block overwrites; comparable once a block of the new examination has been analysed.
   WholeRecord& withTheBlock() {
     const MainState& s = program_.state;
     add("sampleBlock", s.sampleBlock), add("shapeSpectrum", s.shapeSpectrum), add("spectrumRe", s.spectrumRe);
@@ -82,7 +82,7 @@ class WholeRecord {
     const MainState& s = program_.state;
     add("recordingDate", s.recordingDate), add("noteTimes", s.noteTimes), add("noteTexts", s.noteTexts);
     add("openFilePath", s.openFilePath), add("openFileTitle", s.openFileTitle);
-    if (!s.openFilePath.empty()) add("fileDateField", s.fileDateField);  // else nothing shows it
+    if (!s.openFilePath.empty()) add("fileDateField", s.fileDateField);  // otherwise it is not shown
     add("recordingFault", s.recordingFault), add("setAsidePath", s.setAsidePath);
     add("pairLabels", s.pairLabel1 + s.pairLabel2);
     add("subjectName", program_.shared.subjectName);

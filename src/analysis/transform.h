@@ -7,8 +7,8 @@
 
 namespace korvinel {
 
-/// The 256-point transform of one channel, on arrays indexed from 1: index i holds i - 1 cycles a block. Every value is
-/// rounded to four decimals at every butterfly, so results depend on the order of the arithmetic.
+/// The 256-point transform of one channel, on arrays indexed from 1: index i holds i - 1 cycles per block. Every value
+/// is rounded to four decimals at every butterfly, so results depend on the order of the arithmetic.
 
 constexpr int transformLength = eeg::samplesPerBlock;
 using eeg::keptIndexes;  ///< a spectrum keeps indexes 1..128

@@ -2,7 +2,7 @@
 
 #include "platform/qt/help.h"
 
-/// The tool tips of the main window, and the letters that reach its controls with Alt. Each letter stands once.
+/// The tool tips of the main window, and the letters that reach its controls with Alt. Each letter occurs once.
 namespace korvinel::main_window_help {
 
 using platform::Help;

@@ -3,7 +3,7 @@
 #include "platform/qt/help.h"
 
 /// The tool tips of the report and of its comments, and the letters that reach their controls with Alt. Each letter
-/// stands once.
+/// occurs once.
 namespace korvinel::report_window_help {
 
 using platform::Help;

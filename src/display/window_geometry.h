@@ -43,7 +43,7 @@ constexpr Rect amplitudeBar{744, 587, 258, 20};
 constexpr Rect speedLabel{744, 619, 258, 18};
 constexpr Rect speedBar{744, 640, 258, 20};
 
-// Third row: the time strip, three units a block, and the slider under it
+// Third row: the time strip, three units per block, and the slider under it
 constexpr Rect timeStrip{62, 554, 640, 84};
 constexpr Rect slider{62, 658, 640, 22};
 

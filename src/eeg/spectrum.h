@@ -4,7 +4,7 @@
 
 namespace korvinel::eeg {
 
-/// Spectrum indexes count from 1: index i of a block's transform holds i - 1 cycles a block, so index 1 is 0 Hz.
+/// Spectrum indexes count from 1: index i of a block's transform holds i - 1 cycles per block, so index 1 is 0 Hz.
 constexpr int indexesPerHertz = signalSecondsPerBlock;
 constexpr int keptIndexes = samplesPerBlock / 2;      ///< 1..128 are kept
 constexpr int reportedIndexes = samplesPerBlock / 4;  ///< 1..64, up to 31.5 Hz, are drawn and reported

@@ -162,7 +162,7 @@ struct MainState {
   /// wait for.
   void startCommand();
   /// Clears the analysis, the histories, the flags and the block range, carries the notes over, sends the start command
-  /// and enables the tick timer: the count begins anew from block 1. Requires an open link.
+  /// and enables the tick timer: the count restarts from block 1. Requires an open link.
   void startAcquisition();
   /// "Stop": sets `stopRequested`, clears `acquisitionRunning`. The current turn or the next tick ends the acquisition;
   /// a scan or a replay ends after its current block.
@@ -171,7 +171,7 @@ struct MainState {
   void endCommand();
   /// Called by a turn. Stops the timers and the stream. After Stop or End it ends the recording, writes the block range
   /// into `shared`, sets `intervalSelectable`, and with `endRequested` throws ProgramEnd. If a recording was only just
-  /// switched on (`recordingArmed`), it starts the acquisition anew.
+  /// switched on (`recordingArmed`), it restarts the acquisition.
   void endAcquisition();
   /// Throws ProgramEnd at once and sets `nobodyToAsk`: for a signal, the session's end or a lost display.
   void endWithoutAsking();
@@ -191,7 +191,7 @@ struct MainState {
   /// at most; while the stream runs, the count of its frames continues. Writes `commandText`, `commandChecksum` and
   /// `streamStopped`.
   void sendStartCommand();
-  void sendStopCommand();  ///< sends the stop command and sets `streamStopped`; a failing line is no fault
+  void sendStopCommand();  ///< sends the stop command and sets `streamStopped`; a failing line is not a fault
 
   // device/block_reading.cpp
   /// Waits for a block and decodes it into `sampleBlock`, then smooths and checks it; a rejected one is shown and the
@@ -320,7 +320,7 @@ struct MainState {
   // recording/notes.cpp
   void beginNote();       ///< "Annota": counts a note, stamps it with `blockCount` (at least 2), opens the note box
   void noteKey(int key);  ///< a key in the note box; Enter (13) stores the note's text
-  /// The texts of the notes to be kept when the count begins anew: those confirmed since "Registra" and, empty and
+  /// The texts of the notes to be kept when the count restarts: those confirmed since "Registra" and, empty and
   /// last, the one being typed. To be called before `resetAnalysis`.
   [[nodiscard]] std::vector<std::string> notesToCarryOver() const;
   void carryNotesOver(const std::vector<std::string>& texts);  ///< counts and stamps them in the new count
@@ -360,7 +360,7 @@ struct MainState {
   void drawSpectrumDisplay();
 
   // display/interval_selection.cpp
-  // The mouse on the time strip, x in strip units (seconds), 3 a block. Nothing happens unless `intervalSelectable`
+  // The mouse on the time strip, x in strip units (seconds), 3 per block. Nothing happens unless `intervalSelectable`
   // is 1.
   void stripPressed(float x);   ///< sets `selectionStartX`, begins dragging
   void stripMoved(float x);     ///< while dragging, sets `selectionEndX` and draws the bar

@@ -57,7 +57,7 @@ struct MainWindow {
   platform::Surface rightRuler{"Righello destro", 260, 30, 16};
   platform::Surface firstNumbers{"Valori numerici 1", 100, 95, 11.5};
   platform::Surface secondNumbers{"Valori numerici 2", 100, 95, 11.5};
-  platform::Surface Picture6{"Striscia del tempo", 600, 200, 32};  ///< 3 units a block
+  platform::Surface Picture6{"Striscia del tempo", 600, 200, 32};  ///< 3 units per block
   platform::PointerEvents stripPointer;                            ///< the mouse on the time strip
   // NOLINTEND(readability-identifier-naming)
   /// Axis captions on the window itself: the background under the other surfaces, in the units of the window's

@@ -24,7 +24,7 @@ struct ProgramValues {
   std::string subjectName;
   std::string dataFileName;  ///< without folder
 
-  // Histories: one entry a block, index 1..202
+  // Histories: one entry per block, index 1..202
   Bounded<float, 202, 4, 130> spectrumHistory;           ///< [block][channel 1..4][index 1..128], microvolts
   Bounded<float, 202, 4, 130> coherenceSpectrumHistory;  ///< [block][pair 1..4][index 1..128], 100 x cosine
   Bounded<float, 4, 202> coherenceHistory;               ///< [pair 1..4][block], whole percent; element 0 stays 0

@@ -4,7 +4,7 @@
 
 namespace korvinel {
 
-/// The synchrony trend on the time strip: 3 units a block, +100 % at the top (y = 0), 0 at mid height, -100 % at y =
+/// The synchrony trend on the time strip: 3 units per block, +100 % at the top (y = 0), 0 at mid height, -100 % at y =
 /// 200.
 
 void drawTrendScale(platform::Surface& strip);  ///< a mark every minute, dotted guides at +50, 0 and -50 %

@@ -2,7 +2,7 @@
 
 namespace korvinel::platform {
 
-/// The windows beside the main window, not modal. Called on the user-interface thread.
+/// The windows besides the main window, all non-modal. Called on the user-interface thread.
 struct CompanionWindows {
   virtual ~CompanionWindows() = default;
   virtual void showReport() = 0;  ///< creates the report window and loads its report, or raises the open one

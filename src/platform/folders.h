@@ -5,7 +5,7 @@
 namespace korvinel::platform {
 
 /// Creates a folder and its missing parents. Unless they lie in a folder that several users share, they are for their
-/// owner alone; on Windows each inherits the rights of its parent. An existing folder is left as it is. A RuntimeError
+/// owner alone; on Windows each inherits the rights of its parent. An existing folder is left unchanged. A RuntimeError
 /// (output) if one cannot be created.
 void makeFolders(const std::string& path);
 

@@ -12,7 +12,7 @@ class LineWatch {
  public:
   /// A system buffer of 4096 bytes accepts no more once it holds this many (Linux terminals).
   static constexpr std::size_t fullSystemBuffer = 4096 - 128;
-  /// A stream of 512 bytes a second fills that buffer in less than 8 seconds.
+  /// A stream of 512 bytes per second fills that buffer in less than 8 seconds.
   static constexpr double longestUnread = 7.0;
   /// The time of sixteen frames, longer than an adapter holds bytes back.
   static constexpr double silence = 0.125;

@@ -10,7 +10,7 @@ struct Identity {
   int process;
 };
 
-/// What the program needs of the operating system. Priorities are requests: a refusal is no error.
+/// What the program needs of the operating system. Priorities are requests: a refusal is not an error.
 struct Machine {
   virtual ~Machine() = default;
   virtual void setThreadPriority(int stepsAboveNormal) = 0;  ///< of the calling thread; 1 = one step above normal

@@ -30,7 +30,7 @@ struct SerialPort {
 
   [[nodiscard]] virtual int waiting() = 0;  ///< bytes that have arrived and not been read; 0 when closed or failed
   virtual void discardInput() = 0;          ///< drops what has arrived; no effect on a closed port
-  /// Returns what has arrived, oldest first, at most the read length; never waits. Fewer bytes, even none, is no error.
+  /// Returns what has arrived, oldest first, at most the read length; never waits. Fewer bytes or none is not an error.
   [[nodiscard]] virtual std::string read() = 0;
   virtual void write(std::string_view bytes) = 0;  ///< throws PortFault
 

@@ -10,7 +10,7 @@ namespace korvinel {
 using ReportSpectrum = Bounded<float, 66>;
 
 /// Mean of a sum over `blocks` blocks, stored as a 32-bit float and floored to one decimal; never "-0".
-/// A negative count (a reversed interval) is used as it is; a count of 0 is a RuntimeError (division by zero).
+/// A negative count (a reversed interval) is used unchanged; a count of 0 is a RuntimeError (division by zero).
 [[nodiscard]] float meanToTenth(double sum, int blocks);
 
 /// Largest value in the range, at least 0, floored to one decimal.

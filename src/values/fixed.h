@@ -69,7 +69,7 @@ class Fixed {
     return static_cast<double>(a.count_) / static_cast<double>(b.count_);
   }
 
-  // NOLINTNEXTLINE(modernize-use-nullptr): the zero that an order is compared with is no pointer
+  // NOLINTNEXTLINE(modernize-use-nullptr): the zero compared with an ordering is not a pointer
   friend constexpr auto operator<=>(Fixed, Fixed) = default;
 
  private:

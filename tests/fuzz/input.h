@@ -14,7 +14,7 @@ inline TextSource sourceOf(const std::uint8_t* data, std::size_t size) {
   return TextSource({reinterpret_cast<const char*>(data), size});
 }
 
-/// Bad input may end in a RuntimeError, in nothing else.
+/// Reads an input; the only exception allowed is RuntimeError.
 template <typename Read>
 void readOrFault(Read&& read) {
   try {

@@ -5,14 +5,14 @@
 #include <random>
 #include <vector>
 
-/// Long campaigns run shortened unless KORVINEL_LONG is set: the same code, seeds and order, only fewer of it.
+/// Campaigns are shortened unless KORVINEL_LONG is set: the same code, seeds and order, but fewer repetitions.
 namespace korvinel::campaign {
 
 inline bool isLong() { return std::getenv("KORVINEL_LONG") != nullptr; }
 
 inline int size(int shortened, int whole) { return isLong() ? whole : shortened; }
 
-/// The same numbers on every machine.
+/// Random numbers that are the same on every machine.
 class Dice {
  public:
   explicit Dice(std::uint64_t seed) : engine_(seed) {}

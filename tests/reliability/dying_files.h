@@ -11,24 +11,24 @@
 
 namespace korvinel {
 
-/// Files that count what is done to them and, at a chosen step, let everything end as a crash would. A step is a piece
-/// of a write, a synchronising, a creating, a renaming or a removing.
+/// Files that count their operations and simulate a crash at a chosen step. A step is a part of a write, or a
+/// synchronisation, creation, renaming or removal.
 class DyingFiles : public platform::Files {
  public:
-  /// `lastStep`: the first step that is not done any more; `onDeath` must not return.
+  /// `lastStep`: the number of steps performed before the crash. `onDeath` must not return.
   DyingFiles(platform::Files& real, int lastStep, std::function<void()> onDeath)
       : real_(real), lastStep_(lastStep), onDeath_(std::move(onDeath)) {}
 
   [[nodiscard]] int steps() const { return steps_; }
   struct Length {
     std::size_t written = 0;
-    std::size_t synchronised = 0;  ///< that many bytes survive a failure of the machine's power; the others may be lost
+    std::size_t synchronised = 0;  ///< bytes that survive a power failure; the others may be lost
   };
-  [[nodiscard]] const std::map<std::string, Length>& lengths() const { return lengths_; }  ///< of what was written to
+  [[nodiscard]] const std::map<std::string, Length>& lengths() const { return lengths_; }  ///< of the files written to
 
-  /// Leaves what a failure of the machine's power may leave: of the files created, renamed and removed since the last
-  /// synchronising in their folder only the first some; of each file what was synchronised, and of the rest some, or
-  /// only its places, or nothing.
+  /// Simulates a power failure. Of the creations, renamings and removals since the last synchronisation of their folder
+  /// only the first few remain; of each file the synchronised bytes, and of the others some, zeros in their place, or
+  /// nothing.
   void losePower(campaign::Dice& dice) {
     for (auto kept = static_cast<std::size_t>(dice.between(0, static_cast<int>(changes_.size())));
          changes_.size() > kept; changes_.pop_back())
@@ -85,7 +85,7 @@ class DyingFiles : public platform::Files {
     Output(DyingFiles& files, std::string path, std::unique_ptr<platform::OutputFile> real)
         : files_(files), path_(std::move(path)), real_(std::move(real)) {}
 
-    /// A write may be cut anywhere: it goes down in three pieces.
+    /// Writes in three pieces, because a crash may cut a write anywhere.
     void write(std::string_view bytes) override {
       const std::size_t piece = bytes.size() / 3 + 1;
       for (std::size_t begin = 0; begin < bytes.size(); begin += piece) {
@@ -108,7 +108,7 @@ class DyingFiles : public platform::Files {
     std::unique_ptr<platform::OutputFile> real_;
   };
 
-  /// Of a folder's names, not yet synchronised with it.
+  /// A change of a folder's names that is not yet synchronised.
   struct Change {
     std::string folder;
     std::function<void()> undo;
@@ -128,7 +128,7 @@ class DyingFiles : public platform::Files {
     });
   }
 
-  /// Brings a file back that is about to be emptied or removed.
+  /// Restores a file that is about to be emptied or removed.
   std::function<void()> restoring(const std::string& path) {
     return [this, path, bytes = contentOf(path), length = lengthOf(path)] {
       real_.create(path)->write(bytes);
@@ -164,7 +164,7 @@ class DyingFiles : public platform::Files {
     return known != lengths_.end() ? known->second : lengthBefore(path);
   }
 
-  /// What was there before is on the disk.
+  /// Existing content counts as synchronised.
   Length lengthBefore(const std::string& path) {
     if (!real_.exists(path)) return {};
     const std::size_t size = contentOf(path).size();

@@ -10,8 +10,8 @@
 
 namespace korvinel {
 
-/// The simulated instrument, with its faults and its bytes as they come over a cable, at the other end of a headless
-/// program's line.
+/// The simulated instrument, with its faults and the byte timing of a cable, at the other end of a headless program's
+/// line.
 class InstrumentOnTheLine {
  public:
   InstrumentOnTheLine(platform::HeadlessPlatform& host, const instrument::Faults& faults,
@@ -25,7 +25,7 @@ class InstrumentOnTheLine {
     host_.time.setStep(0.02);
   }
 
-  /// Pulls the cable out, and plugs it in again after some seconds.
+  /// Unplugs the cable, and plugs it in again after some seconds.
   void pullOut(double seconds) {
     host_.serialPort.unplug();
     instrument_.plugIn();  // its stream has ended

@@ -11,14 +11,14 @@
 
 namespace korvinel {
 
-/// Keeps account of what a program records, and says in the end whether all of it came home: every recorded block in a
-/// file that begins with the name of its person, and with it every note that was confirmed. A recording during which
-/// the disk refused to be written is left to the campaign against bad disks.
+/// Keeps account of what a program records, and checks in the end that every recorded block and every confirmed note is
+/// in a file that begins with the person's name. Recordings during which the disk could not be written are left to the
+/// campaign against bad disks.
 class Ledger {
  public:
   explicit Ledger(HeadlessProgram& program) : program_(program) {}
 
-  /// To be called at every step of time.
+  /// Must be called at every step of the clock.
   void watch() {
     const MainState& state = program_.state;
     if (state.recordingActive == 0) {

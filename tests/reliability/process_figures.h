@@ -7,7 +7,7 @@
 
 namespace korvinel {
 
-/// Memory of this process that lies in the machine's, in kilobytes.
+/// Resident memory of this process in kilobytes.
 inline long residentKilobytes() {
   std::ifstream file("/proc/self/statm");
   long size = 0, resident = 0;

@@ -10,7 +10,7 @@
 
 namespace korvinel {
 
-/// An examination on the virtual clock whose files lie wherever a test wants them: recorded, with a note, to its end.
+/// A whole recorded examination with a note, on the virtual clock, with the files that a test provides.
 class RecordedExamination {
  public:
   explicit RecordedExamination(platform::Files& files, std::uint64_t seed = 1)
@@ -22,7 +22,7 @@ class RecordedExamination {
     state.startUp();
   }
 
-  /// Start, one block, "Registra", `blocks` more with a note among them, Stop, up to the end of assembling.
+  /// Start, one block, "Registra", `blocks` more with a note among them, Stop; returns after assembling.
   void run(const std::string& name, int blocks, const std::string& subject = "Rossi",
            const std::string& note = "nota") {
     window.fileNameBox.type(name);
@@ -56,7 +56,7 @@ class RecordedExamination {
   MainState state{window, shared, platform_};
 };
 
-/// The files that a program finds in its root.
+/// Writes the settings and calibration files that the program needs.
 inline void writeSettings(platform::Files& files) {
   std::string factors = "1";
   for (int i = 2; i <= 64; ++i) factors += ",1";

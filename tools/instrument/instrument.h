@@ -16,13 +16,13 @@ namespace korvinel::instrument {
 /// The four-channel instrument and its cable: bytes and the time go in, bytes come out. Times are seconds of any
 /// monotonic clock.
 ///
-/// It answers the test command with "OK", streams frames after the start command, 128 a second, the first one 1/128 s
+/// It answers the test command with "OK", streams frames after the start command, 128 per second, the first one 1/128 s
 /// after it, and stops after the stop command. A start command during the stream begins a new one, at channel 1. It
 /// finishes a frame before it obeys a command. The test command ends a running stream, so that the answer can be
 /// distinguished from samples.
 class Instrument {
  public:
-  /// `speed`: multiplies the 128 frames a second; above 0. The line's speed is raised if it is too slow for that.
+  /// `speed`: multiplies the 128 frames per second; above 0. The line's speed is raised if it is too slow for that.
   Instrument(std::unique_ptr<FrameSource> source, double speed, Faults faults,
              const Wiring& wiring = {.pace = Pace::wholeFrames});
 

@@ -20,7 +20,7 @@ struct Options {
   std::uint64_t seed = 1;
   std::optional<std::filesystem::path> recording;  ///< the raw file to play
   bool once = false;                               ///< fall silent at the recording's end
-  double speed = 1;                                ///< multiplies the 128 frames a second
+  double speed = 1;                                ///< multiplies the 128 frames per second
   Wiring wiring;
   Faults faults;
   std::optional<double> replugSeconds;  ///< pause between a hang-up and the cable coming back
@@ -36,7 +36,7 @@ struct UsageError : std::invalid_argument {
 /// `ports/`; empty if there is none; --link is then required. Throws UsageError.
 [[nodiscard]] Options parseOptions(const std::vector<std::string>& arguments, const std::filesystem::path& dataFolder);
 
-/// `$XDG_DATA_HOME/korvinel`, or `~/.local/share/korvinel` where that is unset or relative; empty without a home.
+/// `$XDG_DATA_HOME/korvinel`, or `~/.local/share/korvinel` if that is unset or relative; empty without a home.
 [[nodiscard]] std::filesystem::path userDataFolder();
 
 [[nodiscard]] std::string helpText();

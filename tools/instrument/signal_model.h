@@ -18,7 +18,7 @@ enum class Model : std::uint8_t { eyesClosed, eyesOpen, blinks, mainsHum, drowsy
 /// A model and how long it lasts.
 struct ModelStep {
   Model model;
-  std::int64_t frames = 0;  ///< 128 a second; 0 = for ever
+  std::int64_t frames = 0;  ///< 128 per second; 0 = forever
   friend bool operator==(const ModelStep&, const ModelStep&) = default;
 };
 

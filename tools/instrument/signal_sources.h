@@ -4,7 +4,7 @@
 
 #include "instrument/random.h"
 
-/// The sources inside the head that the signal models mix. Each gives one number a sampling instant, 128 a second.
+/// The sources inside the head that the signal models mix. Each yields one number per sample, 128 per second.
 namespace korvinel::instrument {
 
 inline constexpr double framesPerSecond = 128;
@@ -44,7 +44,7 @@ class Rhythm {
  public:
   explicit Rhythm(double hertz) : hertz_(hertz) {}
   void advance(Random& random);
-  [[nodiscard]] double value(double lag = 0) const;  ///< `lag`: how far behind, in turns of the rhythm, 0..1
+  [[nodiscard]] double value(double lag = 0) const;  ///< `lag`: delay in periods of the rhythm, 0..1
 
  private:
   double hertz_, wander_ = 0, phase_ = 0, height_ = 0;

@@ -12,7 +12,7 @@ namespace korvinel::instrument {
 
 /// The timing of the instrument's bytes on the cable.
 enum class Pace : std::uint8_t {
-  backToBack,    ///< as a UART sends them: a frame's bytes one behind the other at 19200 baud, then a pause
+  backToBack,    ///< as a UART sends them: a frame's bytes without gaps at 19200 baud, then a pause
   evenlySpread,  ///< a frame's bytes spread over the whole time of a frame
   wholeFrames,   ///< a frame at once, unlike any real cable
 };

@@ -10,7 +10,7 @@ struct soxr;
 
 namespace korvinel::tool {
 
-/// One signal of an EDF file in microvolts, resampled to 128 a second, read piece by piece.
+/// One signal of an EDF file in microvolts, resampled to 128 per second, read piece by piece.
 class ChannelStream {
  public:
   /// ToolError if the signal's unit is not a voltage, or its rate too low or too high.
@@ -33,7 +33,7 @@ class ChannelStream {
   const EdfFile* file_;
   int signal_;
   double microvoltsPerUnit_;
-  std::unique_ptr<soxr, CloseResampler> resampler_;  ///< none at 128 samples a second
+  std::unique_ptr<soxr, CloseResampler> resampler_;  ///< none at 128 samples per second
   double ratio_ = 1;
   std::vector<double> ready_;
   bool atEnd_ = false;

@@ -10,9 +10,9 @@
 
 namespace korvinel::tool {
 
-/// A text that no spreadsheet takes for a formula: if apostrophes and blanks followed by =, +, - or @ stand at its
-/// beginning, or after a semicolon, tab or line end (where a cell begins for some), one more apostrophe is put in
-/// front. A reader of the table removes one apostrophe at the same places.
+/// A text that no spreadsheet takes for a formula: where apostrophes and blanks are followed by =, +, - or @, at its
+/// beginning or after a semicolon, tab or line end (where a cell begins for some), one more apostrophe is inserted in
+/// front. Readers of the table remove one apostrophe at the same places.
 [[nodiscard]] inline std::string plainText(std::string_view text) {
   std::string plain;
   bool cellBegins = true;

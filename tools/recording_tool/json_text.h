@@ -10,7 +10,7 @@ namespace korvinel::tool {
 
 using Json = nlohmann::ordered_json;
 
-/// The text of a JSON document with a line end; a file name that is not UTF-8 is no error.
+/// The text of a JSON document with a line end; a file name that is not UTF-8 is not an error.
 [[nodiscard]] inline std::string textOf(const Json& json) {
   return json.dump(1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
 }

@@ -34,7 +34,7 @@ class VirtualTime : public Clock, public EventPump {
 
   std::function<void()> onStep;  ///< called at every step, for anything that runs beside the program
   void setStep(double duration) { step_ = duration; }
-  void setDate(const CalendarTime& date) { date_ = date; }  ///< what the calendar says at second 0
+  void setDate(const CalendarTime& date) { date_ = date; }  ///< the date and time at second 0
 
  private:
   friend class VirtualTimer;

@@ -14,7 +14,7 @@ enum class NewFile {
 /// Writes a file to the disk completely or not at all: it is written under another name, read back, and only then
 /// renamed. Never replaces a file, never follows a link. An unfinished file is removed; if the system supports files
 /// without a name, even when the program is killed.
-/// Whoever may read a new file of the folder may read it.
+/// It has the access rights of any new file in the folder.
 [[nodiscard]] NewFile writeNewFile(const QString& path, const QByteArray& bytes, qint64 roomToLeave);
 
 }  // namespace korvinel::platform

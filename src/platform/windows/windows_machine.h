@@ -8,7 +8,7 @@
 
 namespace korvinel::platform {
 
-/// Priorities by the system's own calls and numbers; a refusal is no error.
+/// Priorities by the system's own calls and numbers; a refusal is not an error.
 class WindowsMachine : public Machine {
  public:
   void setThreadPriority(int stepsAboveNormal) override;

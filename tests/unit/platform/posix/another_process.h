@@ -9,8 +9,8 @@
 
 namespace korvinel {
 
-/// Runs an act in a process of its own, as another user where one is given, and gives the number that it returns,
-/// 0..254; 255 where the process could not become that user.
+/// Runs an act in another process, as `user` if not 0, and returns its result, 0..254; 255 if the process could not
+/// become that user.
 inline int inAnotherProcess(const std::function<int()>& act, uid_t user = 0) {
   const pid_t child = fork();
   if (child == 0) {
@@ -22,7 +22,7 @@ inline int inAnotherProcess(const std::function<int()>& act, uid_t user = 0) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 255;
 }
 
-/// A process that has done an act, and then waits until it is killed.
+/// A process that performs an act and then waits until it is killed.
 class WaitingProcess {
  public:
   explicit WaitingProcess(const std::function<void()>& act) {
@@ -43,7 +43,7 @@ class WaitingProcess {
   WaitingProcess& operator=(const WaitingProcess&) = delete;
   ~WaitingProcess() { end(); }
 
-  /// Without any chance to tidy up.
+  /// Kills it, without any chance to clean up.
   void end() {
     if (child_ <= 0) return;
     ::kill(child_, SIGKILL);

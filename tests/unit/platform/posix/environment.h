@@ -8,7 +8,7 @@
 
 namespace korvinel::platform {
 
-/// An environment variable for the time of a test.
+/// An environment variable, set for the lifetime of the object.
 class Environment {
  public:
   Environment(std::string name, const char* value) : name_(std::move(name)) {

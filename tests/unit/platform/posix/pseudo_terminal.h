@@ -13,7 +13,7 @@
 
 namespace korvinel::platform {
 
-/// The far end of a serial line, played on a pseudo-terminal's master.
+/// The far end of a serial line, simulated by the master of a pseudo-terminal.
 class PseudoTerminal {
  public:
   PseudoTerminal() : master_(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
@@ -33,7 +33,7 @@ class PseudoTerminal {
     }
   }
 
-  /// What the near end has written: `count` bytes, or fewer where they do not come within a second.
+  /// Receives `count` bytes from the near end, or fewer if they do not arrive within a second.
   std::string receive(std::size_t count) const {
     std::string bytes;
     pollfd look{master_.get(), POLLIN, 0};
@@ -46,7 +46,7 @@ class PseudoTerminal {
     return bytes;
   }
 
-  /// Bytes that have arrived at the device and wait in the system.
+  /// The number of bytes that wait at the device.
   int pending() const {
     const FileDescriptor nearEnd(::open(device_.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
     int count = 0;
