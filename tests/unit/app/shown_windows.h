@@ -42,7 +42,7 @@ struct ShownWindows {
   CommentWindowView commentView{commentModel, nullptr};
 };
 
-/// What the Tab key reaches, from the first widget round to it again.
+/// The widgets that the Tab key reaches, from the first one until it returns to it.
 inline std::vector<QWidget*> tabChain(QWidget& window) {
   window.activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window));

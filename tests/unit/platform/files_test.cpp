@@ -28,7 +28,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// The kind of fault that an act ends in, with its message.
+/// The fault thrown by an act, with its message.
 std::pair<Fault, std::string> faultOf(const std::function<void()>& act) {
   try {
     act();
@@ -40,8 +40,8 @@ std::pair<Fault, std::string> faultOf(const std::function<void()>& act) {
 
 bool isRefused(const std::function<void()>& act) { return faultOf(act).first == Fault::output; }
 
-/// What every kind of files must do alike: those of this system's disk, by the host's paths and by the program's own,
-/// and those in memory that tests stand on.
+/// What all files must have in common: those on this system's disk, by the host's paths and by the program's own paths,
+/// and those in memory that other tests use.
 struct FilesOfEveryKind : testing::TestWithParam<const char*> {
   TemporaryFolder folder;
   const std::string kind = GetParam();
@@ -53,7 +53,7 @@ struct FilesOfEveryKind : testing::TestWithParam<const char*> {
 
   void SetUp() override { std::filesystem::create_directories(root); }
 
-  /// As the files are to be asked for it; "" = their folder, with its separator.
+  /// The path to pass to the files; for "" their folder, with its separator.
   std::string path(const std::string& name) const {
     std::string whole = (kind == "driveC" ? "C:\\QUARVEL5\\" : root) + name;
 #ifdef _WIN32
@@ -76,12 +76,12 @@ struct FilesOfEveryKind : testing::TestWithParam<const char*> {
     std::filesystem::create_directory(root + name);
     write(name + "/inner.QVD", "x");
   }
-  /// The path of a folder that is not there, with its separator.
+  /// The path of a folder that does not exist, with its separator.
   std::string missingFolder() { return inMemory.goneFolder = path("missing/"); }
 
-  /// Acts while only `bytes` more can be written to a file; false where this system cannot be made to.
+  /// Acts while only `bytes` more can be written to a file; false if this system cannot simulate that.
   bool withRoomFor(int bytes, const std::function<void()>& act);
-  /// The number that an act returns where nothing may be changed; nothing where this system cannot be made to.
+  /// The result of an act while nothing may be changed; none if this system cannot simulate that.
   std::optional<int> readOnly(const std::function<int()>& act);
 };
 
@@ -335,7 +335,7 @@ TEST_P(FilesOfEveryKind, ALockedFileCanStillBeReadWrittenAndListed) {
 
 TEST_P(FilesOfEveryKind, ALockBringsNoFileBackThatWasRemoved) {
   LockAttempt held = files.lock(path("lock"), "anna");
-  static_cast<void>(faultOf([&] { files.remove(path("lock")); }));  // some systems refuse it
+  static_cast<void>(faultOf([&] { files.remove(path("lock")); }));  // some systems refuse
   const bool there = files.exists(path("lock"));
   held.lock.reset();
   EXPECT_EQ(files.exists(path("lock")), there);

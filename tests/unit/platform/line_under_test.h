@@ -10,21 +10,21 @@
 
 namespace korvinel::platform {
 
-/// A serial line of some kind, and its far end, which the test plays.
+/// A serial line of some kind, and its far end, which the test simulates.
 class LineUnderTest {
  public:
   virtual ~LineUnderTest() = default;
   virtual SerialPort& port() = 0;
   virtual void send(std::string_view bytes) = 0;           ///< returns once the near end's system holds them
-  virtual void expectToReceive(std::size_t count) = 0;     ///< to be told before the near end writes
+  virtual void expectToReceive(std::size_t count) = 0;     ///< must be called before the near end writes
   [[nodiscard]] virtual std::string received() = 0;        ///< that many bytes, or fewer if they do not come
-  virtual void unplug() = 0;                               ///< pulls the adapter out
-  virtual void plugIn() = 0;                               ///< a new one, of the same number
+  virtual void unplug() = 0;                               ///< unplugs the adapter
+  virtual void plugIn() = 0;                               ///< a new one with the same number
   virtual void pass(double seconds) = 0;                   ///< at least
-  [[nodiscard]] virtual bool systemCountsALostByte() = 0;  ///< false where it cannot be made to
+  [[nodiscard]] virtual bool systemCountsALostByte() = 0;  ///< false if that cannot be simulated
 };
 
-/// The line that the tests of the program stand on.
+/// The line that the tests of the program use.
 class ScriptedLine : public LineUnderTest {
  public:
   SerialPort& port() override { return port_; }

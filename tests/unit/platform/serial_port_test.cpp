@@ -20,7 +20,7 @@ std::string bytesUpTo(std::size_t count) {
   return bytes;
 }
 
-/// What every serial port must do alike: this system's, and the scripted one that tests of the program stand on.
+/// What all serial ports must have in common: this system's, and the scripted one that other tests use.
 struct EverySerialPort : testing::TestWithParam<const char*> {
   std::unique_ptr<LineUnderTest> line;
 

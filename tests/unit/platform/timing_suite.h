@@ -8,8 +8,8 @@
 #include "platform/operation_edge.h"
 #include "platform/timing.h"
 
-/// What every clock, timer and event pump must do alike: the toolkit's, and the virtual ones that tests of the program
-/// stand on. A kind of timing has the members `edge`, `clock`, `events` and `timer`.
+/// What all clocks, timers and event pumps must have in common: the toolkit's, and the virtual ones that other tests
+/// use. A kind of timing has the members `edge`, `clock`, `events` and `timer`.
 namespace korvinel::platform {
 
 template <typename Kind>
@@ -18,7 +18,7 @@ struct EveryTiming : testing::Test, Kind {
   void count() {
     this->timer.onElapsed = [this] { ++elapsed; };
   }
-  /// Processes events until it is so, for at most five seconds of the clock.
+  /// Processes events until the condition holds, at most five seconds of the clock.
   bool comesTrue(const std::function<bool()>& condition) {
     const double end = this->clock.seconds() + 5;
     while (!condition() && this->clock.seconds() < end) this->events.process();

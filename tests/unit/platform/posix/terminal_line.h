@@ -16,7 +16,7 @@ class TerminalLine : public LineUnderTest {
   void send(std::string_view bytes) override {
     const int before = farEnd_.pending();
     farEnd_.send(bytes);
-    // A pseudo-terminal hands bytes on in its own time.
+    // A pseudo-terminal passes bytes on with a delay.
     for (int look = 0; look < 1000 && farEnd_.pending() < before + static_cast<int>(bytes.size()); ++look) pass(0.002);
   }
   void expectToReceive(std::size_t count) override { count_ = count; }

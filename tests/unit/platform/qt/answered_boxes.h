@@ -39,7 +39,7 @@ struct QtDialogsTest : testing::Test {
     });
   }
 
-  /// What the user does with the next box, as soon as it stands.
+  /// What the user does with the next box, as soon as it is open.
   void act(std::function<void(QDialog&)> what) {
     action = std::move(what);
     user.start(1);
@@ -52,7 +52,7 @@ inline void press(QDialog& box, const QString& caption) {
   ADD_FAILURE() << "no button " << caption.toStdString();
 }
 
-/// The cells of the dialog's list of files, as a screen reader reads them.
+/// The cells of the dialog's list of files, as a screen reader sees them.
 inline std::vector<QAccessibleInterface*> cellsOf(QDialog& box) {
   QAccessibleInterface* list = QAccessible::queryAccessibleInterface(box.findChild<QTreeView*>());
   std::vector<QAccessibleInterface*> cells;

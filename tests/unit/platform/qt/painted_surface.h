@@ -16,7 +16,7 @@ inline QImage pictureOf(const Surface& surface, int width, int height, qreal pix
   return image;
 }
 
-/// The smallest rectangle that holds every pixel of a colour.
+/// The smallest rectangle with all pixels of a colour.
 inline QRect placeOf(const QImage& image, QRgb colour) {
   QRect place;
   for (int y = 0; y < image.height(); ++y)
@@ -32,7 +32,7 @@ inline int countOf(const QImage& image, QRgb colour) {
   return count;
 }
 
-/// As the report's ground: a line of 18 units each 33.
+/// Like the report's ground: a line of 18 units every 33 units.
 inline Surface linesOfAReport(const std::string& name) {
   Surface surface("a", 1200, 900, 18);
   surface.keepTextsInPlace();

@@ -10,7 +10,7 @@
 
 namespace korvinel::tool {
 
-/// A recording with every kind of sample byte that a file can hold.
+/// A recording with every sample byte that a file can hold.
 inline std::string variedRecording(int blocks, const recordings::Notes& notes = {{1, "Nota: "}}) {
   std::string bytes = recordings::header(notes);
   unsigned value = 1;
