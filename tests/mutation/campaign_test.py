@@ -1,4 +1,4 @@
-"""The mutation campaign on a small program of its own.
+"""The mutation campaign on a small program.
 
     /usr/bin/python3 campaign_test.py
 """
@@ -68,7 +68,7 @@ TEST(Level, EndsAtTheMost) {
 
 
 def prepare(folder):
-    """The program, its changed build and its tests, in a work tree of its own."""
+    """The program, its changed build and its tests, in a separate work tree."""
     tree, work = os.path.join(folder, 'tree'), os.path.join(folder, 'work')
     for name, text in PROGRAM.items():
         write(os.path.join(tree, name), text)

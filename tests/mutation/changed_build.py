@@ -1,4 +1,4 @@
-"""One build that holds every change behind a switch, less the places that do not compile."""
+"""One build with every change behind a switch, except those that do not compile."""
 import os
 import re
 import sys
@@ -38,14 +38,14 @@ class ChangedBuild:
         return os.path.join(self.sources.copy, 'tests', 'mutation', name)
 
     def make(self):
-        """All headers at once, then the libraries, then the tests: what does not compile shows where it costs least."""
+        """All headers at once, then the libraries, then the tests, so that errors are found where they cost least."""
         self.freeze_needed()
         self.repeat(self.headers())
         for targets in self.stages:
             self.repeat(['ninja', '-C', self.folder, '-k', FAILURES_A_ROUND, '-j', '2'] + targets)
 
     def headers(self):
-        """A command that checks them."""
+        """The command that compiles all headers."""
         path = os.path.join(self.work, 'headers.cpp')
         names = [os.path.join(self.sources.copy, file.name) for file in self.sources.files if file.name.endswith('.h')]
         write(path, ''.join('#include "%s"\n' % name for name in names))
@@ -53,7 +53,7 @@ class ChangedBuild:
         return ['c++', '-fsyntax-only', *self.flags(), *arguments, path]
 
     def repeat(self, command):
-        """Until it succeeds."""
+        """Runs the command until it succeeds, dropping the changes that do not compile."""
         for _ in range(MOST_ROUNDS):
             self.sources.write_all()
             outcome = run(command)
@@ -66,7 +66,7 @@ class ChangedBuild:
         sys.exit('The changed program does not build; see ' + self.log)
 
     def drop(self, log):
-        """Takes away what stands on the lines of errors; returns how much that was."""
+        """Removes the changes on the lines of errors; returns their number."""
         pattern = r'^(?:In file included from )?%s/([^:\n]+):(\d+):(?:\d+:)? +(error|note|required)(.*)'
         found = re.findall(pattern % re.escape(self.sources.copy), log, re.M)
         errors = {(name, int(line), message) for name, line, kind, message in found if kind == 'error'}
@@ -75,7 +75,7 @@ class ChangedBuild:
                               for name, line, _, _ in set(found))
 
     def drop_error(self, name, line, message):
-        """An error about constants is most often about one that is not the compiler's any more."""
+        """An error about constants is usually about one that was freed: makes it constexpr again."""
         frozen = self.freeze_named(name, line) if ABOUT_CONSTANTS.search(message) else 0
         return frozen or self.drop_line(name, line)
 
@@ -95,7 +95,7 @@ class ChangedBuild:
                     self.freeze_named(file.name, number)
 
     def freeze_named(self, name, line):
-        """Gives the constants that this line names back to the compiler, and those that they are made of."""
+        """Makes the freed constants on this line constexpr again, and those that they depend on."""
         words = set(re.findall(r'\w+', self.line(name, line)))
         frozen = 0
         for file in [file for file in self.sources.files if file.name == name or file.name.endswith('.h')]:
@@ -105,7 +105,7 @@ class ChangedBuild:
         return frozen
 
     def line(self, name, line):
-        """As it is without changes."""
+        """The line without changes."""
         texts = {file.name: file.text for file in self.sources.files}
         text = texts.get(name) or read(os.path.join(self.sources.copy, name))
         return text.split('\n')[line - 1]

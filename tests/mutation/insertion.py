@@ -1,8 +1,8 @@
-"""Puts the switches of all places into a source's text."""
+"""Inserts the switches of all places into a source's text."""
 
 
 def with_places(text, numbered, free):
-    """`numbered`: (number, Place); `free`: the constants."""
+    """`numbered`: (number, Place); `free`: the constants to free."""
     edits = [(constant.start, (2, 0, 0), constant.word, constant.end - constant.start) for constant in free]
     for number, place in numbered:
         edits += edits_of(number, place)

@@ -1,4 +1,4 @@
-"""Literals moved by one, or with one letter exchanged; None where nothing is to be changed."""
+"""Literals off by one, or with another letter; None if a literal cannot be changed."""
 import re
 
 from clang.cindex import CursorKind as Kind
@@ -29,7 +29,7 @@ def character(text):
 
 
 def string(text):
-    """The first letter or digit, not that of an escape."""
+    """Changes the first letter or digit that is not part of an escape."""
     if not text.startswith('"'):
         return None
     for match in re.finditer(r'\\(?:x[0-9A-Fa-f]{1,2}|[0-7]{1,3}|.)|[A-Za-z0-9]', text):

@@ -1,7 +1,7 @@
 """Where a source can be changed, and how: small changes that a compiler accepts and a person might make.
 
-Every change is an insertion around a range of the text, so that all of them stand in one build at once; which one acts is
-chosen when a program starts (switch.h). The places come from the compiler's own syntax tree.
+Every change is an insertion around a range of the text, so that one build contains all of them; one is selected when a
+program starts (switch.h). The places come from the compiler's syntax tree.
 """
 import dataclasses
 import typing
@@ -30,8 +30,8 @@ LEFT_ALONE = (Kind.STATIC_ASSERT, Kind.ENUM_CONSTANT_DECL, Kind.ALIGNED_ATTR, Ki
 @dataclasses.dataclass
 class Place:
     """`open` and `close` enclose the text from `start` to `end`; {n} in them is the place's number. `count`: how many
-    numbers it uses, each with its label. `operator`: the range of a token, and what replaces it. `rank`: who opens first
-    where two places enclose the same text."""
+    numbers it uses, each with its label. `operator`: the range of a token and its replacement. `rank`: which place opens
+    first if two enclose the same text."""
     kind: str
     line: int
     start: int
@@ -52,7 +52,7 @@ class Place:
 
 
 class Constant(typing.NamedTuple):
-    """A constant that must not be the compiler's: `word` replaces its `constexpr`."""
+    """A constant that the compiler must not evaluate: `word` replaces its `constexpr`."""
     name: str
     line: int
     start: int
@@ -141,7 +141,7 @@ class Finder:
                  end=self.text.semicolon(cursor))
 
     def exchanged(self, acts):
-        """A loop takes the acts in turn; a change makes two of them swap turns."""
+        """A loop runs the statements in order; a change exchanges two of them."""
         pairs = list(zip(acts, acts[1:]))
         if len(acts) == 2 and self.text.of(acts[0]) == self.text.of(acts[1]):
             return

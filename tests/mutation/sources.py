@@ -1,4 +1,4 @@
-"""The campaign's copy of the sources, and every place in them that can be changed."""
+"""The campaign's copy of the sources, and all places in them that can be changed."""
 import concurrent.futures
 import dataclasses
 import hashlib
@@ -29,7 +29,7 @@ def read(path):
 
 
 def write(path, text):
-    """A file that has this text already is left alone, so that it is not compiled again."""
+    """Leaves a file alone that already has this text, so that it is not compiled again."""
     if os.path.exists(path) and read(path) == text:
         return
     os.makedirs(os.path.dirname(path), exist_ok=True)
@@ -39,7 +39,7 @@ def write(path, text):
 
 @dataclasses.dataclass
 class Changed:
-    """A source with its places. `free`: constants that the compiler must not calculate, so that they can be changed."""
+    """A source with its places. `free`: constants that the compiler must not evaluate, so that they can be changed."""
     name: str
     text: str
     places: list = ()
@@ -61,7 +61,7 @@ class Changed:
 
 
 class Sources:
-    """`copy`: the folder that is built. `memory`: a file that keeps what was found in each text, since that takes long."""
+    """`copy`: the folder that is built. `memory`: a cache of the places found in each text, because finding takes long."""
 
     def __init__(self, work, source=SOURCE, folders=FOLDERS):
         self.source, self.folders = source, folders
@@ -70,7 +70,7 @@ class Sources:
         self.files = []
 
     def copy_all(self):
-        """Brings the copy up to date with the work tree; returns the texts of the files that are to be changed."""
+        """Updates the copy from the work tree; returns the texts of the files to be changed."""
         listed = run(['git', '-C', self.source, 'ls-files', '--cached', '--others', '--exclude-standard']).stdout
         names = {name for name in listed.split('\n') if os.path.isfile(os.path.join(self.source, name))}
         self.remove_others(names)
@@ -99,7 +99,7 @@ class Sources:
                     os.remove(path)
 
     def find(self, texts, compile_commands):
-        """Fills `files`, in order of their names."""
+        """Fills `files`, sorted by name."""
         memory = self.remembered()
         arguments = Arguments(compile_commands, self.copy)
         self.files = [Changed(name, text) for name, text in sorted(texts.items())]
@@ -114,7 +114,7 @@ class Sources:
         self.remember()
 
     def number(self):
-        """A file keeps its numbers for as long as its places fit, so that it is not compiled for another's sake."""
+        """A file keeps its numbers while its places fit, so that a change in another file does not recompile it."""
         path = os.path.join(os.path.dirname(self.memory), 'numbers.json')
         blocks = json.loads(read(path)) if os.path.exists(path) else {}  # name: [first, how many]
         for file in self.files:
@@ -132,7 +132,7 @@ class Sources:
             return pickle.load(file)
 
     def remember(self):
-        """Also what did not compile and was taken away."""
+        """Caches the places, without those that did not compile."""
         memory = self.remembered() | {file.stamp(): (file.places, file.free) for file in self.files}
         with open(self.memory, 'wb') as file:
             pickle.dump(memory, file)
@@ -143,7 +143,7 @@ class Sources:
 
 
 class Arguments:
-    """How each source is compiled; a header like the sources beside it."""
+    """The compiler options of each source; a header has those of the sources beside it."""
 
     KEPT = re.compile(r'^-(I|D|std|isystem)')
 

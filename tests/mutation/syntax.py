@@ -1,4 +1,4 @@
-"""What the compiler's syntax tree says about a piece of a source."""
+"""Queries of the compiler's syntax tree about a part of a source."""
 import re
 
 from clang.cindex import CursorKind as Kind, TypeKind
@@ -11,7 +11,7 @@ DISCARDED = re.compile(r'^\s*(\(void\)|static_cast<void>)')
 
 
 def bare(cursor):
-    """The expression inside the tree's own wrappers (the end of a temporary's life, a conversion)."""
+    """The expression inside the tree's wrappers (the end of a temporary's life, a conversion)."""
     while cursor.kind == Kind.UNEXPOSED_EXPR:
         children = list(cursor.get_children())
         if len(children) != 1 or children[0].extent != cursor.extent:
@@ -33,13 +33,13 @@ def is_numeric(cursor):
 
 
 class Text:
-    """A source, asked by the tree's cursors."""
+    """The text of a source, accessed by the tree's cursors."""
 
     def __init__(self, path, text):
         self.path, self.bytes = path, text.encode()
 
     def holds(self, cursor):
-        """Not where a macro or another file has written it."""
+        """Whether the text is in this file, not from a macro or another file."""
         return all(end.file is not None and end.file.name == self.path for end in (cursor.extent.start, cursor.extent.end))
 
     def of(self, cursor):
@@ -50,7 +50,7 @@ class Text:
         return ' '.join(self.of(cursor).split())[:90]
 
     def semicolon(self, cursor):
-        """Where the statement ends, None if it is no statement."""
+        """The end of the statement; None if it is not a statement."""
         match = re.compile(rb'\s*;').match(self.bytes, extent(cursor)[1])
         return match.end() if match else None
 

@@ -7,7 +7,7 @@ import os
 
 @dataclasses.dataclass(frozen=True)
 class Change:
-    """`nth`: which of the same changes in this file. Lines and numbers move with every edit, the key does not."""
+    """`nth`: position among equal changes in this file. Unlike lines and numbers, the key survives edits elsewhere."""
     number: int
     name: str
     line: int
@@ -23,7 +23,7 @@ class Change:
 
 
 def changes_of(files):
-    """Every change that stands in the build."""
+    """Every change in the build."""
     changes, seen = [], collections.Counter()
     for file in files:
         for number, place in file.numbered():
@@ -36,8 +36,8 @@ def changes_of(files):
 
 
 def chosen(changes, count, seed):
-    """The same for the same seed: the folders take turns, each change's turn depends on nothing but its key. A smaller
-    `count` chooses the beginning of what a larger one does."""
+    """The same changes for the same seed: the folders take turns, and a change's position depends only on its key. A
+    smaller `count` selects the first changes of a larger one."""
     by_folder = collections.defaultdict(list)
     for change in changes:
         by_folder[change.folder()].append(change)
@@ -67,7 +67,7 @@ def verdict(change, outcome, equivalents):
 
 
 def print_figures(results, equivalents):
-    """`results`: change -> outcome. Returns how many are noticed or settled, and how many are not."""
+    """`results`: change -> outcome. Returns the number of noticed and settled changes, and of the others."""
     count, survivors = collections.defaultdict(collections.Counter), []
     for change, outcome in results.items():
         kind = verdict(change, outcome, equivalents)
