@@ -2,12 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "frame/main_state.h"
+#include "values/fixed.h"
 
 namespace korvinel::golden {
 

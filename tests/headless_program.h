@@ -3,6 +3,8 @@
 #include <string>
 
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "platform/headless/headless_platform.h"
 #include "wiring/main_wiring.h"
 

@@ -4,6 +4,8 @@
 #include <vector>
 
 #include "headless_program.h"
+#include "report/report_state.h"
+#include "report/report_window.h"
 #include "wiring/report_wiring.h"
 
 namespace korvinel {

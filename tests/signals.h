@@ -6,6 +6,7 @@
 #include <string>
 
 #include "frame/main_state.h"
+#include "platform/surface.h"
 
 namespace korvinel {
 

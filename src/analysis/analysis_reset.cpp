@@ -1,6 +1,7 @@
 #include "eeg/block.h"
 #include "eeg/montage.h"
 #include "frame/main_state.h"
+#include "frame/program_values.h"
 
 namespace korvinel {
 namespace {

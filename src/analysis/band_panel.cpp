@@ -5,6 +5,8 @@
 #include "eeg/bands.h"
 #include "eeg/montage.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "platform/surface.h"
 #include "values/number_text.h"
 
 namespace korvinel {

@@ -4,7 +4,11 @@
 #include "eeg/block.h"
 #include "eeg/montage.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "frame/synchrony_trend.h"
+#include "platform/surface.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

@@ -2,7 +2,10 @@
 #include "analysis/spectrum.h"
 #include "eeg/montage.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "frame/synchrony_trend.h"
+#include "platform/surface.h"
 #include "values/number_text.h"
 
 namespace korvinel {

@@ -4,6 +4,7 @@
 #include "analysis/ocular_pass.h"
 #include "eeg/block.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
 
 namespace korvinel {
 namespace {

@@ -1,6 +1,7 @@
 #include "analysis/spectrum.h"
 #include "analysis/transform.h"
 #include "frame/main_state.h"
+#include "frame/program_values.h"
 
 namespace korvinel {
 namespace {

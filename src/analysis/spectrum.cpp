@@ -2,6 +2,7 @@
 
 #include "analysis/transform.h"
 #include "values/real32.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

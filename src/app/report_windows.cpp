@@ -4,6 +4,8 @@
 
 #include "app/comment_window_view.h"
 #include "app/report_window_view.h"
+#include "report/report_state.h"
+#include "report/report_window.h"
 #include "wiring/report_wiring.h"
 
 namespace korvinel {

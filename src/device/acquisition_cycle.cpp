@@ -6,7 +6,11 @@
 #include "eeg/montage.h"
 #include "frame/held_flag.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
+#include "platform/platform.h"
 #include "platform/skip_on_fault.h"
+#include "platform/surface.h"
 #include "platform/timing.h"
 
 namespace korvinel {

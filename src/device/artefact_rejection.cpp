@@ -1,8 +1,10 @@
 #include <cmath>
 
 #include "frame/main_state.h"
+#include "frame/main_window.h"
 #include "frame/waiting.h"
 #include "platform/dialogs.h"
+#include "platform/platform.h"
 #include "platform/serial_port.h"
 #include "values/number_text.h"
 

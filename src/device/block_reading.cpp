@@ -4,6 +4,7 @@
 #include "device/frame_decoder.h"
 #include "device/line_steps.h"
 #include "frame/main_state.h"
+#include "platform/platform.h"
 #include "platform/serial_port.h"
 #include "platform/timing.h"
 

@@ -2,7 +2,9 @@
 #include "device/line_steps.h"
 #include "frame/held_flag.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
 #include "frame/waiting.h"
+#include "platform/platform.h"
 #include "platform/serial_port.h"
 #include "platform/timing.h"
 

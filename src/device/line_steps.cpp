@@ -2,9 +2,12 @@
 
 #include "device/frame_decoder.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
 #include "platform/dialogs.h"
 #include "platform/line_watch.h"
 #include "platform/machine.h"
+#include "platform/platform.h"
+#include "platform/port_fault.h"
 #include "platform/program_end.h"
 #include "platform/serial_port.h"
 #include "platform/timing.h"

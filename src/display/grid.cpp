@@ -1,5 +1,7 @@
 #include "display/grid.h"
 
+#include "platform/surface.h"
+
 namespace korvinel {
 namespace {
 

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "platform/surface.h"
+namespace korvinel::platform {
+class Surface;
+}
 
 namespace korvinel {
 

@@ -2,6 +2,9 @@
 
 #include "eeg/block.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
+#include "platform/surface.h"
 
 namespace korvinel {
 namespace {

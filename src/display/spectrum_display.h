@@ -2,9 +2,7 @@
 
 #include <string>
 
-#include "platform/colour.h"
 #include "values/fixed.h"
-#include "values/runtime_error.h"
 
 namespace korvinel {
 

@@ -5,6 +5,9 @@
 #include "display/grid.h"
 #include "display/window_geometry.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
+#include "platform/surface.h"
 #include "values/number_text.h"
 
 namespace korvinel {

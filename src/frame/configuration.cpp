@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "values/field_reader.h"
 #include "values/int16.h"
 #include "values/runtime_error.h"
 

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "values/bounded.h"
-#include "values/field_reader.h"
 
 namespace korvinel {
+
+struct ByteSource;
 
 /// The two configuration files hold items separated by commas or line ends; text items may be in double quotes.
 /// A missing or unreadable item is a RuntimeError (input) that names the file and the item.

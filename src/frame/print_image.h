@@ -2,7 +2,9 @@
 
 #include <string>
 
-#include "platform/platform.h"
+namespace korvinel::platform {
+struct Platform;
+}
 
 namespace korvinel {
 

@@ -1,6 +1,10 @@
 #include "frame/configuration.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
+#include "platform/files.h"
 #include "platform/machine.h"
+#include "platform/platform.h"
 #include "platform/timing.h"
 
 namespace korvinel {

@@ -1,6 +1,10 @@
 #include "frame/synchrony_trend.h"
 
 #include "eeg/block.h"
+#include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "platform/surface.h"
+#include "values/int16.h"
 
 namespace korvinel {
 namespace {

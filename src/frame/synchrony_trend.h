@@ -1,8 +1,14 @@
 #pragma once
 
-#include "frame/main_state.h"
+#include "values/bounded.h"
+
+namespace korvinel::platform {
+class Surface;
+}
 
 namespace korvinel {
+
+struct MainState;
 
 /// The synchrony trend on the time strip: 3 units per block, +100 % at the top (y = 0), 0 at mid height, -100 % at y =
 /// 200.

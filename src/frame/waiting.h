@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/main_state.h"
+#include "platform/platform.h"
 #include "platform/timing.h"
 
 namespace korvinel {

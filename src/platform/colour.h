@@ -1,7 +1,5 @@
 #pragma once
 
-#include "values/int16.h"
-
 namespace korvinel::platform {
 
 /// A colour by its index in the classic 16-colour palette, or a part of the desktop's own look.

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/colour.h"
-#include "values/code_page.h"
+#include "values/entry_kind.h"
 
 /// The controls of a window as plain models: they hold what they show, and a view mirrors them. Operations change
 /// them through the set... functions, which never raise the user's events; a view or a test acts as the user through
@@ -89,11 +89,7 @@ class TextBox : public Control {
   std::function<void()> onFocusRequested;
 
   /// The user's new content of the box, which is cleaned; a view then shows `text()`.
-  void type(const std::string& text) {
-    if (!enabled_ || readOnly_) return;
-    text_ = cleanEntry(text, kind_);
-    changed();
-  }
+  void type(const std::string& text);
   std::function<void(int key)> onKey;  ///< a key's character code; 13 is Enter
   void pressKey(int key) const {
     if (enabled_ && onKey) onKey(key);

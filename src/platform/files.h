@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "values/field_reader.h"
+#include "values/byte_source.h"
 
 namespace korvinel::platform {
 

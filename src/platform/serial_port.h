@@ -3,17 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "values/runtime_error.h"
-
 namespace korvinel::platform {
 
-/// The port cannot be opened, is closed, or its line has failed (an unplugged adapter). A failed line is closed at its
-/// first error and stays silent until it is opened again.
-struct PortFault : RuntimeError {
-  explicit PortFault(const std::string& message) : RuntimeError(Fault::output, message) {}
-};
-
-/// A serial line without flow control.
+/// A serial line without flow control. Its faults are in port_fault.h.
 struct SerialPort {
   virtual ~SerialPort() = default;
 

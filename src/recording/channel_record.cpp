@@ -1,7 +1,9 @@
 #include "recording/channel_record.h"
-#include "platform/skip_on_fault.h"
 
 #include <cmath>
+
+#include "platform/skip_on_fault.h"
+#include "values/field_reader.h"
 
 namespace korvinel {
 

@@ -5,9 +5,10 @@
 #include "eeg/block.h"
 #include "eeg/montage.h"
 #include "values/bounded.h"
-#include "values/field_reader.h"
 
 namespace korvinel {
+
+struct ByteSource;
 
 /// A block in a file of version V3: four channel records, channel 1 to 4, each of 256 sample bytes in time order, "-"
 /// and CR LF. Sample bytes are 1..255 and never 9, 10 or 26.

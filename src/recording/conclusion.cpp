@@ -4,9 +4,12 @@
 #include <utility>
 
 #include "eeg/block.h"
+#include "frame/main_state.h"
+#include "frame/program_values.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/machine.h"
+#include "platform/platform.h"
 #include "platform/skip_on_fault.h"
 #include "recording/channel_record.h"
 #include "recording/data_file.h"
@@ -16,6 +19,7 @@
 #include "recording/recording_names.h"
 #include "recording/safe_keeping.h"
 #include "recording/side_file.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {
@@ -140,7 +144,7 @@ void concludeRecording(MainState& state) {
 
 void bringRecordingHome(MainState& state) {
   skipOnFault([&] {
-    if (const auto rest = std::exchange(state.finishAssembling, {})) return rest();
+    if (DataFileAssembly* const rest = std::exchange(state.assembly, nullptr)) return finishAssembling(*rest);
     if (state.recordingActive != 1) return;
     takeOpenNote(state);
     takeFreeName(state);

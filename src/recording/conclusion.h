@@ -1,8 +1,8 @@
 #pragma once
 
-#include "frame/main_state.h"
-
 namespace korvinel {
+
+struct MainState;
 
 /// The steps after assembling a recording, which make sure that the user knows where it is.
 

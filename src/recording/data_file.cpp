@@ -1,7 +1,14 @@
 #include "recording/data_file.h"
 
+#include <functional>
+#include <memory>
+
 #include "frame/held_flag.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
+#include "platform/files.h"
+#include "platform/platform.h"
 #include "platform/program_end.h"
 #include "platform/skip_on_fault.h"
 #include "platform/timing.h"
@@ -12,11 +19,9 @@
 #include "recording/safe_keeping.h"
 
 namespace korvinel {
-namespace {
-
 /// The two files of an assembling, and whether every write to the data file has succeeded so far. A record after a gap
 /// could not be read again, so after a failed write nothing more is written.
-struct Assembly {
+struct DataFileAssembly {
   MainState& state;
   std::unique_ptr<platform::OutputFile> data;
   std::unique_ptr<platform::InputFile> temporary;
@@ -27,11 +32,13 @@ struct Assembly {
   std::size_t next = 0;  ///< byte of `temporaryContent` to be copied next
 };
 
-void attempt(Assembly& assembly, const std::function<void()>& step) {
+namespace {
+
+void attempt(DataFileAssembly& assembly, const std::function<void()>& step) {
   if (!attemptWrite(assembly.state, step)) assembly.whole = false;
 }
 
-void write(Assembly& assembly, std::string_view bytes) {
+void write(DataFileAssembly& assembly, std::string_view bytes) {
   if (assembly.whole) attempt(assembly, [&] { assembly.data->write(bytes); });
 }
 
@@ -42,7 +49,7 @@ void addPlaceholderNote(MainState& state) {
   state.noteTexts[1] = "Nota: ";
 }
 
-void writeHeaderAndNotes(Assembly& assembly) {
+void writeHeaderAndNotes(DataFileAssembly& assembly) {
   MainState& state = assembly.state;
   write(assembly, headerLine(state.shared.subjectName, state.recordingDate, state.noteCount));
   for (int note = 1; note <= state.noteCount; ++note)
@@ -51,7 +58,7 @@ void writeHeaderAndNotes(Assembly& assembly) {
 
 /// Reads as many bytes from the temporary file as `recorded` has; returns whether they are the same. A file that cannot
 /// be read further counts as empty from there.
-bool temporaryHolds(Assembly& assembly, std::string_view recorded) {
+bool temporaryHolds(DataFileAssembly& assembly, std::string_view recorded) {
   if (!assembly.temporary) return false;
   bool same = true;
   const bool read = platform::skipOnFault([&] {
@@ -62,7 +69,7 @@ bool temporaryHolds(Assembly& assembly, std::string_view recorded) {
   return read && same;
 }
 
-void openTemporary(Assembly& assembly) {
+void openTemporary(DataFileAssembly& assembly) {
   platform::skipOnFault([&] { assembly.temporary = assembly.state.host.files.openForReading(temporaryPath); });
   assembly.next = recordedHeaderBytes(assembly.state);
   assembly.asRecorded =
@@ -70,7 +77,7 @@ void openTemporary(Assembly& assembly) {
 }
 
 /// The recording is completed even if the program ends meanwhile.
-void letEventsIn(Assembly& assembly) {
+void letEventsIn(DataFileAssembly& assembly) {
   if (!assembly.letsEventsIn || assembly.programEnds) return;
   try {
     assembly.state.host.events.poll();
@@ -79,10 +86,10 @@ void letEventsIn(Assembly& assembly) {
   }
 }
 
-bool moreToCopy(const Assembly& assembly) { return assembly.next < assembly.state.temporaryContent.size(); }
+bool moreToCopy(const DataFileAssembly& assembly) { return assembly.next < assembly.state.temporaryContent.size(); }
 
 /// Writes what was recorded; the temporary file, which others may have changed, is only compared with it.
-void copyBlock(Assembly& assembly) {
+void copyBlock(DataFileAssembly& assembly) {
   bool same = true;
   for (int channel = 1; channel <= 4 && moreToCopy(assembly); ++channel) {
     const auto record = std::string_view(assembly.state.temporaryContent).substr(assembly.next, channelRecordBytes);
@@ -95,14 +102,14 @@ void copyBlock(Assembly& assembly) {
   ++assembly.state.blocksFromMemory;
 }
 
-void copyBlocks(Assembly& assembly) {
+void copyBlocks(DataFileAssembly& assembly) {
   while (moreToCopy(assembly) && assembly.whole) {
     letEventsIn(assembly);
     if (assembly.state.assembling == 1) copyBlock(assembly);
   }
 }
 
-void closeBoth(Assembly& assembly) {
+void closeBoth(DataFileAssembly& assembly) {
   platform::skipOnFault([&] {
     if (assembly.temporary && assembly.whole && !assembly.temporary->atEnd()) assembly.asRecorded = false;
   });
@@ -111,7 +118,7 @@ void closeBoth(Assembly& assembly) {
   assembly.temporary.reset();
 }
 
-void disposeOfTemporary(Assembly& assembly) {
+void disposeOfTemporary(DataFileAssembly& assembly) {
   MainState& state = assembly.state;
   state.dataFileWhole = assembly.whole ? 1 : 0;
   if (!state.recordingFault.empty()) {
@@ -126,7 +133,7 @@ void disposeOfTemporary(Assembly& assembly) {
 }
 
 /// Everything from the first block on; done once, by the assembling itself or by the program's end during it.
-void finish(Assembly& assembly) {
+void finish(DataFileAssembly& assembly) {
   MainState& state = assembly.state;
   copyBlocks(assembly);
   if (state.assembling == 0) return;
@@ -138,20 +145,17 @@ void finish(Assembly& assembly) {
 /// However the assembling is left, nothing of it can be reached any more.
 struct AssemblingUnderWay {
   explicit AssemblingUnderWay(MainState& theState) : state(theState), flag(theState.assembling) {}
-  ~AssemblingUnderWay() { state.finishAssembling = {}; }
+  ~AssemblingUnderWay() { state.assembly = nullptr; }
 
   MainState& state;
   HeldFlag flag;
 };
 
-void assemble(Assembly assembly) {
+void assemble(DataFileAssembly assembly) {
   MainState& state = assembly.state;
   const AssemblingUnderWay underWay(state);
   state.blocksFromMemory = 0;
-  state.finishAssembling = [&assembly] {
-    assembly.letsEventsIn = false;
-    finish(assembly);
-  };
+  state.assembly = &assembly;
   addPlaceholderNote(state);
   attemptWrite(state, [&] { completeTemporaryFile(state, true); });
   attempt(assembly, [&] { assembly.data = state.host.files.openForAppending(dataFolder + state.shared.dataFileName); });
@@ -166,6 +170,11 @@ void assemble(Assembly assembly) {
 void MainState::assembleDataFile() { assemble({*this, {}, {}}); }
 
 void assembleWithoutEvents(MainState& state) { assemble({state, {}, {}, false}); }
+
+void finishAssembling(DataFileAssembly& assembly) {
+  assembly.letsEventsIn = false;
+  finish(assembly);
+}
 
 void MainState::readFileHeader() {
   FileHeader header = readHeader(*readHandle);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "values/code_page.h"
+#include "values/field_reader.h"
 #include "values/int16.h"
 #include "values/runtime_error.h"
 

@@ -3,9 +3,10 @@
 #include <string>
 
 #include "values/bounded.h"
-#include "values/field_reader.h"
 
 namespace korvinel {
+
+struct ByteSource;
 
 constexpr int mostNotes = 60;
 

@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "frame/main_state.h"
+#include "platform/files.h"
+#include "platform/platform.h"
 #include "platform/timing.h"
 
 namespace korvinel {

@@ -1,10 +1,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "frame/main_state.h"
 #include "platform/dialogs.h"
+#include "platform/files.h"
 #include "platform/machine.h"
+#include "platform/platform.h"
 #include "platform/timing.h"
 #include "recording/data_paths.h"
 

@@ -1,7 +1,11 @@
 #include "recording/notes.h"
 
 #include "eeg/block.h"
+#include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "platform/dialogs.h"
+#include "platform/platform.h"
 #include "recording/file_header.h"
 #include "recording/safe_keeping.h"
 #include "values/code_page.h"

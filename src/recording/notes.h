@@ -1,8 +1,8 @@
 #pragma once
 
-#include "frame/main_state.h"
-
 namespace korvinel {
+
+struct MainState;
 
 /// At the end of a recording: turns the text in the note box into a note and closes the box. Does nothing while
 /// recording is off. What cannot be kept is added to `recordingNotice`.

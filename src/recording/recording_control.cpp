@@ -1,11 +1,16 @@
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "frame/waiting.h"
 #include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/platform.h"
 #include "recording/conclusion.h"
 #include "recording/data_paths.h"
 #include "recording/notes.h"
 #include "recording/recording_names.h"
 #include "values/code_page.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

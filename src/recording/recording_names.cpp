@@ -1,6 +1,11 @@
 #include "recording/recording_names.h"
 
+#include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/platform.h"
 #include "platform/timing.h"
 #include "recording/data_paths.h"
 #include "recording/safe_keeping.h"

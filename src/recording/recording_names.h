@@ -2,9 +2,13 @@
 
 #include <string>
 
-#include "frame/main_state.h"
+namespace korvinel::platform {
+struct Files;
+}
 
 namespace korvinel {
+
+struct MainState;
 
 /// While recording, the names in the boxes, already checked, are read-only.
 void lockNames(MainState& state, bool locked);

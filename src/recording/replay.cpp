@@ -2,9 +2,14 @@
 
 #include "eeg/block.h"
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/platform.h"
 #include "platform/program_end.h"
 #include "recording/file_loop.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

@@ -3,10 +3,15 @@
 #include <array>
 #include <cstdio>
 
+#include "frame/main_state.h"
+#include "platform/files.h"
+#include "platform/platform.h"
 #include "platform/skip_on_fault.h"
 #include "platform/timing.h"
 #include "recording/data_paths.h"
 #include "recording/side_file.h"
+#include "values/field_reader.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

@@ -1,11 +1,16 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
-#include "frame/main_state.h"
+namespace korvinel::platform {
+struct Files;
+}
 
 namespace korvinel {
+
+struct MainState;
 
 /// Keeps a recording from being lost when a disk fails: every writing step runs through attemptWrite, and a temporary
 /// file that may hold what the data file lacks is renamed instead of deleted.

@@ -3,7 +3,11 @@
 #include <initializer_list>
 
 #include "eeg/block.h"
+#include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "platform/dialogs.h"
+#include "platform/platform.h"
 #include "platform/skip_on_fault.h"
 #include "values/number_text.h"
 

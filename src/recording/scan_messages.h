@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "frame/main_state.h"
-
 namespace korvinel {
+
+struct MainState;
 
 /// What "Apri File" shows before and after a scan, or instead of a scanned file.
 

@@ -3,6 +3,9 @@
 #include <vector>
 
 #include "frame/main_state.h"
+#include "frame/program_values.h"
+#include "platform/files.h"
+#include "platform/platform.h"
 #include "platform/skip_on_fault.h"
 #include "recording/data_paths.h"
 #include "recording/record_line.h"

@@ -3,10 +3,10 @@
 #include <string>
 
 #include "recording/file_header.h"
-#include "values/field_reader.h"
 
 namespace korvinel {
 
+struct ByteSource;
 struct MainState;
 
 /// A side file beside the temporary file holds what the blocks do not: the subject, the name of the data file, and the

@@ -1,9 +1,11 @@
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "recording/side_file.h"
 #include "recording/side_file_line.h"
 #include "values/code_page.h"
+#include "values/field_reader.h"
 #include "values/runtime_error.h"
 
 namespace korvinel {

@@ -2,10 +2,14 @@
 #include <array>
 
 #include "eeg/bands.h"
+#include "frame/program_values.h"
 #include "platform/companion_windows.h"
+#include "platform/platform.h"
+#include "platform/surface.h"
 #include "report/dotted_text.h"
 #include "report/report_geometry.h"
 #include "report/report_state.h"
+#include "report/report_window.h"
 #include "report/statistics.h"
 #include "report/verdicts.h"
 

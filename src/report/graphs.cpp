@@ -3,10 +3,12 @@
 
 #include "eeg/bands.h"
 #include "eeg/montage.h"
+#include "platform/surface.h"
 #include "report/band_rows.h"
 #include "report/dotted_text.h"
 #include "report/report_geometry.h"
 #include "report/report_state.h"
+#include "report/report_window.h"
 #include "report/statistics.h"
 #include "values/number_text.h"
 

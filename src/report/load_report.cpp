@@ -1,8 +1,12 @@
 #include "eeg/block.h"
+#include "frame/program_values.h"
+#include "platform/platform.h"
+#include "platform/surface.h"
 #include "platform/timing.h"
 #include "report/dotted_text.h"
 #include "report/report_geometry.h"
 #include "report/report_state.h"
+#include "report/report_window.h"
 
 namespace korvinel {
 namespace {

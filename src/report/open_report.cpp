@@ -1,6 +1,8 @@
 #include "frame/main_state.h"
+#include "frame/program_values.h"
 #include "platform/companion_windows.h"
 #include "platform/dialogs.h"
+#include "platform/platform.h"
 
 namespace korvinel {
 

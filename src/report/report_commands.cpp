@@ -1,6 +1,7 @@
 #include "frame/print_image.h"
 #include "platform/companion_windows.h"
 #include "platform/dialogs.h"
+#include "platform/platform.h"
 #include "platform/screen_printer.h"
 #include "report/report_state.h"
 

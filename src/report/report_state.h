@@ -2,15 +2,20 @@
 
 #include <string>
 
-#include "frame/program_values.h"
 #include "platform/colour.h"
-#include "platform/platform.h"
-#include "report/report_window.h"
 #include "values/bounded.h"
 #include "values/fixed.h"
 #include "values/int16.h"
 
+namespace korvinel::platform {
+struct Platform;
+}
+
 namespace korvinel {
+
+struct CommentWindow;
+struct ProgramValues;
+struct ReportWindow;
 
 /// The last step of loadReport that was completed; the steps before it are complete too.
 enum class ReportStep { none, spectra, noise, graphs, bandValues, verdicts };

@@ -2,9 +2,11 @@
 
 #include <cmath>
 
+#include "frame/program_values.h"
 #include "report/band_rows.h"
 #include "report/report_state.h"
 #include "values/number_text.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

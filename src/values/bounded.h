@@ -3,11 +3,9 @@
 #include <array>
 #include <cstddef>
 
-#include "values/runtime_error.h"
-
 namespace korvinel {
 
-[[noreturn]] inline void throwSubscript() { throw RuntimeError(Fault::subscript, "Indice fuori dai limiti"); }
+[[noreturn]] void throwSubscript();  ///< a RuntimeError (subscript)
 
 namespace detail {
 template <typename T, int... Last>

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "values/entry_kind.h"
+
 namespace korvinel {
 
 /// Texts inside the program are UTF-8; the data files hold single bytes in code page 1252.
@@ -13,9 +15,6 @@ namespace korvinel {
 
 /// The bytes of a UTF-8 text; a character outside the page, or a byte that is not UTF-8, becomes "?".
 [[nodiscard]] std::string codePageFromUtf8(std::string_view utf8);
-
-/// The kind of a box whose text goes into a data file or its name.
-enum class EntryKind { text, fileName };
 
 /// The text without the characters that would break a file's lines: double quotes, commas, control characters, and
 /// invisible ones; for a file name also path separators, the characters that file systems forbid (: * ? < > |) and

@@ -3,15 +3,9 @@
 #include <string>
 #include <string_view>
 
-namespace korvinel {
+#include "values/byte_source.h"
 
-/// Bytes in sequence, such as a file open for reading.
-struct ByteSource {
-  virtual ~ByteSource() = default;
-  static constexpr int end = -1;
-  virtual int peek() = 0;  ///< the next byte 0..255 without taking it, or `end`
-  virtual int take() = 0;  ///< the next byte 0..255, or `end`
-};
+namespace korvinel {
 
 /// A text in memory as a byte source; the text must outlive it.
 class TextSource : public ByteSource {

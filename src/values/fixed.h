@@ -1,11 +1,9 @@
 #pragma once
 
-#include <cmath>
 #include <compare>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
-
-#include "values/runtime_error.h"
 
 namespace korvinel {
 
@@ -31,10 +29,7 @@ class Fixed {
     // Below 2^51 a sum with 1.5 x 2^52 is rounded to a whole number, without the library's call.
     constexpr double rounder = 0x1.8p52, rounderLimit = 0x1p51;
     if (std::abs(exact) < rounderLimit) return fromCount(static_cast<std::int64_t>((exact + rounder) - rounder));
-    const double rounded = std::nearbyint(exact);
-    constexpr double limit = 9223372036854775808.0;  // 2^63
-    if (!(rounded >= -limit && rounded < limit)) overflow();
-    return fromCount(static_cast<std::int64_t>(rounded));
+    return nearestToLarge(exact);
   }
 
   constexpr std::int64_t count() const { return count_; }
@@ -65,7 +60,7 @@ class Fixed {
   /// The double nearest to the exact quotient of the two counts, so that 3N / N is exactly 3 (counts below 2^53).
   /// A zero divisor is a RuntimeError.
   friend constexpr double operator/(Fixed a, Fixed b) {
-    if (b.count_ == 0) throw RuntimeError(Fault::divisionByZero, "Divisione per zero");
+    if (b.count_ == 0) divisionByZero();
     return static_cast<double>(a.count_) / static_cast<double>(b.count_);
   }
 
@@ -87,9 +82,9 @@ class Fixed {
     return quotient + (product < 0 ? -1 : 1);
   }
 
-  [[noreturn]] static void overflow() {
-    throw RuntimeError(Fault::overflow, "Numero troppo grande per quattro decimali in 64 bit");
-  }
+  static Fixed nearestToLarge(double exact);  ///< exact: the number in ten-thousandths
+  [[noreturn]] static void overflow();
+  [[noreturn]] static void divisionByZero();
 
   std::int64_t count_ = 0;
 };
@@ -102,6 +97,6 @@ constexpr Fixed floorToTenth(Fixed number) {
 }
 
 /// The same for a floating-point number: its exact value times 10 in double, floored, over 10.
-inline double floorToTenth(double number) { return std::floor(number * 10.0) / 10.0; }
+double floorToTenth(double number);
 
 }  // namespace korvinel

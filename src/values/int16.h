@@ -1,10 +1,7 @@
 #pragma once
 
-#include <cmath>
 #include <cstdint>
 #include <limits>
-
-#include "values/runtime_error.h"
 
 namespace korvinel {
 
@@ -16,11 +13,7 @@ class Int16 {
       : value_(checked(number)) {}  // NOLINT(google-explicit-constructor): a field reads as a number
 
   /// The nearest integer, ties to even: 0.5 gives 0, 1.5 gives 2. NaN counts as overflow.
-  static Int16 nearest(double number) {
-    const double rounded = std::nearbyint(number);
-    if (!(rounded >= minimum && rounded <= maximum)) overflow();
-    return Int16(static_cast<int>(rounded));
-  }
+  static Int16 nearest(double number);
 
   constexpr operator int() const { return value_; }  // NOLINT(google-explicit-constructor)
 
@@ -32,9 +25,7 @@ class Int16 {
   static constexpr int minimum = std::numeric_limits<std::int16_t>::min();
   static constexpr int maximum = std::numeric_limits<std::int16_t>::max();
 
-  [[noreturn]] static void overflow() {
-    throw RuntimeError(Fault::overflow, "Numero troppo grande per un campo di 16 bit");
-  }
+  [[noreturn]] static void overflow();
   static constexpr std::int16_t checked(int number) {
     if (number < minimum || number > maximum) overflow();
     return static_cast<std::int16_t>(number);

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "values/runtime_error.h"
+
 namespace korvinel {
 namespace {
 

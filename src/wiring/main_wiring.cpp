@@ -1,5 +1,11 @@
 #include "wiring/main_wiring.h"
 
+#include <functional>
+
+#include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "platform/operation_edge.h"
+#include "platform/platform.h"
 #include "platform/serial_port.h"
 #include "platform/timing.h"
 #include "recording/conclusion.h"

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "frame/main_state.h"
-#include "platform/operation_edge.h"
+namespace korvinel::platform {
+class OperationEdge;
+}
 
 namespace korvinel {
+
+struct MainState;
 
 /// Connects the main window's controls and the two timers to the operations of the record, each through the edge: a
 /// fault ends its operation only. All arguments must live as long as the window.

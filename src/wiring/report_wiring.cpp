@@ -1,6 +1,9 @@
 #include "wiring/report_wiring.h"
 
 #include "frame/fault_sentence.h"
+#include "platform/operation_edge.h"
+#include "report/report_state.h"
+#include "report/report_window.h"
 
 namespace korvinel {
 namespace {

@@ -1,9 +1,12 @@
 #pragma once
 
-#include "platform/operation_edge.h"
-#include "report/report_state.h"
+namespace korvinel::platform {
+class OperationEdge;
+}
 
 namespace korvinel {
+
+struct ReportState;
 
 /// Connects the report window's controls to the operations of its record, each through the edge: a fault ends its
 /// operation only, and the report's status label shows it. All arguments must live as long as the window.

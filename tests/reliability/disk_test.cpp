@@ -8,6 +8,7 @@
 #include "platform/posix/disk_files.h"
 #include "recorded_examination.h"
 #include "temporary_folder.h"
+#include "values/runtime_error.h"
 
 /// The disk is full, disappears or refuses writes at any moment of a recording: there is a message, what was written is
 /// kept, and the acquisition continues.

@@ -7,6 +7,7 @@
 #include "recording/channel_record.h"
 #include "recording/data_paths.h"
 #include "recording/side_file.h"
+#include "values/runtime_error.h"
 
 /// What must have been forced onto the disk at the moments when the user relies on it.
 namespace korvinel {

@@ -3,6 +3,8 @@
 #include <string>
 
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "head_blocks.h"
 #include "platform/headless/headless_platform.h"
 #include "recordings.h"

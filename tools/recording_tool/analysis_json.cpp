@@ -1,6 +1,7 @@
 #include "recording_tool/analysis_output.h"
 #include "report/band_rows.h"
 #include "report/noise_curve.h"
+#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 namespace {

@@ -14,6 +14,7 @@
 #include "recording_tool/tool_error.h"
 #include "recording_tool/utf8_path.h"
 #include "values/code_page.h"
+#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "eeg/montage.h"
 #include "recording/channel_record.h"
+#include "values/field_reader.h"
 #include "values/number_text.h"
 #include "values/runtime_error.h"
 

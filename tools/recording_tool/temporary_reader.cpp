@@ -8,6 +8,7 @@
 #include "recording_tool/host_files.h"
 #include "recording_tool/tool_error.h"
 #include "values/code_page.h"
+#include "values/field_reader.h"
 #include "values/runtime_error.h"
 
 namespace korvinel::tool {

@@ -11,6 +11,7 @@
 #include "platform/skip_on_fault.h"
 #include "recording_tool/host_files.h"
 #include "recording_tool/tool_error.h"
+#include "values/field_reader.h"
 #include "wiring/main_wiring.h"
 #include "wiring/report_wiring.h"
 

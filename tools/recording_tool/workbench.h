@@ -6,8 +6,12 @@
 #include <string>
 
 #include "frame/main_state.h"
+#include "frame/main_window.h"
+#include "frame/program_values.h"
 #include "platform/headless/headless_platform.h"
 #include "report/report_state.h"
+#include "report/report_window.h"
+#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 

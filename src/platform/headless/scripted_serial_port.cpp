@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/port_fault.h"
+
 namespace korvinel::platform {
 namespace {
 

@@ -13,6 +13,8 @@
 #include <charconv>
 #include <utility>
 
+#include "platform/port_fault.h"
+
 namespace korvinel::platform {
 namespace {
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 
+#include "platform/port_fault.h"
 #include "platform/windows/wide_text.h"
 
 namespace korvinel::platform {

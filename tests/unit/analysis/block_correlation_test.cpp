@@ -3,6 +3,7 @@
 #include "analysis/correlation.h"
 #include "headless_program.h"
 #include "signals.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "headless_program.h"
 #include "signals.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

@@ -5,6 +5,7 @@
 #include "analysis/spectrum.h"
 #include "headless_program.h"
 #include "signals.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "device/baseline.h"
 #include "headless_program.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

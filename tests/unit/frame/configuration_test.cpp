@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "values/field_reader.h"
 #include "values/runtime_error.h"
 
 namespace korvinel {

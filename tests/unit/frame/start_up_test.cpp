@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "headless_program.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "platform/port_fault.h"
 #include "unit/platform/line_under_test.h"
 #ifdef _WIN32
 #include "unit/platform/windows/com_port_line.h"

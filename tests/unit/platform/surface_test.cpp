@@ -4,6 +4,8 @@
 
 #include <set>
 
+#include "values/runtime_error.h"
+
 namespace korvinel::platform {
 namespace {
 

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "recordings.h"
+#include "values/field_reader.h"
 
 namespace korvinel {
 namespace {

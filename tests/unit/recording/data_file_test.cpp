@@ -6,6 +6,7 @@
 #include "golden_reference.h"
 #include "headless_program.h"
 #include "recordings.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

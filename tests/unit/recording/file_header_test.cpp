@@ -4,6 +4,7 @@
 
 #include "golden_reference.h"
 #include "recordings.h"
+#include "values/field_reader.h"
 #include "values/runtime_error.h"
 
 namespace korvinel {

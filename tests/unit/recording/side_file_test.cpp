@@ -5,6 +5,7 @@
 #include "headless_program.h"
 #include "recording/side_file_line.h"
 #include "recordings.h"
+#include "values/field_reader.h"
 
 namespace korvinel {
 namespace {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "headless_report.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "headless_report.h"
 #include "report/report_geometry.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

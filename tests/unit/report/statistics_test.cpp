@@ -1,10 +1,10 @@
 #include "report/statistics.h"
 
-#include "eeg/bands.h"
-
 #include <gtest/gtest.h>
 
+#include "eeg/bands.h"
 #include "headless_report.h"
+#include "values/runtime_error.h"
 
 namespace korvinel {
 namespace {

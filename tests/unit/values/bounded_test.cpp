@@ -5,6 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "values/runtime_error.h"
+
 namespace korvinel {
 namespace {
 

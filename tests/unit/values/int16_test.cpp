@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "values/runtime_error.h"
+
 namespace korvinel {
 namespace {
 

@@ -7,6 +7,8 @@
 #include <limits>
 #include <random>
 
+#include "values/runtime_error.h"
+
 namespace korvinel {
 namespace {
 

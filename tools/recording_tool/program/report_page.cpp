@@ -10,6 +10,7 @@
 #include "recording_tool/utf8_path.h"
 #include "report/report_geometry.h"
 #include "values/code_page.h"
+#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 namespace {

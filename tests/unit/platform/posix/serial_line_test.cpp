@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "platform/port_fault.h"
 #include "temporary_folder.h"
 #include "unit/platform/posix/pseudo_terminal.h"
 

@@ -5,6 +5,7 @@
 
 #include <chrono>
 
+#include "platform/port_fault.h"
 #include "unit/platform/windows/com_port_line.h"
 
 /// What only a COM port has; what it has in common with every serial port is in serial_port_test.cpp.
