@@ -21,7 +21,7 @@ TEST(Help, IsTheToolTipAndTheAnswerToShiftF1AndNamesTheLetter) {
 }
 
 TEST(Help, OfASurfaceIsNoToolTipWhichWouldHideTheSignal) {
-  const Surface model("Tracciato 1", 100, 100, 10);
+  Surface model("Tracciato 1", 100, 100, 10);
   SurfaceView view(model);
   explain(view, {"I canali 1 e 2."});
   EXPECT_EQ(view.whatsThis(), "I canali 1 e 2.");
