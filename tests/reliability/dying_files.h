@@ -26,7 +26,7 @@ class DyingFiles : public platform::Files {
   };
   [[nodiscard]] const std::map<std::string, Length>& lengths() const { return lengths_; }  ///< of the files written to
 
-  /// Simulates a power failure. Of the creations, renamings and removals since the last synchronisation of their folder
+  /// Simulates a power failure. Of the creations, renames and removals since the last synchronisation of their folder
   /// only the first few remain; of each file the synchronised bytes, and of the others some, zeros in their place, or
   /// nothing.
   void losePower(campaign::Dice& dice) {
