@@ -41,6 +41,15 @@ TEST(ArcTangent, AgreesWithTheLibraryToTheLastPlaces) {
   EXPECT_DOUBLE_EQ(arcTangent(1e300), std::numbers::pi / 2);
 }
 
+TEST(Cosine, AgreesWithTheLibraryToTheLastPlaces) {
+  Noise noise(3);
+  for (int n = 0; n < 200'000; ++n) {
+    const double angle = 7 * noise.next();
+    ASSERT_NEAR(cosine(angle), std::cos(angle), 5e-16) << angle;
+  }
+  EXPECT_EQ(cosine(0), 1);
+}
+
 TEST(PhaseCoherence, OfEveryPossibleDifferenceIsTheCosineToTheLastBit) {
   // Phases have four decimals and differ by at most 2 pi: these are all the cases.
   for (int count = -62'832; count <= 62'832; ++count) {

@@ -146,6 +146,14 @@ TEST(DrawTraces, ShowTheChosenPair) {
   }
 }
 
+TEST(DrawTraces, RawTracesAreDrawnOnClearedGraphs) {
+  HeadlessProgram program;
+  fill(program.state, 100);
+  for (int block = 1; block <= 2; ++block) program.state.drawRawTraces();
+  for (const platform::Surface* trace : {&program.window.firstTrace, &program.window.secondTrace})
+    EXPECT_EQ(trace->marks().size(), 255U);
+}
+
 TEST(DrawTraces, CorrectedTracesGoOverTheRawOnes) {
   HeadlessProgram program;
   fill(program.state, 100);

@@ -117,14 +117,18 @@ TEST_F(ArtefactRejection, TheStreamIsAskedForAfterFiveHundredthsOfASecond) {
 
 TEST_F(ArtefactRejection, TheSelectorDecidesWhichPairIsShown) {
   state_.channelPair = 2;  // has no effect
-  fillAllChannels(state_, [](int) { return 128; });
-  fillChannel(state_, 1, [](int) { return 201; });
-  fillChannel(state_, 3, [](int) { return 203; });
-  const std::pair<int, double> cases[] = {{1, 54}, {2, 52}, {3, 255}};  // 3: row 0, not a channel
-  for (const auto& [selector, y] : cases) {
-    state_.sharedSelector = selector;
+  for (int channel = 1; channel <= 4; ++channel) fillChannel(state_, channel, [&](int) { return 200 + channel; });
+  struct Case {
+    int selector;
+    double firstY, secondY;
+  };
+  for (const Case& expected : {Case{1, 54, 53}, Case{2, 52, 51}, Case{3, 255, 255}}) {  // 3: row 0, not a channel
+    state_.sharedSelector = expected.selector;
     state_.rejectBlock();
-    EXPECT_TRUE(hasLine(program_.window.firstTrace, 1, y, 2, y, Colour::blue)) << selector;
+    EXPECT_TRUE(hasLine(program_.window.firstTrace, 1, expected.firstY, 2, expected.firstY, Colour::blue))
+        << expected.selector;
+    EXPECT_TRUE(hasLine(program_.window.secondTrace, 1, expected.secondY, 2, expected.secondY, Colour::blue))
+        << expected.selector;
   }
 }
 

@@ -40,8 +40,30 @@ TEST(StartUp, DrawsTheEmptyWindowAndKeepsTheColourOfItsButtons) {
   EXPECT_EQ(program.window.fileNameCaption.text(), "Nome File");
 }
 
+TEST(StartUp, SetsTheDefaultsWhateverStoodBefore) {
+  HeadlessProgram program;
+  MainState& state = program.state;
+  state.samplesPerBlock = state.fftHalf = state.displayedBins = state.displaySpeed = 1;
+  state.pairToggleCount = state.channelPair = state.artefactThreshold = program.shared.channelCount = 2;
+  state.linkReady = state.recordingActive = state.endRequested = state.printRequested = 1;
+  state.recordingArmed = state.acquisitionRunning = 1;
+  state.headerText1 = "resto";
+  state.startUp();
+  const std::pair<Int16, int> values[] = {{state.samplesPerBlock, 256},   {state.fftHalf, 128},
+                                          {state.displayedBins, 64},      {state.displaySpeed, 6},
+                                          {state.pairToggleCount, 0},     {state.channelPair, 1},
+                                          {state.artefactThreshold, 130}, {program.shared.channelCount, 4},
+                                          {state.linkReady, 0},           {state.recordingActive, 0},
+                                          {state.endRequested, 0},        {state.printRequested, 0},
+                                          {state.recordingArmed, 0},      {state.acquisitionRunning, 0}};
+  for (const auto& [value, expected] : values) EXPECT_EQ(value, expected);
+  EXPECT_EQ(state.headerText1, "");
+}
+
 TEST(StartUp, LeavesBothTimersDisabledAndTheInstrumentAlone) {
   HeadlessProgram program;
+  program.host.tickTimer.setEnabled(true);
+  program.host.pauseTimer.setEnabled(true);
   program.state.startUp();
   EXPECT_FALSE(program.host.tickTimer.enabled());
   EXPECT_FALSE(program.host.pauseTimer.enabled());
