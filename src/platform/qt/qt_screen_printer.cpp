@@ -139,7 +139,7 @@ std::string QtScreenPrinter::print(const QRectF& millimetres) {
 }
 
 std::string QtScreenPrinter::printIntoFile(const QImage& picture, const QRectF& millimetres) const {
-  const std::string file = nextPdf();
+  std::string file = nextPdf();
   constexpr qint64 roomForRecordings = 10'000'000;  // about ten examinations
   switch (writeNewFile(QString::fromStdString(paths_.toHost(file)), pdfOf(picture, millimetres), roomForRecordings)) {
     case NewFile::written: return file;

@@ -59,7 +59,7 @@ std::size_t longestName(const std::wstring& folder) {
 
 /// Opens an ordinary file; returns the reason of a failure, or "".
 std::string openOrdinaryFile(const std::string& path, DWORD access, DWORD share, DWORD disposition, FileHandle& file) {
-  const std::string noFile = "non e' un normale file";
+  const char* const noFile = "non e' un normale file";
   const std::wstring wide = wideFromUtf8(path);
   if (namesDevice(wide)) return noFile;
   file = FileHandle(CreateFileW(wide.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
