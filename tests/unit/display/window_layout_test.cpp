@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "display/spectrum_display.h"
 #include "display/window_geometry.h"
 #include "headless_program.h"
@@ -214,6 +216,55 @@ TEST_F(LayoutTest, TheRulersTicksStandWhereABarOfSoManyMicrovoltsEnds) {
       EXPECT_EQ(right[i], (Mark{Mark::Kind::line, Colour::blue, right[i].x1, 0, right[i].x1, length}));
     }
   }
+}
+
+TEST_F(LayoutTest, ANewExaminationBeginsWithoutTheWarningOfTheLast) {
+  window.statusLabel.setInk(Colour::lightRed);
+  window.statusLabel.setText("Errore di scrittura su disco!");
+  program.state.clearPictures();
+  EXPECT_EQ(window.statusLabel.ink(), Colour::black);
+  EXPECT_EQ(window.statusLabel.text(), "Registrazione disattiva");
+}
+
+TEST_F(LayoutTest, TheFrequencyAxisIsDrawnAnewAndNotOverItself) {
+  const auto once = window.frequencyAxis.marks();
+  program.state.drawFrequencyAxis();
+  EXPECT_EQ(window.frequencyAxis.marks(), once);
+}
+
+TEST_F(LayoutTest, TheFramesRunAlongAllFourEdges) {
+  const std::pair<const platform::Surface*, Colour> framed[] = {
+      {&window.firstTrace, Colour::green}, {&window.secondTrace, Colour::green}, {&window.messagePanel, Colour::white}};
+  for (const auto& [surface, colour] : framed) {
+    const double right = surface->width(), bottom = surface->height();
+    EXPECT_TRUE(hasLine(*surface, 0, 0, right, 0, colour)) << surface->name();
+    EXPECT_TRUE(hasLine(*surface, right, 0, right, bottom, colour)) << surface->name();
+    EXPECT_TRUE(hasLine(*surface, right, bottom, 0, bottom, colour)) << surface->name();
+    EXPECT_TRUE(hasLine(*surface, 0, bottom, 0, 0, colour)) << surface->name();
+  }
+}
+
+/// The captions right under a graph, from left to right.
+std::vector<std::string> captionsUnder(const platform::Surface& ground, const platform::Rect& graph) {
+  std::map<double, std::string> captions;
+  for (const Mark& mark : ground.marks()) {
+    const bool under = mark.y1 > graph.bottom() && mark.y1 < graph.bottom() + 5;
+    if (under && mark.x1 >= graph.x && mark.x1 < graph.right()) captions[mark.x1] += mark.text;
+  }
+  std::vector<std::string> texts;
+  for (const auto& [x, text] : captions) texts.push_back(text);
+  return texts;
+}
+
+TEST_F(LayoutTest, TheNumbersOfAnAxisStandRightUnderItsGraph) {
+  using Texts = std::vector<std::string>;
+  const Texts seconds = {"0", "0.5", "1", "1.5", "Seconds", "2"};
+  EXPECT_EQ(captionsUnder(window.axisCaptions, geometry::firstTrace), seconds);
+  EXPECT_EQ(captionsUnder(window.axisCaptions, geometry::secondTrace), seconds);
+  EXPECT_EQ(captionsUnder(window.axisCaptions, geometry::coherenceGraph), (Texts{"100", "0", "-100"}));
+  EXPECT_EQ(captionsUnder(window.axisCaptions, geometry::timeStrip),
+            (Texts{"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}));
+  EXPECT_EQ(textsAt(window.axisCaptions, "0", geometry::timeStrip.x, geometry::timeStrip.bottom() + 2), 1);
 }
 
 }  // namespace

@@ -131,7 +131,10 @@ TEST(LoadReport, FrequencyLabelsStandOnTheirOwnDots) {
   std::vector<double> dots;
   for (const Mark& mark : program.reportWindow.ground.marks()) {
     if (mark.y1 != 780) continue;
-    if (mark.kind == Mark::Kind::text) labels.emplace_back(mark.x1, mark.text);
+    if (mark.kind == Mark::Kind::text) {
+      EXPECT_EQ(mark.colour, Colour::blue) << mark.text;
+      labels.emplace_back(mark.x1, mark.text);
+    }
     if (mark.kind == Mark::Kind::point) {
       EXPECT_EQ(mark.colour, Colour::lightGrey);
       dots.push_back(mark.x1);
@@ -239,6 +242,7 @@ TEST(LoadReport, AFlatRecordingEndsInADivisionByZeroAndWhatWasDrawnStays) {
   EXPECT_EQ(program.reportWindow.intervalLabel.text(), "30s");
   EXPECT_EQ(program.report.reportLines[6], "");
   EXPECT_FALSE(program.host.edge.ended());
+  EXPECT_EQ(program.report.reached, ReportStep::bandValues);
 }
 
 TEST(LoadReport, AfterAFaultTheWindowGoesOnWorking) {
@@ -266,6 +270,21 @@ TEST(LoadReport, AnIntervalOfNoBlockStopsBeforeTheGraphs) {
   EXPECT_EQ(program.host.faults[0], "Divisione per zero: l'intervallo non ha blocchi");
   EXPECT_TRUE(program.reportWindow.spectrum1.texts().empty());
   EXPECT_TRUE(program.reportWindow.ground.shows("Norvess Instruments"));
+}
+
+TEST(LoadReport, RemembersHowFarItCame) {
+  HeadlessReport program;
+  program.fillHistories(1, 10);
+  std::vector<ReportStep> steps;
+  program.reportWindow.spectrum1.onChanged = [&] {
+    if (steps.empty() || steps.back() != program.report.reached) steps.push_back(program.report.reached);
+  };
+  program.openReport();
+  EXPECT_EQ(steps, (std::vector{ReportStep::noise, ReportStep::graphs}));
+  EXPECT_EQ(program.report.reached, ReportStep::verdicts);
+  program.openReport(11, 10);
+  ASSERT_EQ(program.host.faults.size(), 1U);
+  EXPECT_EQ(program.report.reached, ReportStep::none);
 }
 
 TEST(LoadReport, LaterChangesOfTheHistoriesDoNotShow) {

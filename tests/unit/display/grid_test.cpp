@@ -1,0 +1,22 @@
+#include "display/grid.h"
+
+#include <gtest/gtest.h>
+
+namespace korvinel {
+namespace {
+
+using platform::Colour;
+using platform::Mark;
+
+TEST(DrawGrid, DotsStandEightUnitsApartFromOneUnitInsideTheEdge) {
+  platform::Surface surface("", 20, 18, 5);
+  drawGrid(surface, 10, 8);
+  const std::pair<double, double> dots[] = {{1, 8},   {9, 8},  {17, 8}, {1, 16}, {9, 16},
+                                            {17, 16}, {10, 1}, {10, 9}, {10, 17}};
+  std::vector<Mark> expected;
+  for (const auto& [x, y] : dots) expected.push_back({Mark::Kind::point, Colour::blue, x, y, x, y});
+  EXPECT_EQ(surface.marks(), expected);
+}
+
+}  // namespace
+}  // namespace korvinel
