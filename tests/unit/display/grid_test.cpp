@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/surface.h"
+
 namespace korvinel {
 namespace {
 

@@ -329,6 +329,16 @@ TEST(SafeKeeping, TheMessageNamesTheCauseThePlaceAndWhatIsMissing) {
                 "Tempor1 2026-11-21 10.00.00.XXX\rNe mancano gli ultimi 6 secondi.");
 }
 
+TEST(SafeKeeping, AWholeBlockThatIsMissingCountsThreeSeconds) {
+  Recording recording;
+  recording.append(101);
+  recording.host.files.freeSpace = 0;
+  recording.append(102);
+  recording.host.dialogs.giveRecordingsUp();
+  recording.state.endRecording();
+  EXPECT_NE(recording.host.dialogs.shown.back().text.find("\rNe mancano gli ultimi 3 secondi."), std::string::npos);
+}
+
 TEST(SafeKeeping, WithoutAFaultNoMessageIsShown) {
   Recording recording;
   recording.append(101);
