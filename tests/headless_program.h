@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "frame/fault_text.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/program_values.h"
@@ -21,6 +22,7 @@ struct HeadlessProgram {
     host.files.content["C:\\QUARVEL5\\Instal8s.val"] = "\"Korvinel\",\"Ita\",2,0,0,0,0\r\n\"\",\"\"\r\n";
     host.files.content["C:\\QUARVEL5\\Factors.val"] = factors + "\r\n";
     tieControls(state, host.edge);
+    host.edge.onFault = [this](const std::exception& fault) { host.faults.push_back(faultText(fault)); };
   }
 
   /// Starts up and presses Start with these names; returns when the first tick is waiting.

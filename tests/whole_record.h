@@ -83,7 +83,7 @@ class WholeRecord {
     add("recordingDate", s.recordingDate), add("noteTimes", s.noteTimes), add("noteTexts", s.noteTexts);
     add("openFilePath", s.openFilePath), add("openFileTitle", s.openFileTitle);
     if (!s.openFilePath.empty()) add("fileDateField", s.fileDateField);  // otherwise it is not shown
-    add("recordingFault", s.recordingFault), add("setAsidePath", s.setAsidePath);
+    add("recordingFault", s.recordingFault ? faultText(*s.recordingFault) : ""), add("setAsidePath", s.setAsidePath);
     add("pairLabels", s.pairLabel1 + s.pairLabel2);
     add("subjectName", program_.shared.subjectName);
     const bool named = s.intervalSelectable == 1 || s.acquisitionRunning == 1;  // a stopped scan is not

@@ -47,7 +47,7 @@ float correlationPercent(const float* x, const float* y) {
   if (flatness == 0) return 0;
   const double percent = std::floor(100.0 * static_cast<double>(sumXY) /
                                     std::sqrt(static_cast<double>(sumXX) * static_cast<double>(sumYY)));
-  if (std::isnan(percent)) throw RuntimeError(Fault::divisionByZero, "Correlazione non calcolabile");
+  if (std::isnan(percent)) throw RuntimeError(Cause::noCorrelation);
   return static_cast<float>(percent);
 }
 

@@ -32,12 +32,12 @@ void scaleAmplitudes(Fixed deviation, const Fixed* shape, const float* calibrati
 }
 
 float runningMean(float mean, float value, int count) {
-  if (count == 0) throw RuntimeError(Fault::divisionByZero, "Divisione per zero");
+  if (count == 0) throw RuntimeError(Cause::zeroDivisor);
   return meanWith(mean, value, count);
 }
 
 void renewMeans(float* mean, const float* values, int count) {
-  if (count == 0) throw RuntimeError(Fault::divisionByZero, "Divisione per zero");
+  if (count == 0) throw RuntimeError(Cause::zeroDivisor);
   for (int i = 1; i <= keptIndexes; ++i) mean[i] = meanWith(mean[i], values[i], count);
 }
 

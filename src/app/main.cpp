@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "app/program.h"
+#include "frame/fault_text.h"
 #include "platform/host_paths.h"
 #include "platform/qt/appearance.h"
 #include "platform/qt/qt_text.h"
@@ -15,7 +16,7 @@ namespace {
 int refuseToStart(const std::exception& cause) {
   QMessageBox box(QMessageBox::Critical, "Korvinel", "Korvinel non puo' partire.", QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
-  box.setText("Korvinel non puo' partire.\n\n" + korvinel::platform::toQt(cause.what()));
+  box.setText("Korvinel non puo' partire.\n\n" + korvinel::platform::toQt(korvinel::faultText(cause)));
   box.exec();
   return 1;
 }

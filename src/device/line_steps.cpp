@@ -1,6 +1,7 @@
 #include "device/line_steps.h"
 
 #include "device/frame_decoder.h"
+#include "frame/fault_text.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "platform/dialogs.h"
@@ -26,8 +27,9 @@ bool attempt(MainState& state, Step&& step) {
     step();
     return true;
   } catch (const platform::PortFault& fault) {
-    if (state.lineFault != fault.what()) state.host.machine.tell(fault.what());
-    state.lineFault = fault.what();
+    const std::string text = faultText(fault);
+    if (state.lineFault != text) state.host.machine.tell(text);
+    state.lineFault = text;
     return false;
   }
 }

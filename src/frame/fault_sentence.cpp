@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <new>
 
-#include "values/runtime_error.h"
+#include "frame/fault_text.h"
 
 namespace korvinel {
 namespace {
@@ -24,7 +24,7 @@ std::string meaningOf(const std::exception& fault) {
 }  // namespace
 
 std::string faultSentence(const std::exception& fault) {
-  std::string fact = fault.what();
+  std::string fact = faultText(fault);
   std::replace(fact.begin(), fact.end(), '\r', ' ');
   const std::string meaning = meaningOf(fault);
   return "Operazione interrotta: " + (meaning.empty() ? fact : meaning + " (" + fact + ")");

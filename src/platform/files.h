@@ -42,11 +42,13 @@ enum class LockOutcome {
   held,         ///< by another program, or by another lock of this program
   notWritable,  ///< the file does not exist and cannot be created
   notOffered,   ///< the file system has no locks
+  notOrdinary,  ///< it is a folder, a device or a link
 };
 struct LockAttempt {
   LockOutcome outcome;
   std::unique_ptr<FileLock> lock;  ///< if taken
-  std::string told;                ///< if held: the holder's note, "" if unreadable; else the system's reason
+  std::string
+      told;  ///< if held: the holder's note, "" if unreadable; if notOrdinary: the path; else the system's reason
 };
 
 /// Files by their path (UTF-8): in the program's own notation "C:\QUARVEL5\..." under its root, else the host's paths.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "values/runtime_error.h"
 
 namespace korvinel::platform {
@@ -9,7 +7,7 @@ namespace korvinel::platform {
 /// The port cannot be opened, is closed, or its line has failed (an unplugged adapter). A failed line is closed at its
 /// first error and stays silent until it is opened again.
 struct PortFault : RuntimeError {
-  explicit PortFault(const std::string& message) : RuntimeError(Fault::output, message) {}
+  using RuntimeError::RuntimeError;
 };
 
 }  // namespace korvinel::platform

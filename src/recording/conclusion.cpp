@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "eeg/block.h"
+#include "frame/fault_text.h"
 #include "frame/main_state.h"
 #include "frame/program_values.h"
 #include "platform/dialogs.h"
@@ -61,7 +62,7 @@ std::string saveIn(MainState& state, const std::string& folder) {
     return "";
   } catch (const RuntimeError& fault) {
     skipOnFault([&] { files.remove(path); });
-    return fault.what();
+    return faultText(fault);
   }
 }
 
@@ -79,7 +80,7 @@ bool givesTheRecordingUp(MainState& state) {
 }
 
 void askForAnotherPlace(MainState& state) {
-  std::string cause = state.recordingFault;
+  std::string cause = state.recordingFault ? faultText(*state.recordingFault) : "";
   while (isStillToBeSaved(state)) {
     if (!wantsAnotherPlace(state, cause)) {
       if (!isStillToBeSaved(state) || givesTheRecordingUp(state)) return;
@@ -128,9 +129,9 @@ std::string whatWasChanged(const MainState& state) {
 void tellOnce(MainState& state) {
   if (state.recordingFaultUntold == 0) return;
   state.recordingFaultUntold = 0;
-  if (state.recordingFault.empty()) return tell(state, "La registrazione è completa." + whatWasChanged(state));
-  tell(state, "Errore di scrittura durante la registrazione!\r" + state.recordingFault + whereTheDataAre(state) +
-                  whatWasChanged(state));
+  if (!state.recordingFault) return tell(state, "La registrazione è completa." + whatWasChanged(state));
+  tell(state, "Errore di scrittura durante la registrazione!\r" + faultText(*state.recordingFault) +
+                  whereTheDataAre(state) + whatWasChanged(state));
 }
 
 }  // namespace

@@ -121,7 +121,7 @@ void closeBoth(DataFileAssembly& assembly) {
 void disposeOfTemporary(DataFileAssembly& assembly) {
   MainState& state = assembly.state;
   state.dataFileWhole = assembly.whole ? 1 : 0;
-  if (!state.recordingFault.empty()) {
+  if (state.recordingFault) {
     state.setAsidePath = keepRecordedData(state);
     return;
   }

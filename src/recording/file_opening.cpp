@@ -1,4 +1,5 @@
 #include "eeg/block.h"
+#include "frame/fault_text.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/program_values.h"
@@ -20,6 +21,7 @@ void leaveOpenFile(MainState& state) {
   state.window.startPicture.setVisible(false);
   state.openFilePath.clear();
   state.openFileTitle.clear();
+  state.openingFault.reset();
   state.intervalSelectable = state.replayActive = state.acquisitionRunning = 0;
   state.readHandle.reset();
   state.window.Slider1.setValue(0);
@@ -56,7 +58,8 @@ bool readBeginning(MainState& state) {
     return true;
   } catch (const RuntimeError& fault) {
     state.readHandle.reset();
-    state.host.dialogs.notice("Impossibile leggere il file " + state.openFileTitle + "!\r" + fault.what());
+    state.openingFault = fault.facts();
+    state.host.dialogs.notice("Impossibile leggere il file " + state.openFileTitle + "!\r" + faultText(fault));
     return false;
   }
 }
@@ -117,14 +120,15 @@ ScanResult scanBlocks(MainState& state) {
   return ScanResult::finished;
 }
 
-/// A read error ends the scan there, and `readFault` says why.
-ScanResult scan(MainState& state, std::string& readFault) {
+/// A read error ends the scan there, and `openingFault` says why.
+ScanResult scan(MainState& state) {
   try {
     return scanBlocks(state);
   } catch (const RuntimeError& fault) {
     if (state.endRequested == 1) throw platform::ProgramEnd{};
     if (state.stopRequested == 1) return ScanResult::stopped;
-    readFault = fault.what();
+    state.openingFault = fault.facts();
+    state.openingFault->block = state.blockCount;
     return ScanResult::finished;
   } catch (const std::exception&) {
     // Otherwise Start, this command and the program's end would wait for a scan that no longer runs.
@@ -161,14 +165,12 @@ void openChosenFile(MainState& state) {
   if (!readBeginning(state)) return noFileChosen(state);
   showHeader(state);
   resetForScan(state);
-  std::string readFault;
-  const ScanResult result = scan(state, readFault);
+  const ScanResult result = scan(state);
   if (result == ScanResult::stopped) showThatItWasStopped(state);
   if (result != ScanResult::finished) return;
-  const int lastRead = state.blockCount;
   handBlockRangeOn(state);
   showScannedFile(state);
-  if (!readFault.empty()) tellReadFault(state, lastRead, readFault);
+  tellReadFault(state);
 }
 
 void MainState::openDataFile() { runFileCommand(*this, FileCommand::open); }

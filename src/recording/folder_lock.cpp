@@ -10,6 +10,7 @@
 #include "platform/platform.h"
 #include "platform/timing.h"
 #include "recording/data_paths.h"
+#include "recording/lock_note.h"
 
 namespace korvinel {
 namespace {
@@ -18,13 +19,11 @@ using platform::LockOutcome;
 
 /// Who is acquiring here and since when; nothing about the patient.
 std::string noteOf(const MainState& state) {
-  const platform::Identity self = state.host.machine.identity();
   const platform::CalendarTime now = state.host.clock.localTime();
   std::array<char, 64> since{};
   std::snprintf(since.data(), since.size(), "dalle %02d:%02d del %02d/%02d/%04d", now.hour, now.minute, now.day,
                 now.month, now.year);
-  return "utente " + self.user + ", computer " + self.computer + ", processo " + std::to_string(self.process) + ",\r" +
-         since.data();
+  return lockNote(state.host.machine.identity(), since.data());
 }
 
 /// The note comes from another program: it is shown only if it is a text of one or two lines.
@@ -59,6 +58,7 @@ bool MainState::reserveDataFolder() {
     case LockOutcome::notWritable:
       return goOnWithout(*this, "Nella cartella dei dati non si puo' scrivere:\r" + attempt.told +
                                     "\rI segnali si possono vedere, ma non registrare.");
+    case LockOutcome::notOrdinary: attempt.told += ": non e' un normale file"; break;
     case LockOutcome::notOffered: break;
   }
   return goOnWithout(*this, "La cartella dei dati non si puo' riservare a questo esame:\r" + attempt.told +

@@ -1,3 +1,4 @@
+#include "frame/fault_text.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/program_values.h"
@@ -31,7 +32,7 @@ bool temporaryFileIsReady(MainState& state) {
     state.createTempFile();
     return true;
   } catch (const RuntimeError& fault) {
-    refuseRecording(state, fault.what());
+    refuseRecording(state, faultText(fault));
     return false;
   }
 }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "eeg/block.h"
 #include "frame/main_state.h"
@@ -138,9 +139,10 @@ void replayOpenFile(MainState& state) {
     replayBlocks(state, loop);
   } catch (const RuntimeError& fault) {
     rewind(state);
-    const std::string place = "La lettura si e' fermata al blocco " + std::to_string(state.blockCount);
+    Facts facts = fault.facts();
+    facts.block = state.blockCount;
     if (state.blockCount > 0) state.blockCount -= 1;  // the display stays on the last block that could be shown
-    throw RuntimeError(fault.fault, place + ".\r" + fault.what());
+    throw RuntimeError(std::move(facts));
   }
   if (!loop.fileGone()) actOnRequests(state, loop);
 }

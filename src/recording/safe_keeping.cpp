@@ -70,7 +70,7 @@ void appendWhatIsMissing(MainState& state, bool synchronised) {
 }
 
 void noteFault(MainState& state, const std::exception& fault) {
-  if (state.recordingFault.empty()) state.recordingFault = fault.what();
+  if (!state.recordingFault) state.recordingFault = factsOf(fault);
   state.recordingFaultUntold = 1;
 }
 
@@ -98,7 +98,7 @@ bool attemptWrite(MainState& state, const std::function<void()>& step) {
 
 void completeTemporaryFile(MainState& state, bool synchronised) {
   // After a failed write, only the file itself shows how much was written.
-  state.temporaryWritten = placeToContinue(state, !state.recordingFault.empty());
+  state.temporaryWritten = placeToContinue(state, state.recordingFault.has_value());
   try {
     appendWhatIsMissing(state, synchronised);
   } catch (const RuntimeError& fault) {

@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "eeg/block.h"
+#include "frame/fault_text.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/program_values.h"
@@ -64,8 +65,9 @@ void showThatItWasStopped(MainState& state) {
   state.window.messagePanel.printAt(2, 20, Colour::black, " Lettura interrotta.");
 }
 
-void tellReadFault(MainState& state, int block, const std::string& fault) {
-  state.host.dialogs.notice("La lettura si e' fermata al blocco " + std::to_string(block) + ".\r" + fault +
+void tellReadFault(MainState& state) {
+  if (!state.openingFault) return;
+  state.host.dialogs.notice(faultText(*state.openingFault) +
                             "\rSi possono rivedere e analizzare solo i blocchi precedenti.");
 }
 

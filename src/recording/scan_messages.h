@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 namespace korvinel {
 
 struct MainState;
@@ -11,7 +9,6 @@ struct MainState;
 void announceReading(MainState& state);
 void showScannedFile(MainState& state);  ///< graphs, labels and the summary on the message panel
 void showThatItWasStopped(MainState& state);
-/// Reports that the file could not be read beyond `block`, and why.
-void tellReadFault(MainState& state, int block, const std::string& fault);
+void tellReadFault(MainState& state);  ///< if the file could not be read to its end: where, and why
 
 }  // namespace korvinel

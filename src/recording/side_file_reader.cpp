@@ -44,8 +44,11 @@ class Reader {
   void readLine(const std::string& line) {
     if (line == "\r\n") return;
     const auto fields = checkedFields(line);
+    if (!fields) {
+      ++side_.damagedLines;
+      return;
+    }
     try {
-      if (!fields) throw RuntimeError(Fault::input, "");
       TextSource source(*fields);
       take(readField(source), source);
     } catch (const RuntimeError&) {
@@ -69,7 +72,7 @@ class Reader {
 
   static int indexFrom(ByteSource& source, int least) {
     const double number = readNumber(source);
-    if (!(number >= least && number <= mostNotes)) throw RuntimeError(Fault::input, "");
+    if (!(number >= least && number <= mostNotes)) throwSubscript();
     return static_cast<int>(number);
   }
 

@@ -33,7 +33,7 @@ void MainState::createTempFile() {
   setLonelySideFileAside(*this);
   temporaryContent = temporaryHeaderLine(shared.subjectName, recordingDate);
   temporaryWritten = 0;
-  recordingFault.clear();
+  recordingFault.reset();
   host.files.create(temporaryPath)->write(temporaryContent);
   temporaryWritten = static_cast<int>(temporaryContent.size());
   beginSideFile(*this);

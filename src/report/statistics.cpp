@@ -52,7 +52,7 @@ void writeHeader(ReportState& state) {
 }  // namespace
 
 float meanToTenth(double sum, int blocks) {
-  if (blocks == 0) throw RuntimeError(Fault::divisionByZero, "Divisione per zero: l'intervallo non ha blocchi");
+  if (blocks == 0) throw RuntimeError(Cause::emptyInterval);
   const auto mean = static_cast<float>(sum / blocks);
   return static_cast<float>(floorToTenth(static_cast<double>(mean)) + 0.0);
 }

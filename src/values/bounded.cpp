@@ -4,6 +4,6 @@
 
 namespace korvinel {
 
-void throwSubscript() { throw RuntimeError(Fault::subscript, "Indice fuori dai limiti"); }
+void throwSubscript() { throw RuntimeError(Cause::indexOutside); }
 
 }  // namespace korvinel

@@ -14,8 +14,7 @@ void skipBlanks(ByteSource& source) {
 }
 
 void append(std::string& field, int byte) {
-  if (field.size() >= static_cast<std::size_t>(longestField))
-    throw RuntimeError(Fault::input, "Campo troppo lungo: il file e' danneggiato");
+  if (field.size() >= static_cast<std::size_t>(longestField)) throw RuntimeError(Cause::fieldTooLong);
   field += static_cast<char>(byte);
 }
 
@@ -27,7 +26,7 @@ std::string quotedField(ByteSource& source) {
   source.take();
   std::string field;
   while (source.peek() != '"') {
-    if (source.peek() == ByteSource::end) throw RuntimeError(Fault::input, "Mancano le virgolette finali di un testo");
+    if (source.peek() == ByteSource::end) throw RuntimeError(Cause::quoteMissing);
     append(field, source.take());
   }
   source.take();
@@ -40,7 +39,7 @@ std::string quotedField(ByteSource& source) {
 
 std::string readField(ByteSource& source) {
   skipBlanks(source);
-  if (source.peek() == ByteSource::end) throw RuntimeError(Fault::input, "Fine del file inattesa");
+  if (source.peek() == ByteSource::end) throw RuntimeError(Cause::endOfFile);
   if (source.peek() == '"') return quotedField(source);
   std::string field;
   while (!isDelimiter(source.peek()) && source.peek() != ByteSource::end) append(field, source.take());

@@ -13,9 +13,9 @@ Fixed Fixed::nearestToLarge(double exact) {
   return fromCount(static_cast<std::int64_t>(rounded));
 }
 
-void Fixed::overflow() { throw RuntimeError(Fault::overflow, "Numero troppo grande per quattro decimali in 64 bit"); }
+void Fixed::overflow() { throw RuntimeError(Cause::tooLargeForFixed); }
 
-void Fixed::divisionByZero() { throw RuntimeError(Fault::divisionByZero, "Divisione per zero"); }
+void Fixed::divisionByZero() { throw RuntimeError(Cause::zeroDivisor); }
 
 double floorToTenth(double number) { return std::floor(number * 10.0) / 10.0; }
 

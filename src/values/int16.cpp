@@ -12,6 +12,6 @@ Int16 Int16::nearest(double number) {
   return Int16(static_cast<int>(rounded));
 }
 
-void Int16::overflow() { throw RuntimeError(Fault::overflow, "Numero troppo grande per un campo di 16 bit"); }
+void Int16::overflow() { throw RuntimeError(Cause::tooLargeFor16Bits); }
 
 }  // namespace korvinel

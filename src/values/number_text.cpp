@@ -19,6 +19,9 @@ std::string fixedNotation(Number number) {
   return {buffer.data(), result.ptr};
 }
 
+/// Enough to find it in the file.
+std::string shortened(std::string_view text) { return std::string(text.substr(0, 40)); }
+
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 struct ParsedNumber {
@@ -40,7 +43,7 @@ ParsedNumber parseNumber(std::string_view text) {
     // Too small becomes zero; too large is a fault.
     parsed.value = std::strtod(std::string(digits.data(), end).c_str(), nullptr);
     if (std::abs(parsed.value) > 1.0)
-      throw RuntimeError(Fault::overflow, "Numero troppo grande: " + std::string(text.substr(0, 40)));
+      throw RuntimeError(Facts{.cause = Cause::tooLargeForAnyNumber, .text = shortened(text)});
   }
   return parsed;
 }
@@ -80,7 +83,7 @@ double wholeNumber(std::string_view text) {
   const std::string_view trimmed = withoutLeadingBlanks(text);
   const ParsedNumber parsed = parseNumber(trimmed);
   if (parsed.length == 0 || !withoutLeadingBlanks(trimmed.substr(parsed.length)).empty())
-    throw RuntimeError(Fault::input, "Numero non valido: \"" + std::string(text.substr(0, 40)) + "\"");
+    throw RuntimeError(Facts{.cause = Cause::noNumber, .text = shortened(text)});
   return parsed.value;
 }
 

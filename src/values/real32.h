@@ -11,8 +11,7 @@ namespace korvinel {
 /// which a plain conversion is undefined. NaN and infinities are returned unchanged.
 [[nodiscard]] inline float toFloat(double number) {
   constexpr auto largest = static_cast<double>(std::numeric_limits<float>::max());
-  if (std::abs(number) > largest && !std::isinf(number))
-    throw RuntimeError(Fault::overflow, "Numero troppo grande per un campo di 32 bit");
+  if (std::abs(number) > largest && !std::isinf(number)) throw RuntimeError(Cause::tooLargeFor32Bits);
   return static_cast<float>(number);
 }
 

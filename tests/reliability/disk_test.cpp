@@ -150,7 +150,7 @@ struct WornFiles : MemoryFiles {
     int take() override { return good(), file->take(); }
     [[nodiscard]] std::int64_t position() const override { return file->position(); }
     void good() const {
-      if (file->position() > 100) throw RuntimeError(Fault::input, "Impossibile leggere");
+      if (file->position() > 100) throw RuntimeError(Cause::notReadable);
     }
     std::unique_ptr<platform::InputFile> file;
   };

@@ -316,7 +316,7 @@ class Monkey {
 
   /// Allows only the faults that bad files and bad intervals may cause.
   void judge(const std::exception& cause) {
-    const std::string fault = cause.what();
+    const std::string fault = faultText(cause);
     const bool emptyRecording = program_.shared.fileBlockCount == 0 && fault == "Divisione per zero";
     const bool allowed = emptyRecording || fault.starts_with("Impossibile ") ||
                          fault.starts_with("La lettura si e' fermata") ||

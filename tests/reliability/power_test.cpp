@@ -71,7 +71,7 @@ struct LateRoom : platform::MemoryFiles {
   std::unique_ptr<platform::OutputFile> openForAppending(const std::string& path) override {
     if (!path.ends_with(".QVD")) return MemoryFiles::openForAppending(path);
     freeSpace = 1'000'000;
-    throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path);
+    throw RuntimeError(Facts{.cause = Cause::notWritable, .path = path});
   }
 };
 struct LatePowerFailure : PowerFailure {

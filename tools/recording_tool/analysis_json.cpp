@@ -1,4 +1,5 @@
 #include "recording_tool/analysis_output.h"
+#include "recording_tool/fault_text.h"
 #include "report/band_rows.h"
 #include "report/noise_curve.h"
 #include "values/runtime_error.h"
@@ -61,11 +62,12 @@ Json reportJson(const Workbench& bench) {
 
 std::string reportError(const Workbench& bench) {
   if (!bench.reportFault) return "";
-  switch (bench.reportFault->fault) {
+  switch (kindOf(bench.reportFault->cause)) {
     case Fault::divisionByZero: return "division by zero";
     case Fault::overflow: return "overflow";
     case Fault::subscript: return "subscript out of range";
-    default: return bench.reportFault->what();
+    case Fault::input:
+    case Fault::output: return reasonOf(*bench.reportFault);
   }
 }
 

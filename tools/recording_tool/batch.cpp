@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "recording_tool/batch_journal.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/messages.h"
 #include "recording_tool/progress_bar.h"
 #include "recording_tool/safe_output.h"
@@ -119,7 +120,7 @@ int runBatch(const std::vector<std::string>& recordings, const BatchOptions& opt
       tell(options.output, std::to_string(errors) + " of " + std::to_string(rows.size()) + " rows have an error");
     return errors > 0 ? failed : done;
   } catch (const RuntimeError& fault) {
-    throw ToolError(options.output, std::string("cannot be written: ") + fault.what());
+    throw ToolError(options.output, "cannot be written: " + faultText(fault));
   }
 }
 

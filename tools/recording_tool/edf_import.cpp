@@ -13,6 +13,7 @@
 #include "recording/data_paths.h"
 #include "recording_tool/channel_choice.h"
 #include "recording_tool/channel_stream.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/host_files.h"
 #include "recording_tool/messages.h"
 #include "recording_tool/safe_output.h"
@@ -56,8 +57,8 @@ class Importing {
     while (takeBlock()) state_.appendBlockToTemp();
     if (blocks_ == 0) throw ToolError(file_.shownAs(), "holds no samples");
     state_.assembleDataFile();
-    if (!state_.recordingFault.empty())
-      throw ToolError(file_.shownAs(), "cannot be imported: " + state_.recordingFault);
+    if (state_.recordingFault)
+      throw ToolError(file_.shownAs(), "cannot be imported: " + reasonOf(*state_.recordingFault));
     tellChanges();
     return {bench_->files.root.content[std::string(dataFolder) + dataFileName], std::move(told_)};
   }

@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
+#include "recording_tool/fault_text.h"
 #include "recording_tool/tool_error.h"
 #include "recording_tool/utf8_path.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 namespace {
@@ -16,22 +16,17 @@ void requireOrdinaryFile(const std::string& path) {
   const fs::file_status status = fs::status(pathOf(path), error);
   if (!fs::exists(status))
     throw ToolError(path, "cannot be read: " + (error ? error.message() : "there is no such file"));
-  if (!fs::is_regular_file(status)) throw ToolError(path, "cannot be read: it is no ordinary file");
+  if (!fs::is_regular_file(status)) throw ToolError(path, "cannot be read: it is not an ordinary file");
 }
 
 }  // namespace
-
-std::string reasonOf(const std::string& message) {
-  const std::size_t lineEnd = message.rfind('\r');
-  return lineEnd == std::string::npos ? message : message.substr(lineEnd + 1);
-}
 
 std::unique_ptr<platform::InputFile> openInput(const std::string& path) {
   requireOrdinaryFile(path);
   try {
     return platform::hostFiles("")->openForReading(absolutePath(path));
   } catch (const RuntimeError& fault) {
-    throw ToolError(path, "cannot be read: " + reasonOf(fault.what()));
+    throw ToolError(path, "cannot be read: " + reasonOf(fault));
   }
 }
 
@@ -45,8 +40,7 @@ std::string readAll(const std::string& path, std::int64_t most) {
       bytes += static_cast<char>(static_cast<unsigned char>(file->take()));
     }
   } catch (const RuntimeError& fault) {
-    throw ToolError(path,
-                    "cannot be read: " + reasonOf(fault.what()) + ", at byte " + std::to_string(file->position()));
+    throw ToolError(path, "cannot be read: " + reasonOf(fault) + ", at byte " + std::to_string(file->position()));
   }
   return bytes;
 }

@@ -20,7 +20,4 @@ namespace korvinel::tool {
 /// Whether both names refer to one existing file.
 [[nodiscard]] bool isSameFile(const std::string& first, const std::string& second);
 
-/// The last line of a core message: the system's reason.
-[[nodiscard]] std::string reasonOf(const std::string& message);
-
 }  // namespace korvinel::tool

@@ -3,13 +3,13 @@
 #include <nlohmann/json.hpp>
 
 #include "eeg/block.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/host_files.h"
 #include "recording_tool/inspection.h"
 #include "recording_tool/json_text.h"
 #include "recording_tool/messages.h"
 #include "recording_tool/tool_error.h"
 #include "values/number_text.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 namespace {
@@ -22,8 +22,7 @@ Inspection inspectFile(const std::string& path) {
   try {
     return inspect(*file);
   } catch (const RuntimeError& fault) {
-    throw ToolError(path,
-                    "cannot be read: " + reasonOf(fault.what()) + ", at byte " + std::to_string(file->position()));
+    throw ToolError(path, "cannot be read: " + reasonOf(fault) + ", at byte " + std::to_string(file->position()));
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/machine.h"
 #include "recording/data_paths.h"
+#include "recording/lock_note.h"
 #include "recording_tool/messages.h"
 #include "recording_tool/tool_error.h"
 #include "recording_tool/utf8_path.h"
@@ -23,10 +24,15 @@ std::string oneLine(std::string text) {
   return text;
 }
 
-std::string ownNote() {
-  const platform::Identity self = platform::hostIdentity();
-  return "utente " + self.user + ", computer " + self.computer + ", processo " + std::to_string(self.process) +
-         ",\rkorvinel-recording recover";
+std::string ownNote() { return lockNote(platform::hostIdentity(), "korvinel-recording recover"); }
+
+/// Who records, or recovers, there.
+std::string holderOf(const std::string& note) {
+  const auto holder = holderIn(note);
+  if (!holder) return "by another program";
+  const std::string since = holder->since.empty() ? "" : ", since " + holder->since + " on " + holder->day;
+  return oneLine("by user " + holder->self.user + " on computer " + holder->self.computer + ", process " +
+                 std::to_string(holder->self.process) + since);
 }
 
 /// The folder's lock file; "" if the file is not one that is recorded into, or nobody has ever recorded there.
@@ -45,9 +51,12 @@ std::unique_ptr<platform::FileLock> holdAgainstRecording(const std::string& temp
   if (lockPath.empty()) return nullptr;
   platform::LockAttempt attempt = platform::hostFiles("")->lock(lockPath, ownNote());
   if (attempt.outcome == platform::LockOutcome::held)
-    throw ToolError(temporaryFile, "is being recorded into, and is left alone: " + oneLine(attempt.told));
+    throw ToolError(temporaryFile, "is being recorded into, and is left alone: " + holderOf(attempt.told));
   if (attempt.outcome != platform::LockOutcome::taken)
-    tell(temporaryFile, "whether it is being recorded into could not be found out: " + attempt.told);
+    tell(temporaryFile,
+         "whether it is being recorded into could not be found out: " +
+             (attempt.outcome == platform::LockOutcome::notOrdinary ? attempt.told + " is not an ordinary file"
+                                                                    : attempt.told));
   return std::move(attempt.lock);
 }
 

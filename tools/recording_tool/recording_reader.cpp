@@ -5,9 +5,9 @@
 
 #include "eeg/montage.h"
 #include "recording/channel_record.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/host_files.h"
 #include "recording_tool/tool_error.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 namespace {
@@ -44,8 +44,7 @@ bool RecordingReader::next(Block& block) {
     else
       readNumberBlock(*file_, channels, block);
   } catch (const RuntimeError& fault) {
-    throw ToolError(path_,
-                    "cannot be read: " + reasonOf(fault.what()) + ", at byte " + std::to_string(file_->position()));
+    throw ToolError(path_, "cannot be read: " + reasonOf(fault) + ", at byte " + std::to_string(file_->position()));
   }
   forEachSample(block, [this](float& sample) {
     if (!std::isnan(sample)) return;

@@ -5,13 +5,13 @@
 #include "recording/channel_record.h"
 #include "recording/record_line.h"
 #include "recording/side_file.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/host_files.h"
 #include "recording_tool/recording_guard.h"
 #include "recording_tool/safe_output.h"
 #include "recording_tool/temporary_reader.h"
 #include "recording_tool/tool_error.h"
 #include "recording_tool/utf8_path.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 namespace {
@@ -57,8 +57,8 @@ class Recovering {
       if (!given.empty()) throw;
       told_.emplace_back(error.what());
     } catch (const RuntimeError& fault) {
-      if (!given.empty()) throw ToolError(path, "cannot be read: " + reasonOf(fault.what()));
-      told_.push_back(path + ": cannot be read: " + reasonOf(fault.what()));
+      if (!given.empty()) throw ToolError(path, "cannot be read: " + reasonOf(fault));
+      told_.push_back(path + ": cannot be read: " + reasonOf(fault));
     }
   }
 

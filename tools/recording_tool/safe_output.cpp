@@ -4,10 +4,10 @@
 #include <random>
 
 #include "recording_tool/ascii_form.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/host_files.h"
 #include "recording_tool/tool_error.h"
 #include "recording_tool/utf8_path.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::tool {
 namespace {
@@ -47,7 +47,7 @@ void writing(const std::string& path, Step&& step) {
   try {
     step();
   } catch (const RuntimeError& fault) {
-    throw ToolError(path, "cannot be written: " + reasonOf(fault.what()));
+    throw ToolError(path, "cannot be written: " + reasonOf(fault));
   }
 }
 
@@ -79,7 +79,7 @@ void SafeOutput::commit() {
     if (!force_) return disk()->rename(written, absolutePath(path_));
     std::error_code error;
     fs::rename(pathOf(written), pathOf(absolutePath(path_)), error);
-    if (error) throw RuntimeError(Fault::output, error.message());
+    if (error) throw ToolError(path_, "cannot be written: " + error.message());
   });
 }
 

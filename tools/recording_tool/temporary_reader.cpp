@@ -5,6 +5,7 @@
 
 #include "recording/channel_record.h"
 #include "recording/record_line.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/host_files.h"
 #include "recording_tool/tool_error.h"
 #include "values/code_page.h"
@@ -29,8 +30,7 @@ void TemporaryReader::reading(Step&& step) {
   try {
     step();
   } catch (const RuntimeError& fault) {
-    throw ToolError(path_,
-                    "cannot be read: " + reasonOf(fault.what()) + ", at byte " + std::to_string(file_->position()));
+    throw ToolError(path_, "cannot be read: " + reasonOf(fault) + ", at byte " + std::to_string(file_->position()));
   }
 }
 

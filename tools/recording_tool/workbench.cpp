@@ -1,6 +1,5 @@
 #include "recording_tool/workbench.h"
 
-#include <algorithm>
 #include <ctime>
 #include <filesystem>
 
@@ -9,6 +8,7 @@
 #include "platform/disk/installation.h"
 #include "platform/host_paths.h"
 #include "platform/skip_on_fault.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/host_files.h"
 #include "recording_tool/tool_error.h"
 #include "values/field_reader.h"
@@ -32,18 +32,13 @@ const platform::CalendarTime& today() {
   return day;
 }
 
-std::string oneLine(std::string text) {
-  std::replace(text.begin(), text.end(), '\r', ' ');
-  return text;
-}
-
 void requireFactors(const std::string& path, const std::string& bytes) {
   TextSource source(bytes);
   Bounded<float, 130> factors;
   try {
     readCalibration(source, factors);
   } catch (const RuntimeError& fault) {
-    throw ToolError(path, "is no calibration file: " + oneLine(fault.what()));
+    throw ToolError(path, "is no calibration file: " + reasonOf(fault));
   }
 }
 
@@ -77,6 +72,7 @@ Workbench::Workbench(const AnalysisOptions& options)
   files.root.content[settingsPath] = platform::defaultSettings();
   files.root.content[calibrationPath] = options.factors.empty() ? platform::defaultFactors() : options.factors;
   host_.time.setDate(today());
+  host_.edge.onFault = [this](const std::exception& fault) { fault_ = factsOf(fault); };
   tieControls(state, host_.edge);
   tieReport(report, host_.edge);
   host_.windows.onReport = [this] { loadReport(); };
@@ -91,19 +87,17 @@ void Workbench::open(const std::string& path) {
   (void)openInput(path);
   files.recording = absolutePath(path);
   host_.dialogs.files.push_back(files.recording);
+  fault_.reset();
   window.Openx.press();
-  // A box is shown only if the file cannot be read, or not to its end.
-  const bool told = host_.dialogs.shown.back().kind == "notice";
-  if (state.intervalSelectable != 1 || told)
-    throw ToolError(path, "cannot be opened: " + oneLine(reasonOf(lastMessage())));
+  if (state.intervalSelectable != 1 || state.openingFault)
+    throw ToolError(path, "cannot be opened: " + openingReason());
   if (state.fileVersionTag != "V3" && state.fileVersionTag != "V4")
     throw ToolError(path, "holds no samples that can be read: its version is '" + state.fileVersionTag + "'");
 }
 
-/// The program's last message: a fault, or a box that it showed.
-std::string Workbench::lastMessage() const {
-  if (!host_.faults.empty()) return host_.faults.back();
-  return host_.dialogs.shown.empty() ? "unknown reason" : host_.dialogs.shown.back().text;
+std::string Workbench::openingReason() const {
+  if (state.openingFault) return reasonOf(*state.openingFault);
+  return fault_ ? reasonOf(*fault_) : "unknown reason";
 }
 
 void Workbench::chooseInterval() {
@@ -132,7 +126,7 @@ void Workbench::loadReport() {
   try {
     report.loadReport();
   } catch (const RuntimeError& fault) {
-    reportFault = fault;
+    reportFault = fault.facts();
   }
 }
 

@@ -85,6 +85,7 @@ class Workbench {
   AnalysisOptions options_;
   platform::HeadlessPlatform host_;
   int scannedBlocks_ = 0;
+  std::optional<Facts> fault_;  ///< that ended the last operation
 
  public:
   ToolFiles files;
@@ -95,10 +96,10 @@ class Workbench {
   ReportWindow reportWindow;
   CommentWindow comments;
   ReportState report{reportWindow, comments, shared, platform};
-  std::optional<RuntimeError> reportFault;
+  std::optional<Facts> reportFault;
 
  private:
-  [[nodiscard]] std::string lastMessage() const;
+  [[nodiscard]] std::string openingReason() const;
   void chooseInterval();
   void loadReport();
 };

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <random>
+#include <utility>
 
 #include "platform/folders.h"
 #include "platform/host_paths.h"
@@ -48,7 +49,9 @@ void installRootWhenAbsent(Files& files, const std::string& dataFolder) {
   } catch (const std::exception& cause) {
     std::error_code ignored;
     fs::remove_all(unfinished, ignored);
-    throw RuntimeError(Fault::output, "Impossibile creare la cartella " + root.string() + ":\r" + cause.what());
+    Facts facts = factsOf(cause);
+    facts.installation = root.string();
+    throw RuntimeError(std::move(facts));
   }
 }
 

@@ -10,6 +10,10 @@ namespace {
 
 constexpr std::string_view separators = "/\\";  // of the host's paths, and of the program's
 
+[[noreturn]] void fail(Cause cause, const std::string& path, const char* reason = "", const std::string& newPath = "") {
+  throw RuntimeError(Facts{.cause = cause, .path = path, .newPath = newPath, .systemReason = reason});
+}
+
 }  // namespace
 
 class MemoryFiles::Input : public InputFile {
@@ -17,8 +21,7 @@ class MemoryFiles::Input : public InputFile {
   Input(const MemoryFiles& files, std::string path, std::string bytes, std::size_t failingAt)
       : files_(files), path_(std::move(path)), bytes_(std::move(bytes)), failingAt_(failingAt) {}
   int peek() override {
-    if (next_ >= failingAt_ || files_.isGone(path_))
-      throw RuntimeError(Fault::input, "Impossibile leggere il file " + path_);
+    if (next_ >= failingAt_ || files_.isGone(path_)) fail(Cause::notReadable, path_);
     return next_ < bytes_.size() ? static_cast<unsigned char>(bytes_[next_]) : end;
   }
   int take() override {
@@ -44,13 +47,13 @@ class MemoryFiles::Output : public OutputFile {
     const std::string_view fitting = bytes.substr(0, room);
     files_.content[path_] += fitting;
     files_.freeSpace -= static_cast<std::int64_t>(fitting.size());
-    if (fitting.size() < bytes.size()) throw RuntimeError(Fault::output, "Disco pieno: " + path_);
+    if (fitting.size() < bytes.size()) fail(Cause::notWritable, path_, "No space left on device");
   }
   void synchronise() override { refuseIfGone(); }
 
  private:
   void refuseIfGone() const {
-    if (files_.isGone(path_)) throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path_);
+    if (files_.isGone(path_)) fail(Cause::notWritable, path_);
   }
 
   MemoryFiles& files_;
@@ -76,8 +79,9 @@ class MemoryFiles::Lock : public FileLock {
 
 LockAttempt MemoryFiles::lock(const std::string& path, const std::string& note) {
   if (locked_.contains(path)) return {LockOutcome::held, nullptr, content.contains(path) ? content[path] : ""};
-  if (isGone(path) || (readOnly && !content.contains(path))) return {LockOutcome::notWritable, nullptr, "Sola lettura"};
-  if (!offersLocks) return {LockOutcome::notOffered, nullptr, "Blocchi non disponibili"};
+  if (isGone(path) || (readOnly && !content.contains(path)))
+    return {LockOutcome::notWritable, nullptr, "Read-only file system"};
+  if (!offersLocks) return {LockOutcome::notOffered, nullptr, "No locks available"};
   if (!readOnly) content[path] = note;
   return {LockOutcome::taken, std::make_unique<Lock>(*this, path), ""};
 }
@@ -85,8 +89,7 @@ LockAttempt MemoryFiles::lock(const std::string& path, const std::string& note) 
 std::unique_ptr<InputFile> MemoryFiles::openForReading(const std::string& path) {
   const bool refused = std::find(unreadable.begin(), unreadable.end(), path) != unreadable.end();
   const auto found = content.find(path);
-  if (refused || isGone(path) || found == content.end())
-    throw RuntimeError(Fault::input, "Impossibile leggere il file " + path);
+  if (refused || isGone(path) || found == content.end()) fail(Cause::notReadable, path);
   const auto failing = failingAt.find(path);
   return std::make_unique<Input>(*this, path, found->second,
                                  failing == failingAt.end() ? std::string::npos : failing->second);
@@ -100,7 +103,7 @@ std::unique_ptr<OutputFile> MemoryFiles::create(const std::string& path) {
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::createNew(const std::string& path) {
-  if (exists(path)) throw RuntimeError(Fault::output, "Esiste gia': " + path);
+  if (exists(path)) fail(Cause::notWritable, path, "File exists");
   return create(path);
 }
 
@@ -113,7 +116,7 @@ std::unique_ptr<OutputFile> MemoryFiles::openForAppending(const std::string& pat
 
 void MemoryFiles::remove(const std::string& path) {
   refuseIfReadOnly(path);
-  if (content.erase(path) == 0) throw RuntimeError(Fault::output, "Impossibile cancellare il file " + path);
+  if (content.erase(path) == 0) fail(Cause::notRemovable, path);
 }
 
 void MemoryFiles::rename(const std::string& from, const std::string& to) {
@@ -121,8 +124,8 @@ void MemoryFiles::rename(const std::string& from, const std::string& to) {
   refuseIfReadOnly(to);
   refuseBadName(to);
   const auto found = content.find(from);
-  if (found == content.end() || content.contains(to))
-    throw RuntimeError(Fault::output, "Impossibile rinominare il file " + from + ": " + to);
+  if (found == content.end()) fail(Cause::notRenamable, from, "No such file or directory", to);
+  if (content.contains(to)) fail(Cause::notRenamable, from, "File exists", to);
   content[to] = std::move(found->second);
   content.erase(from);
 }
@@ -157,11 +160,11 @@ bool MemoryFiles::isFolder(const std::string& path) const {
 void MemoryFiles::refuseBadName(const std::string& path) {
   const std::size_t name = path.find_last_of(separators) + 1;
   if (isFolder(path) || nameFault(path.substr(0, name), path.substr(name)) != NameFault::none)
-    throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path);
+    fail(Cause::notWritable, path);
 }
 
 void MemoryFiles::refuseIfReadOnly(const std::string& path) const {
-  if (readOnly || isGone(path)) throw RuntimeError(Fault::output, "Impossibile scrivere il file " + path);
+  if (readOnly || isGone(path)) fail(Cause::notWritable, path);
 }
 
 }  // namespace korvinel::platform

@@ -21,15 +21,14 @@ bool areLineSettings(std::string_view settings) {
 }  // namespace
 
 void ScriptedSerialPort::setSettings(std::string_view settings) {
-  if (!areLineSettings(settings))
-    throw PortFault("Impostazioni della porta seriale non valide: " + std::string(settings));
+  if (!areLineSettings(settings)) throw PortFault(Facts{.cause = Cause::portSettings, .text = std::string(settings)});
   settings_ = settings;
 }
 
 void ScriptedSerialPort::open() {
   happened("open " + std::to_string(selected_) + " " + settings_);
   fail();
-  if (unplugged_) throw PortFault("COM" + std::to_string(selected_) + " non c'e'");
+  if (unplugged_) throw PortFault(Facts{.cause = Cause::portMissing, .path = "COM" + std::to_string(selected_)});
   open_ = true;
 }
 
@@ -48,7 +47,7 @@ void ScriptedSerialPort::fail() {
 void ScriptedSerialPort::raise(const std::string& modemLine) {
   if (!connected()) {
     fail();
-    throw PortFault("La porta seriale non risponde");
+    throw PortFault(Cause::portSilent);
   }
   happened(modemLine);
 }
@@ -74,7 +73,7 @@ void ScriptedSerialPort::takeFromSystem() {
 void ScriptedSerialPort::write(std::string_view bytes) {
   if (!connected()) {
     fail();
-    throw PortFault("La porta seriale non risponde");
+    throw PortFault(Cause::portSilent);
   }
   std::string event = "write";
   for (const char byte : bytes) event += " " + std::to_string(static_cast<unsigned char>(byte));

@@ -17,14 +17,11 @@
 #include "platform/qt/appearance.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/surface_painter.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::platform {
 namespace {
 
 constexpr double dotsPerUnit = 2;  // of pictures, as on a high-density screen
-
-[[noreturn]] void fail(const std::string& reason) { throw RuntimeError(Fault::output, reason); }
 
 /// Only the toolkit's last message before it ends the program; the others are for programmers.
 void tellWhatEndsTheProgram(QtMsgType type, const QMessageLogContext&, const QString& message) {
@@ -43,7 +40,7 @@ void startToolkit() {
     static QGuiApplication toolkit(count, arguments);
     std::setlocale(LC_NUMERIC, "C");
   }
-  if (QFontDatabase::families().isEmpty()) fail("no font is installed");
+  if (QFontDatabase::families().isEmpty()) throw PageFault(PageFailure::noFont);
 }
 
 /// `scale`: units of the painter in one unit of the page.
@@ -63,11 +60,11 @@ void paintPage(QPainter& painter, const Page& page, double scale) {
 
 void paintOn(QPaintDevice& device, const Page& page, double scale, const QPointF& corner) {
   QPainter painter;
-  if (!painter.begin(&device)) fail("the page cannot be begun");
+  if (!painter.begin(&device)) throw PageFault(PageFailure::notBegun);
   painter.setFont(calmLetters());
   painter.translate(corner);
   paintPage(painter, page, scale);
-  if (!painter.end()) fail("the page cannot be finished");
+  if (!painter.end()) throw PageFault(PageFailure::notFinished);
 }
 
 /// On A4 across, as large as the margins allow.
@@ -97,7 +94,7 @@ void writePng(const Page& page, QIODevice& file) {
                  QImage::Format_RGB32);
   paintOn(picture, page, dotsPerUnit, {0, 0});
   QImageWriter writer(&file, "png");
-  if (!writer.write(picture)) fail(writer.errorString().toStdString());
+  if (!writer.write(picture)) throw PageFault(PageFailure::notEncoded, writer.errorString().toStdString());
 }
 
 }  // namespace

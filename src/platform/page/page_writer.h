@@ -1,5 +1,6 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,21 @@ struct Page {
 
 enum class PageFormat { pdf, png, svg };
 
+enum class PageFailure {
+  noFont,  ///< none is installed
+  notBegun,
+  notFinished,
+  notEncoded,  ///< as a picture
+};
+
+/// A page that cannot be made. what() is the toolkit's own reason, "" if it has none.
+struct PageFault : std::runtime_error {
+  explicit PageFault(PageFailure what, const std::string& reason = "") : std::runtime_error(reason), failure(what) {}
+  PageFailure failure;
+};
+
 /// The bytes of a file with the page, painted without a screen by the same code that paints the windows. The first call
-/// starts the toolkit; all calls must come from one thread. A RuntimeError (output) if no font is installed.
+/// starts the toolkit; all calls must come from one thread. Throws PageFault.
 [[nodiscard]] std::string pageBytes(const Page& page, PageFormat format);
 
 }  // namespace korvinel::platform

@@ -78,7 +78,8 @@ void makeFolders(const std::string& path) {
   const std::size_t slash = path.find_last_of('/');
   if (slash != std::string::npos && slash > 0) makeFolders(path.substr(0, slash));
   const bool made = mkdir(path.c_str(), modeOfNewFolder(path)) == 0 || (errno == EEXIST && isFolder(path));
-  if (!made) throw RuntimeError(Fault::output, systemMessage(errno) + ": " + path);
+  if (!made)
+    throw RuntimeError(Facts{.cause = Cause::folderNotMade, .path = path, .systemReason = systemMessage(errno)});
 }
 
 }  // namespace korvinel::platform

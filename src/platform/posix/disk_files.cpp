@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 
 #include "platform/buffered_input.h"
 #include "platform/host_paths.h"
@@ -22,27 +23,34 @@ namespace {
 
 using Place = DiskFiles::Place;
 
-[[noreturn]] void fail(Fault fault, const char* what, const Place& file, const std::string& reason) {
-  const std::string where = file.path == file.onDisk ? "" : "\r(" + file.onDisk + ")";
-  throw RuntimeError(fault, std::string("Impossibile ") + what + " il file " + file.path + ":\r" + reason + where);
+/// Why the system does not open a file, or that it is not an ordinary one.
+struct Refusal {
+  std::string systemReason = {};
+  bool notOrdinary = false;
+};
+
+[[noreturn]] void fail(Cause cause, const Place& file, const Refusal& refusal, const std::string& newPath = "") {
+  throw RuntimeError(Facts{.cause = cause,
+                           .path = file.path,
+                           .placeOnDisk = file.path == file.onDisk ? "" : file.onDisk,
+                           .newPath = newPath,
+                           .notOrdinary = refusal.notOrdinary,
+                           .systemReason = refusal.systemReason});
 }
 
-[[noreturn]] void failReading(const Place& file, const std::string& reason) {
-  fail(Fault::input, "leggere", file, reason);
+/// With the system's reason for an `errno`.
+[[noreturn]] void fail(Cause cause, const Place& file, int error, const std::string& newPath = "") {
+  fail(cause, file, Refusal{.systemReason = systemMessage(error)}, newPath);
 }
 
-[[noreturn]] void failWriting(const Place& file, const std::string& reason) {
-  fail(Fault::output, "scrivere", file, reason);
-}
-
-/// Opens without waiting for the other end of a pipe; returns the reason of a failure, or "".
-std::string openOrdinaryFile(const std::string& path, int how, FileDescriptor& file) {
+/// Opens without waiting for the other end of a pipe.
+std::optional<Refusal> openOrdinaryFile(const std::string& path, int how, FileDescriptor& file) {
   const mode_t mode = (how & O_CREAT) != 0 ? modeOfNewFile(path) : 0;
   file = FileDescriptor(::open(path.c_str(), how | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode));
-  if (!file.isOpen()) return systemMessage(errno);
   struct stat status {};
-  if (fstat(file.get(), &status) != 0) return systemMessage(errno);
-  return S_ISREG(status.st_mode) ? "" : "non e' un normale file";
+  if (!file.isOpen() || fstat(file.get(), &status) != 0) return Refusal{.systemReason = systemMessage(errno)};
+  if (!S_ISREG(status.st_mode)) return Refusal{.notOrdinary = true};
+  return std::nullopt;
 }
 
 class DiskInput : public BufferedInput {
@@ -54,7 +62,7 @@ class DiskInput : public BufferedInput {
     ssize_t count = 0;
     do count = ::read(file_.get(), room.data(), room.size());
     while (count < 0 && errno == EINTR);
-    if (count < 0) failReading(place_, systemMessage(errno));
+    if (count < 0) fail(Cause::notReadable, place_, errno);
     return static_cast<std::size_t>(count);
   }
 
@@ -70,13 +78,13 @@ class DiskOutput : public OutputFile {
     while (!bytes.empty()) {
       const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
       if (count < 0 && errno == EINTR) continue;
-      if (count <= 0) failWriting(place_, systemMessage(count < 0 ? errno : ENOSPC));
+      if (count <= 0) fail(Cause::notWritable, place_, count < 0 ? errno : ENOSPC);
       bytes.remove_prefix(static_cast<std::size_t>(count));
     }
   }
 
   void synchronise() override {
-    if (fsync(file_.get()) != 0) failWriting(place_, systemMessage(errno));
+    if (fsync(file_.get()) != 0) fail(Cause::notWritable, place_, errno);
     // The folder too, or a new file's name may be lost; it is not a fault if the file system cannot do that.
     const FileDescriptor folder(::open(folderOf(place_.onDisk).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen()) fsync(folder.get());
@@ -106,15 +114,15 @@ DiskFiles::Place DiskFiles::place(const std::string& path) const { return {path,
 std::unique_ptr<InputFile> DiskFiles::openForReading(const std::string& path) {
   const Place file = place(path);
   FileDescriptor descriptor;
-  const std::string failure = openOrdinaryFile(file.onDisk, O_RDONLY, descriptor);
-  if (!failure.empty()) failReading(file, failure);
+  if (const auto refusal = openOrdinaryFile(file.onDisk, O_RDONLY, descriptor))
+    fail(Cause::notReadable, file, *refusal);
   return std::make_unique<DiskInput>(std::move(descriptor), file);
 }
 
 std::unique_ptr<OutputFile> DiskFiles::openForWriting(const Place& place, int how) {
   FileDescriptor descriptor;
-  const std::string failure = openOrdinaryFile(place.onDisk, O_WRONLY | O_CREAT | how, descriptor);
-  if (!failure.empty()) failWriting(place, failure);
+  if (const auto refusal = openOrdinaryFile(place.onDisk, O_WRONLY | O_CREAT | how, descriptor))
+    fail(Cause::notWritable, place, *refusal);
   return std::make_unique<DiskOutput>(std::move(descriptor), place);
 }
 
@@ -135,14 +143,13 @@ bool DiskFiles::exists(const std::string& path) {
 
 void DiskFiles::remove(const std::string& path) {
   const Place file = place(path);
-  if (unlink(file.onDisk.c_str()) != 0) fail(Fault::output, "cancellare", file, systemMessage(errno));
+  if (unlink(file.onDisk.c_str()) != 0) fail(Cause::notRemovable, file, errno);
 }
 
 void DiskFiles::rename(const std::string& from, const std::string& to) {
   const Place source = place(from);
   const Place target = place(to);
-  if (!renameToNewName(source.onDisk, target.onDisk))
-    fail(Fault::output, "rinominare", source, systemMessage(errno) + ": " + target.path);
+  if (!renameToNewName(source.onDisk, target.onDisk)) fail(Cause::notRenamable, source, errno, target.path);
 }
 
 NameFault DiskFiles::nameFault(const std::string& folder, const std::string& name) {

@@ -97,7 +97,7 @@ LockAttempt lockFile(const std::string& path, const std::string& note) {
     leaveNote(file, note);
     return {LockOutcome::taken, std::make_unique<DiskLock>(std::move(file)), ""};
   }
-  return {LockOutcome::notOffered, nullptr, path + ": non e' un normale file"};
+  return {LockOutcome::notOrdinary, nullptr, path};
 }
 
 }  // namespace korvinel::platform

@@ -36,8 +36,7 @@ std::string userDataFolder() {
   if (folder != nullptr && folder[0] == '/') return std::string(folder) + "/korvinel";
   const std::string home = homeFolder();
   // Recordings must not go into a folder that everybody may enter and that is emptied at times.
-  if (home.empty())
-    throw RuntimeError(Fault::output, "L'utente non ha una cartella personale in cui tenere le registrazioni.");
+  if (home.empty()) throw RuntimeError(Cause::noHome);
   return home + "/.local/share/korvinel";
 }
 

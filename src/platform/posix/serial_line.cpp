@@ -18,8 +18,14 @@
 namespace korvinel::platform {
 namespace {
 
+/// `error`: an `errno`; 0 = no reason of the system's.
+PortFault portFault(Cause cause, const std::string& path, int error = 0) {
+  return PortFault(
+      Facts{.cause = cause, .path = path, .systemReason = error == 0 ? std::string() : systemMessage(error)});
+}
+
 [[noreturn]] void refuseSettings(std::string_view settings) {
-  throw PortFault("Impostazioni della porta seriale non valide: " + std::string(settings));
+  throw PortFault(Facts{.cause = Cause::portSettings, .text = std::string(settings)});
 }
 
 speed_t speedOf(std::string_view baud) {
@@ -59,16 +65,14 @@ tcflag_t framingFlags(std::string_view framing, std::string_view settings) {
 
 void requireDeviceFile(const std::string& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) != 0)
-    throw PortFault("La porta seriale " + path + " non c'e': " + systemMessage(errno));
-  if (!S_ISCHR(status.st_mode)) throw PortFault(path + " non e' una porta seriale");
+  if (::stat(path.c_str(), &status) != 0) throw portFault(Cause::portMissing, path, errno);
+  if (!S_ISCHR(status.st_mode)) throw portFault(Cause::noPort, path);
 }
 
 [[noreturn]] void refuseToOpen(const std::string& path, int error) {
-  if (error == EACCES || error == EPERM)
-    throw PortFault("La porta seriale " + path + " non si apre: manca il permesso (gruppo dialout)");
-  if (error == EBUSY) throw PortFault("La porta seriale " + path + " e' gia' in uso");
-  throw PortFault("La porta seriale " + path + " non si apre: " + systemMessage(error));
+  if (error == EACCES || error == EPERM) throw portFault(Cause::portForbidden, path);
+  if (error == EBUSY) throw portFault(Cause::portInUse, path);
+  throw portFault(Cause::portNotOpened, path, error);
 }
 
 }  // namespace
@@ -93,10 +97,10 @@ void SerialLine::open() {
   requireDeviceFile(path);
   device_ = FileDescriptor(::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
   if (!isOpen()) refuseToOpen(path, errno);
-  if (isatty(device_.get()) == 0) fail(path + " non e' una porta seriale");
+  if (isatty(device_.get()) == 0) fail(portFault(Cause::noPort, path));
   // A second program on the same line would take some of the bytes.
-  if (flock(device_.get(), LOCK_EX | LOCK_NB) != 0) fail("La porta seriale " + path + " e' gia' in uso");
-  if (!configure()) fail("La porta seriale " + path + " non accetta le impostazioni: " + systemMessage(errno));
+  if (flock(device_.get(), LOCK_EX | LOCK_NB) != 0) fail(portFault(Cause::portInUse, path));
+  if (!configure()) fail(portFault(Cause::portRefusesSettings, path, errno));
   beginAnew();
 }
 
@@ -120,10 +124,10 @@ void SerialLine::close() {
 }
 
 void SerialLine::raise(int modemLine) {
-  if (!isOpen()) throw PortFault("La porta seriale e' chiusa");
+  if (!isOpen()) throw PortFault(Cause::portClosed);
   if (ioctl(device_.get(), TIOCMBIS, &modemLine) == 0) return;
   const bool lineIsMissing = errno == ENOTTY || errno == EINVAL;
-  if (!lineIsMissing) fail("La porta seriale non risponde: " + systemMessage(errno));
+  if (!lineIsMissing) fail(portFault(Cause::portSilent, "", errno));
 }
 
 void SerialLine::expectFrames(int bytesPerFrame, bool lineIsSilent) {
@@ -170,7 +174,7 @@ bool SerialLine::hungUp() const {
 }
 
 void SerialLine::write(std::string_view bytes) {
-  if (!isOpen()) throw PortFault("La porta seriale e' chiusa");
+  if (!isOpen()) throw PortFault(Cause::portClosed);
   while (!bytes.empty()) {
     const ssize_t count = ::write(device_.get(), bytes.data(), bytes.size());
     if (count > 0) {
@@ -178,7 +182,7 @@ void SerialLine::write(std::string_view bytes) {
     } else if (count < 0 && errno == EAGAIN) {
       waitUntilWritable();
     } else if (count == 0 || errno != EINTR) {
-      fail("La porta seriale non risponde: " + systemMessage(count == 0 ? EIO : errno));
+      fail(portFault(Cause::portSilent, "", count == 0 ? EIO : errno));
     }
   }
 }
@@ -186,12 +190,12 @@ void SerialLine::write(std::string_view bytes) {
 void SerialLine::waitUntilWritable() {
   constexpr int longestWaitMs = 500;
   pollfd look{device_.get(), POLLOUT, 0};
-  if (poll(&look, 1, longestWaitMs) == 0) fail("La porta seriale non accetta dati");
+  if (poll(&look, 1, longestWaitMs) == 0) fail(PortFault(Cause::portFull));
 }
 
-void SerialLine::fail(const std::string& reason) {
+void SerialLine::fail(const PortFault& fault) {
   close();
-  throw PortFault(reason);
+  throw fault;
 }
 
 }  // namespace korvinel::platform

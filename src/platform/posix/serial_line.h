@@ -54,7 +54,7 @@ class SerialLine : public BufferedLine {
   void takeArrived();
   [[nodiscard]] bool hungUp() const;
   void waitUntilWritable();
-  [[noreturn]] void fail(const std::string& reason);
+  [[noreturn]] void fail(const PortFault& fault);
 
   std::function<std::string(int)> devicePath_;
   int portNumber_ = 1;

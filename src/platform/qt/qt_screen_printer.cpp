@@ -12,13 +12,18 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
+#include <stdexcept>
 
 #include "platform/qt/focus_ring.h"
 #include "platform/qt/new_file.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::platform {
 namespace {
+
+/// Why nothing was printed, in Italian; it does not leave this file.
+struct NotPrinted : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
 
 /// A window that waits for no answer: not a box, a tool tip or a drop-down list.
 bool isWindow(const QWidget* widget) {
@@ -62,10 +67,10 @@ void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place) 
   picture.setDevicePixelRatio(1);
   const double dots = page.logicalDpiX() / millimetresPerInch;
   QPainter painter;
-  if (!painter.begin(&page)) throw RuntimeError(Fault::output, "La pagina non si puo' cominciare.");
+  if (!painter.begin(&page)) throw NotPrinted("La pagina non si puo' cominciare.");
   painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
   painter.drawImage(QRectF(place.x() * dots, place.y() * dots, place.width() * dots, place.height() * dots), picture);
-  if (!painter.end()) throw RuntimeError(Fault::output, "La stampante non ha preso la pagina.");
+  if (!painter.end()) throw NotPrinted("La stampante non ha preso la pagina.");
 }
 
 void printPicture(const QImage& picture, const QRectF& place) {
@@ -73,8 +78,7 @@ void printPicture(const QImage& picture, const QRectF& place) {
   printer.setDocName("Korvinel");
   printer.setFullPage(true);
   paintPicture(printer, picture, place);
-  if (printer.printerState() == QPrinter::Error)
-    throw RuntimeError(Fault::output, "La stampante non ha preso la pagina.");
+  if (printer.printerState() == QPrinter::Error) throw NotPrinted("La stampante non ha preso la pagina.");
 }
 
 QByteArray pdfOf(const QImage& picture, const QRectF& place) {
@@ -125,14 +129,14 @@ void QtScreenPrinter::printClipboard(double x, double y, double width, double he
   try {
     const std::string file = print({x, y, width, height});
     if (!file.empty()) dialogs_.notice("Nessuna stampante installata.\rL'immagine e' nel file\r" + file);
-  } catch (const RuntimeError& fault) {
+  } catch (const NotPrinted& fault) {
     dialogs_.notice(std::string("La stampa non e' riuscita.\r") + fault.what());
   }
 }
 
 std::string QtScreenPrinter::print(const QRectF& millimetres) {
   const QImage picture = pictureToPrint();
-  if (picture.isNull()) throw RuntimeError(Fault::output, "Non c'e' un'immagine da stampare.");
+  if (picture.isNull()) throw NotPrinted("Non c'e' un'immagine da stampare.");
   if (QPrinterInfo::availablePrinterNames().isEmpty()) return printIntoFile(picture, millimetres);
   printPicture(picture, millimetres);
   return "";
@@ -143,11 +147,10 @@ std::string QtScreenPrinter::printIntoFile(const QImage& picture, const QRectF& 
   constexpr qint64 roomForRecordings = 10'000'000;  // about ten examinations
   switch (writeNewFile(QString::fromStdString(paths_.toHost(file)), pdfOf(picture, millimetres), roomForRecordings)) {
     case NewFile::written: return file;
-    case NewFile::noRoom:
-      throw RuntimeError(Fault::output, "Lo spazio su disco e' poco e serve alle registrazioni:\r" + file);
+    case NewFile::noRoom: throw NotPrinted("Lo spazio su disco e' poco e serve alle registrazioni:\r" + file);
     case NewFile::failed: break;
   }
-  throw RuntimeError(Fault::output, "Il file non si puo' scrivere:\r" + file);
+  throw NotPrinted("Il file non si puo' scrivere:\r" + file);
 }
 
 /// The clipboard's picture, or, as long as that is our capture, the finer painting of it.

@@ -1,6 +1,7 @@
 #include "platform/windows/disk_files.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "platform/buffered_input.h"
@@ -13,16 +14,23 @@
 namespace korvinel::platform {
 namespace {
 
-[[noreturn]] void fail(Fault fault, const char* what, const std::string& path, const std::string& reason) {
-  throw RuntimeError(fault, std::string("Impossibile ") + what + " il file " + path + ":\r" + reason);
+/// Why the system does not open a file, or that it is not an ordinary one.
+struct Refusal {
+  std::string systemReason = {};
+  bool notOrdinary = false;
+};
+
+[[noreturn]] void fail(Cause cause, const std::string& path, const Refusal& refusal, const std::string& newPath = "") {
+  throw RuntimeError(Facts{.cause = cause,
+                           .path = path,
+                           .newPath = newPath,
+                           .notOrdinary = refusal.notOrdinary,
+                           .systemReason = refusal.systemReason});
 }
 
-[[noreturn]] void failReading(const std::string& path, const std::string& reason) {
-  fail(Fault::input, "leggere", path, reason);
-}
-
-[[noreturn]] void failWriting(const std::string& path, const std::string& reason) {
-  fail(Fault::output, "scrivere", path, reason);
+/// With the system's reason for an error number.
+[[noreturn]] void fail(Cause cause, const std::string& path, DWORD error, const std::string& newPath = "") {
+  fail(cause, path, Refusal{.systemReason = systemMessage(error)}, newPath);
 }
 
 /// Whether the system treats the path as a device. Opening it would access the device.
@@ -57,14 +65,14 @@ std::size_t longestName(const std::wstring& folder) {
   return longest;
 }
 
-/// Opens an ordinary file; returns the reason of a failure, or "".
-std::string openOrdinaryFile(const std::string& path, DWORD access, DWORD share, DWORD disposition, FileHandle& file) {
-  const char* const noFile = "non e' un normale file";
+std::optional<Refusal> openOrdinaryFile(const std::string& path, DWORD access, DWORD share, DWORD disposition,
+                                        FileHandle& file) {
   const std::wstring wide = wideFromUtf8(path);
-  if (namesDevice(wide)) return noFile;
+  if (namesDevice(wide)) return Refusal{.notOrdinary = true};
   file = FileHandle(CreateFileW(wide.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file.isOpen()) return systemMessage(GetLastError());
-  return GetFileType(file.get()) == FILE_TYPE_DISK ? "" : noFile;
+  if (!file.isOpen()) return Refusal{.systemReason = systemMessage(GetLastError())};
+  if (GetFileType(file.get()) != FILE_TYPE_DISK) return Refusal{.notOrdinary = true};
+  return std::nullopt;
 }
 
 class DiskInput : public BufferedInput {
@@ -75,7 +83,7 @@ class DiskInput : public BufferedInput {
   std::size_t readPiece(std::span<char> room) override {
     DWORD count = 0;
     if (ReadFile(file_.get(), room.data(), static_cast<DWORD>(room.size()), &count, nullptr) == 0)
-      failReading(path_, systemMessage(GetLastError()));
+      fail(Cause::notReadable, path_, GetLastError());
     return count;
   }
 
@@ -93,14 +101,14 @@ class DiskOutput : public OutputFile {
       const auto size = static_cast<DWORD>(std::min(bytes.size(), mostAtOnce));
       DWORD count = 0;
       if (WriteFile(file_.get(), bytes.data(), size, &count, nullptr) == 0)
-        failWriting(path_, systemMessage(GetLastError()));
-      if (count == 0) failWriting(path_, systemMessage(ERROR_DISK_FULL));
+        fail(Cause::notWritable, path_, GetLastError());
+      if (count == 0) fail(Cause::notWritable, path_, ERROR_DISK_FULL);
       bytes.remove_prefix(count);
     }
   }
 
   void synchronise() override {
-    if (FlushFileBuffers(file_.get()) == 0) failWriting(path_, systemMessage(GetLastError()));
+    if (FlushFileBuffers(file_.get()) == 0) fail(Cause::notWritable, path_, GetLastError());
   }
 
  private:
@@ -112,8 +120,8 @@ class DiskOutput : public OutputFile {
 std::unique_ptr<OutputFile> openForWriting(const std::string& path, DWORD access, DWORD disposition,
                                            DWORD share = FILE_SHARE_READ) {
   FileHandle file;
-  const std::string failure = openOrdinaryFile(path, access, share, disposition, file);
-  if (!failure.empty()) failWriting(path, failure);
+  if (const auto refusal = openOrdinaryFile(path, access, share, disposition, file))
+    fail(Cause::notWritable, path, *refusal);
   return std::make_unique<DiskOutput>(std::move(file), path);
 }
 
@@ -128,8 +136,8 @@ void addWhenListed(const WIN32_FIND_DATAW& entry, const std::string& ending, std
 std::unique_ptr<InputFile> DiskFiles::openForReading(const std::string& path) {
   constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   FileHandle file;
-  const std::string failure = openOrdinaryFile(path, GENERIC_READ, shareAll, OPEN_EXISTING, file);
-  if (!failure.empty()) failReading(path, failure);
+  if (const auto refusal = openOrdinaryFile(path, GENERIC_READ, shareAll, OPEN_EXISTING, file))
+    fail(Cause::notReadable, path, *refusal);
   return std::make_unique<DiskInput>(std::move(file), path);
 }
 
@@ -153,13 +161,12 @@ bool DiskFiles::exists(const std::string& path) {
 }
 
 void DiskFiles::remove(const std::string& path) {
-  if (DeleteFileW(wideFromUtf8(path).c_str()) == 0)
-    fail(Fault::output, "cancellare", path, systemMessage(GetLastError()));
+  if (DeleteFileW(wideFromUtf8(path).c_str()) == 0) fail(Cause::notRemovable, path, GetLastError());
 }
 
 void DiskFiles::rename(const std::string& from, const std::string& to) {
   if (MoveFileExW(wideFromUtf8(from).c_str(), wideFromUtf8(to).c_str(), MOVEFILE_WRITE_THROUGH) == 0)
-    fail(Fault::output, "rinominare", from, systemMessage(GetLastError()) + ": " + to);
+    fail(Cause::notRenamable, from, GetLastError(), to);
 }
 
 NameFault DiskFiles::nameFault(const std::string& folder, const std::string& name) {

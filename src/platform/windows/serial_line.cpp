@@ -16,6 +16,12 @@ constexpr DWORD longestWriteMs = 500;
 constexpr DWORD driverQueue = 8192;
 static_assert(driverQueue > LineWatch::fullSystemBuffer);
 
+/// `error`: the system's number; 0 = no reason of the system's.
+PortFault portFault(Cause cause, const std::string& path, DWORD error = 0) {
+  return PortFault(
+      Facts{.cause = cause, .path = path, .systemReason = error == 0 ? std::string() : systemMessage(error)});
+}
+
 /// Applies "19200,N,8,1" to a port's state; returns whether the settings are valid.
 bool lineState(const std::string& settings, DCB& state) {
   state.DCBlength = sizeof state;
@@ -29,7 +35,7 @@ bool lineState(const std::string& settings, DCB& state) {
 void SerialLine::setSettings(std::string_view settings) {
   const std::string text(settings);
   DCB state{};
-  if (!lineState(text, state)) throw PortFault("Impostazioni della porta seriale non valide: " + text);
+  if (!lineState(text, state)) throw PortFault(Facts{.cause = Cause::portSettings, .text = text});
   settings_ = text;
 }
 
@@ -41,13 +47,12 @@ void SerialLine::open() {
       CreateFileW(wideFromUtf8(path).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
   if (!isOpen()) {
     const DWORD error = GetLastError();
-    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND)
-      throw PortFault("La porta seriale " + path + " non c'e'");
-    if (error == ERROR_ACCESS_DENIED) throw PortFault("La porta seriale " + path + " e' gia' in uso");
-    throw PortFault("La porta seriale " + path + " non si apre: " + systemMessage(error));
+    if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) throw portFault(Cause::portMissing, path);
+    if (error == ERROR_ACCESS_DENIED) throw portFault(Cause::portInUse, path);
+    throw portFault(Cause::portNotOpened, path, error);
   }
-  if (GetFileType(device_.get()) != FILE_TYPE_CHAR) fail(path + " non e' una porta seriale");
-  if (!configure()) fail("La porta seriale " + path + " non accetta le impostazioni: " + systemMessage(GetLastError()));
+  if (GetFileType(device_.get()) != FILE_TYPE_CHAR) fail(portFault(Cause::noPort, path));
+  if (!configure()) fail(portFault(Cause::portRefusesSettings, path, GetLastError()));
   beginAnew();
 }
 
@@ -69,7 +74,7 @@ void SerialLine::close() {
 
 /// A device without modem lines refuses, which is not an error; a lost device shows at the next poll or write.
 void SerialLine::raise(DWORD modemLine) {
-  if (!isOpen()) throw PortFault("La porta seriale e' chiusa");
+  if (!isOpen()) throw PortFault(Cause::portClosed);
   EscapeCommFunction(device_.get(), modemLine);
 }
 
@@ -106,19 +111,19 @@ bool SerialLine::takePiece() {
 }
 
 void SerialLine::write(std::string_view bytes) {
-  if (!isOpen()) throw PortFault("La porta seriale e' chiusa");
+  if (!isOpen()) throw PortFault(Cause::portClosed);
   while (!bytes.empty()) {
     DWORD count = 0;
     if (WriteFile(device_.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) == 0)
-      fail("La porta seriale non risponde: " + systemMessage(GetLastError()));
-    if (count == 0) fail("La porta seriale non accetta dati");
+      fail(portFault(Cause::portSilent, "", GetLastError()));
+    if (count == 0) fail(PortFault(Cause::portFull));
     bytes.remove_prefix(count);
   }
 }
 
-void SerialLine::fail(const std::string& reason) {
+void SerialLine::fail(const PortFault& fault) {
   close();
-  throw PortFault(reason);
+  throw fault;
 }
 
 }  // namespace korvinel::platform

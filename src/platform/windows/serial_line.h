@@ -34,7 +34,7 @@ class SerialLine : public BufferedLine {
   void dropFromSystem() override;
   [[nodiscard]] double seconds() const override;
   [[nodiscard]] bool takePiece();
-  [[noreturn]] void fail(const std::string& reason);
+  [[noreturn]] void fail(const PortFault& fault);
 
   std::function<std::string(int)> devicePath_;
   int portNumber_ = 1;

@@ -314,7 +314,7 @@ TEST(AcquisitionTick, AFaultInOneStepDoesNotStopTheOthers) {
   HeadlessProgram program;
   program.startAcquisition();
   // Drawing the first trace fails; the turn continues with its next step.
-  program.window.firstTrace.onChanged = [] { throw RuntimeError(Fault::output, "schermo"); };
+  program.window.firstTrace.onChanged = [] { throw RuntimeError(Cause::notWritable); };
   program.acquireBlocks(2);
   EXPECT_EQ(program.state.blockCount, 2);
   EXPECT_TRUE(program.host.faults.empty());

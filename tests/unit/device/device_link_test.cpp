@@ -341,9 +341,9 @@ TEST_F(LinkTest, WhyAPortCannotBeOpenedIsKeptAndWrittenToStandardErrorOnce) {
     if (host.dialogs.shown.size() == 3) host.serialPort.plugIn();
   };
   openLink();
-  EXPECT_EQ(kept, "COM2 non c'e'");
+  EXPECT_EQ(kept, "La porta seriale COM2 non c'e'");
   EXPECT_EQ(host.dialogs.shown[0].text, linkError);  // the box's text stays
-  EXPECT_THAT(host.machine.told, ElementsAre("COM2 non c'e'"));
+  EXPECT_THAT(host.machine.told, ElementsAre("La porta seriale COM2 non c'e'"));
   EXPECT_EQ(program.state.lineFault, "");
 }
 

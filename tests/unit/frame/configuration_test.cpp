@@ -1,5 +1,7 @@
 #include "frame/configuration.h"
 
+#include "frame/fault_text.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -20,7 +22,7 @@ std::string failureOf(std::string_view text) {
   try {
     portOf(text);
   } catch (const RuntimeError& error) {
-    return error.what();
+    return faultText(error);
   }
   return "";
 }
@@ -75,7 +77,7 @@ std::string calibrationFailureOf(const std::string& text) {
   try {
     readCalibration(file, factors);
   } catch (const RuntimeError& error) {
-    return error.what();
+    return faultText(error);
   }
   return "";
 }

@@ -29,14 +29,16 @@ TEST(FaultSentence, SaysInPlainWordsWhatAFaultOfTheNumbersMeans) {
             "Operazione interrotta: Un numero e' troppo grande per il programma. (Numero troppo grande per un campo di "
             "16 bit)");
   EXPECT_EQ(
-      sentenceAfter([] { throw RuntimeError(Fault::subscript, "La lettura si e' fermata.\rIndice fuori"); }),
-      "Operazione interrotta: E' stato chiesto un dato che il programma non ha. (La lettura si e' fermata. Indice "
-      "fuori)");
+      sentenceAfter([] { throw RuntimeError(Facts{.cause = Cause::indexOutside, .block = 203}); }),
+      "Operazione interrotta: E' stato chiesto un dato che il programma non ha. (La lettura si e' fermata al blocco "
+      "203. Indice fuori dai limiti)");
 }
 
 TEST(FaultSentence, LeavesWhatIsInPlainWordsAndMakesItOneLine) {
-  EXPECT_EQ(sentenceAfter([] { throw RuntimeError(Fault::output, "Disco pieno:\rC:\\a"); }),
-            "Operazione interrotta: Disco pieno: C:\\a");
+  EXPECT_EQ(sentenceAfter([] {
+              throw RuntimeError(Facts{.cause = Cause::notWritable, .path = "C:\\a", .systemReason = "Disk full"});
+            }),
+            "Operazione interrotta: Impossibile scrivere il file C:\\a: Disk full");
 }
 
 TEST(FaultSentence, ExplainsWhatTheLibrariesThrow) {

@@ -110,7 +110,7 @@ TEST(StartUp, AMissingFileIsAFaultThatNamesIt) {
       program.state.startUp();
       FAIL() << path;
     } catch (const RuntimeError& error) {
-      EXPECT_THAT(error.what(), HasSubstr(path));
+      EXPECT_THAT(faultText(error), HasSubstr(path));
     }
   }
 }

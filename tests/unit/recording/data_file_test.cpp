@@ -324,8 +324,8 @@ TEST(SafeKeeping, TheMessageNamesTheCauseThePlaceAndWhatIsMissing) {
   recording.state.endRecording();
   ASSERT_EQ(recording.host.dialogs.shown.size(), 3U) << "asked for another place, and whether it is given up";
   EXPECT_EQ(recording.host.dialogs.shown[2].text,
-            "Errore di scrittura durante la registrazione!\rDisco pieno: " + temporary +
-                "\rI dati registrati sono conservati nel file\r" + folder +
+            "Errore di scrittura durante la registrazione!\rImpossibile scrivere il file " + temporary +
+                ":\rNo space left on device" + "\rI dati registrati sono conservati nel file\r" + folder +
                 "Tempor1 2026-11-21 10.00.00.XXX\rNe mancano gli ultimi 6 secondi.");
 }
 

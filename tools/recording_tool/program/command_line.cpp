@@ -12,6 +12,7 @@
 #include "recording_tool/channel_choice.h"
 #include "recording_tool/edf_import.h"
 #include "recording_tool/export_options.h"
+#include "recording_tool/fault_text.h"
 #include "recording_tool/info_commands.h"
 #include "recording_tool/messages.h"
 #include "recording_tool/program/report_command.h"
@@ -219,7 +220,7 @@ int runProgram(std::vector<std::string> words) {
   } catch (const ToolError& error) {
     tellError(error);
   } catch (const std::exception& error) {
-    std::cerr << "korvinel-recording: " << error.what() << '\n';
+    std::cerr << "korvinel-recording: " << faultText(error) << '\n';
   }
   return failed;
 }

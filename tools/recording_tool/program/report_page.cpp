@@ -49,6 +49,16 @@ platform::Page pageOf(const Workbench& bench, const Labels& labels) {
   return page;
 }
 
+std::string whyNotDrawn(const platform::PageFault& fault) {
+  switch (fault.failure) {
+    case platform::PageFailure::noFont: return "no font is installed";
+    case platform::PageFailure::notBegun: return "the page cannot be begun";
+    case platform::PageFailure::notFinished: return "the page cannot be finished";
+    case platform::PageFailure::notEncoded: return std::string("the picture cannot be made: ") + fault.what();
+  }
+  return "";
+}
+
 }  // namespace
 
 void requirePageEnding(const std::string& output) {
@@ -61,8 +71,8 @@ void writeReport(const Workbench& bench, const std::string& recording, const std
   const Labels labels(bench.reportWindow);
   try {
     writeWhole(output, platform::pageBytes(pageOf(bench, labels), *formatOf(output)), force);
-  } catch (const RuntimeError& fault) {
-    throw ToolError(output, std::string("cannot be drawn: ") + fault.what());
+  } catch (const platform::PageFault& fault) {
+    throw ToolError(output, "cannot be drawn: " + whyNotDrawn(fault));
   }
   if (bench.reportFault) tell(recording, "the report ends early: " + reportError(bench));
 }

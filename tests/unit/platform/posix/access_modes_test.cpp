@@ -6,12 +6,14 @@
 #include <sys/xattr.h>
 
 #include <array>
+#include <cerrno>
 #include <optional>
 
 #include "platform/disk/installation.h"
 #include "platform/folders.h"
 #include "platform/host_paths.h"
 #include "platform/posix/disk_files.h"
+#include "platform/posix/file_descriptor.h"
 #include "temporary_folder.h"
 #include "unit/platform/posix/another_process.h"
 #include "unit/platform/posix/environment.h"
@@ -194,7 +196,9 @@ TEST(NewFolder, SaysWhyItCannotBeMade) {
     makeFolders(folder / "file/a");
     FAIL() << "no fault";
   } catch (const RuntimeError& fault) {
-    EXPECT_NE(std::string(fault.what()).find(folder / "file"), std::string::npos) << fault.what();
+    EXPECT_EQ(fault.facts().cause, Cause::folderNotMade);
+    EXPECT_EQ(fault.facts().path, folder / "file");
+    EXPECT_EQ(fault.facts().systemReason, systemMessage(EEXIST));
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+#include "frame/fault_text.h"
 #include "temporary_folder.h"
 #include "values/runtime_error.h"
 
@@ -35,7 +36,7 @@ std::pair<Fault, std::string> faultOf(const std::function<void()>& action) {
   try {
     action();
   } catch (const RuntimeError& fault) {
-    return {fault.fault, fault.what()};
+    return {fault.fault, faultText(fault)};
   }
   return {Fault::overflow, "no fault"};
 }

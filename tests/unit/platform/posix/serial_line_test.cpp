@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "frame/fault_text.h"
 #include "platform/port_fault.h"
 #include "temporary_folder.h"
 #include "unit/platform/posix/pseudo_terminal.h"
@@ -18,7 +19,7 @@ std::string faultOf(const std::function<void()>& action) {
   try {
     action();
   } catch (const PortFault& fault) {
-    return fault.what();
+    return faultText(fault);
   }
   return "";
 }

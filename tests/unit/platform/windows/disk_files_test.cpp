@@ -7,7 +7,7 @@
 #include <functional>
 #include <random>
 
-#include "values/runtime_error.h"
+#include "frame/fault_text.h"
 
 namespace korvinel::platform {
 namespace {
@@ -20,7 +20,7 @@ std::pair<Fault, std::string> faultOf(const std::function<void()>& action) {
   try {
     action();
   } catch (const RuntimeError& fault) {
-    return {fault.fault, fault.what()};
+    return {fault.fault, faultText(fault)};
   }
   return {Fault::overflow, "no fault"};
 }

@@ -147,10 +147,12 @@ TEST(Recovery, LeavesAFileAloneThatIsBeingRecordedInto) {
   const std::string live = writeFile(folder / "Tempor1.XXX", temporaryFile(2));
   const std::string aside = writeFile(folder / "Tempor1 2026-11-21 10.00.00.XXX", temporaryFile(2));
   {
-    const auto recording = platform::hostFiles("")->lock(folder / "Korvinel.lock", "utente anna,\rdalle 10:00");
+    const auto recording = platform::hostFiles("")->lock(
+        folder / "Korvinel.lock", "utente anna, computer studio-1, processo 4711,\rdalle 10:05 del 21/11/2026");
     const std::string error = errorOf([&] { (void)recover(live, "", folder / "a.QVD", false); });
-    EXPECT_NE(error.find("is being recorded into, and is left alone: utente anna, dalle 10:00"), std::string::npos)
-        << error;
+    EXPECT_EQ(error, live +
+                         ": is being recorded into, and is left alone: by user anna on computer studio-1, process "
+                         "4711, since 10:05 on 21/11/2026");
     EXPECT_FALSE(std::filesystem::exists(folder / "a.QVD"));
     EXPECT_EQ(errorOf([&] { (void)recover(aside, "", folder / "b.QVD", false); }), "");
   }
@@ -163,7 +165,8 @@ TEST(Recovery, SeesARecordingThroughALinkToItsFile) {
   writeFile(folder / "data/Tempor1.XXX", temporaryFile(2));
   std::filesystem::create_symlink(folder / "data/Tempor1.XXX", folder / "link");
   const auto recording = platform::hostFiles("")->lock(folder / "data/Korvinel.lock", "anna");
-  EXPECT_NE(errorOf([&] { (void)recover(folder / "link", "", folder / "a.QVD", false); }), "");
+  EXPECT_EQ(errorOf([&] { (void)recover(folder / "link", "", folder / "a.QVD", false); }),
+            folder / "link: is being recorded into, and is left alone: by another program");
 }
 
 TEST(Recovery, LeavesNoLockFileWhereNobodyRecords) {
