@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <string_view>
+#include <system_error>
 
 namespace korvinel {
 namespace {
@@ -31,7 +32,8 @@ std::optional<LockHolder> holderIn(const std::string& note) {
   if (!nothing || !nothing->empty() || !user || !computer || !process) return std::nullopt;
   LockHolder holder{{*user, *computer, 0}, "", ""};
   const char* end = process->data() + process->size();
-  if (std::from_chars(process->data(), end, holder.self.process).ptr != end) return std::nullopt;
+  const auto parsed = std::from_chars(process->data(), end, holder.self.process);
+  if (parsed.ec != std::errc() || parsed.ptr != end) return std::nullopt;
   const auto before = takeUpTo(rest, "dalle ");
   const auto since = takeUpTo(rest, " del ");
   if (before && before->empty() && since) holder.since = *since, holder.day = rest;

@@ -69,6 +69,7 @@ std::string reportError(const Workbench& bench) {
     case Fault::input:
     case Fault::output: return reasonOf(*bench.reportFault);
   }
+  return "";
 }
 
 std::vector<BandValues> bandsOf(const ReportState& report) {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+#include "frame/fault_text.h"
 #include "platform/headless/memory_files.h"
 #include "temporary_folder.h"
 #include "values/runtime_error.h"
@@ -33,7 +34,7 @@ std::pair<Fault, std::string> faultOf(const std::function<void()>& act) {
   try {
     act();
   } catch (const RuntimeError& fault) {
-    return {fault.fault, fault.what()};
+    return {fault.fault, faultText(fault)};
   }
   return {Fault::overflow, "no fault"};
 }

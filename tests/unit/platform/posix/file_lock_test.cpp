@@ -22,7 +22,7 @@ int outcomeAt(const std::string& path) { return static_cast<int>(lockFile(path, 
 constexpr int taken = static_cast<int>(LockOutcome::taken);
 constexpr int held = static_cast<int>(LockOutcome::held);
 constexpr int notWritable = static_cast<int>(LockOutcome::notWritable);
-constexpr int notOffered = static_cast<int>(LockOutcome::notOffered);
+constexpr int notOrdinary = static_cast<int>(LockOutcome::notOrdinary);
 
 TEST(LockOfAFile, IsHeldAgainstAnotherProcessAndFreedByItsDeath) {
   const TemporaryFolder folder;
@@ -82,8 +82,8 @@ TEST(LockOfAFile, FollowsNoLinkAndTakesNothingButAFile) {
   writeFile(folder / "precious", "content");
   std::filesystem::create_symlink(folder / "precious", folder / "link");
   std::filesystem::create_directory(folder / "folder");
-  EXPECT_EQ(outcomeAt(folder / "link"), notOffered);
-  EXPECT_EQ(outcomeAt(folder / "folder"), notOffered);
+  EXPECT_EQ(outcomeAt(folder / "link"), notOrdinary);
+  EXPECT_EQ(outcomeAt(folder / "folder"), notOrdinary);
   EXPECT_EQ(contentOf(folder / "precious"), "content");
 }
 

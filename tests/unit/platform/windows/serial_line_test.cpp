@@ -1,6 +1,5 @@
 #include "platform/windows/serial_line.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -11,8 +10,6 @@
 /// What only a COM port has; what it has in common with every serial port is in serial_port_test.cpp.
 namespace korvinel::platform {
 namespace {
-
-using testing::HasSubstr;
 
 TEST(WindowsSerialLine, AReadNeverWaits) {
   if (!ComPortLine::isThere()) GTEST_SKIP() << "no COM port to test with";
