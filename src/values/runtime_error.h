@@ -37,8 +37,8 @@ enum class Cause : std::uint8_t {
   // of the file or folder `path`
   notReadable,
   notWritable,
-  notRemovable,
-  notRenamable,  ///< to `newPath`
+  notRemoved,
+  notRenamed,  ///< to `newPath`
   folderNotMade,
   noHome,  ///< the user has no home folder
   // of the serial port `path`

@@ -116,7 +116,7 @@ std::unique_ptr<OutputFile> MemoryFiles::openForAppending(const std::string& pat
 
 void MemoryFiles::remove(const std::string& path) {
   refuseIfReadOnly(path);
-  if (content.erase(path) == 0) fail(Cause::notRemovable, path);
+  if (content.erase(path) == 0) fail(Cause::notRemoved, path);
 }
 
 void MemoryFiles::rename(const std::string& from, const std::string& to) {
@@ -124,8 +124,8 @@ void MemoryFiles::rename(const std::string& from, const std::string& to) {
   refuseIfReadOnly(to);
   refuseBadName(to);
   const auto found = content.find(from);
-  if (found == content.end()) fail(Cause::notRenamable, from, "No such file or directory", to);
-  if (content.contains(to)) fail(Cause::notRenamable, from, "File exists", to);
+  if (found == content.end()) fail(Cause::notRenamed, from, "No such file or directory", to);
+  if (content.contains(to)) fail(Cause::notRenamed, from, "File exists", to);
   content[to] = std::move(found->second);
   content.erase(from);
 }

@@ -143,13 +143,13 @@ bool DiskFiles::exists(const std::string& path) {
 
 void DiskFiles::remove(const std::string& path) {
   const Place file = place(path);
-  if (unlink(file.onDisk.c_str()) != 0) fail(Cause::notRemovable, file, errno);
+  if (unlink(file.onDisk.c_str()) != 0) fail(Cause::notRemoved, file, errno);
 }
 
 void DiskFiles::rename(const std::string& from, const std::string& to) {
   const Place source = place(from);
   const Place target = place(to);
-  if (!renameToNewName(source.onDisk, target.onDisk)) fail(Cause::notRenamable, source, errno, target.path);
+  if (!renameToNewName(source.onDisk, target.onDisk)) fail(Cause::notRenamed, source, errno, target.path);
 }
 
 NameFault DiskFiles::nameFault(const std::string& folder, const std::string& name) {

@@ -161,12 +161,12 @@ bool DiskFiles::exists(const std::string& path) {
 }
 
 void DiskFiles::remove(const std::string& path) {
-  if (DeleteFileW(wideFromUtf8(path).c_str()) == 0) fail(Cause::notRemovable, path, GetLastError());
+  if (DeleteFileW(wideFromUtf8(path).c_str()) == 0) fail(Cause::notRemoved, path, GetLastError());
 }
 
 void DiskFiles::rename(const std::string& from, const std::string& to) {
   if (MoveFileExW(wideFromUtf8(from).c_str(), wideFromUtf8(to).c_str(), MOVEFILE_WRITE_THROUGH) == 0)
-    fail(Cause::notRenamable, from, GetLastError(), to);
+    fail(Cause::notRenamed, from, GetLastError(), to);
 }
 
 NameFault DiskFiles::nameFault(const std::string& folder, const std::string& name) {

@@ -28,8 +28,8 @@ TEST(FaultText, SaysEveryCauseInItalian) {
       {Cause::endOfFile, "Fine del file inattesa"},
       {Cause::notReadable, "Impossibile leggere il file PATH:\rREASON"},
       {Cause::notWritable, "Impossibile scrivere il file PATH:\rREASON"},
-      {Cause::notRemovable, "Impossibile cancellare il file PATH:\rREASON"},
-      {Cause::notRenamable, "Impossibile rinominare il file PATH:\rREASON: NEW"},
+      {Cause::notRemoved, "Impossibile cancellare il file PATH:\rREASON"},
+      {Cause::notRenamed, "Impossibile rinominare il file PATH:\rREASON: NEW"},
       {Cause::folderNotMade, "REASON: PATH"},
       {Cause::noHome, "L'utente non ha una cartella personale in cui tenere le registrazioni."},
       {Cause::portSettings, "Impostazioni della porta seriale non valide: TEXT"},
@@ -52,7 +52,7 @@ TEST(FaultText, SaysEveryCauseInItalian) {
 
 TEST(FaultText, EndsBeforeAReasonThatTheSystemDoesNotGive) {
   EXPECT_EQ(faultText(Facts{.cause = Cause::notReadable, .path = "C:\\a"}), "Impossibile leggere il file C:\\a");
-  EXPECT_EQ(faultText(Facts{.cause = Cause::notRenamable, .path = "C:\\a", .newPath = "C:\\b"}),
+  EXPECT_EQ(faultText(Facts{.cause = Cause::notRenamed, .path = "C:\\a", .newPath = "C:\\b"}),
             "Impossibile rinominare il file C:\\a");
   EXPECT_EQ(faultText(Facts{.cause = Cause::portMissing, .path = "COM2"}), "La porta seriale COM2 non c'e'");
   EXPECT_EQ(faultText(Facts{.cause = Cause::portSilent}), "La porta seriale non risponde");

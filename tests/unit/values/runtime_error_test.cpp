@@ -26,7 +26,7 @@ TEST(RuntimeError, EveryCauseIsOfTheKindOfItsGroup) {
 }
 
 TEST(RuntimeError, ItsLogLineHoldsEveryFact) {
-  const RuntimeError fault(Facts{.cause = Cause::notRenamable,
+  const RuntimeError fault(Facts{.cause = Cause::notRenamed,
                                  .path = "C:\\a",
                                  .placeOnDisk = "/disk/a",
                                  .newPath = "C:\\b",
@@ -37,7 +37,7 @@ TEST(RuntimeError, ItsLogLineHoldsEveryFact) {
                                  .item = 7,
                                  .block = 12});
   EXPECT_STREQ(fault.what(),
-               "notRenamable: C:\\a: /disk/a: C:\\b: abc: File exists: /root: Factors.val, item 7, block 12");
+               "notRenamed: C:\\a: /disk/a: C:\\b: abc: File exists: /root: Factors.val, item 7, block 12");
 }
 
 TEST(RuntimeError, IsTheSameAfterACopy) {
