@@ -11,6 +11,8 @@
 
 namespace korvinel::platform {
 
+struct PortFault;
+
 /// "19200,N,8,1" as the flags of a terminal: speed, and the bits of `c_cflag` for parity, data bits and stop bits.
 struct LineSettings {
   speed_t speed = B19200;

@@ -10,6 +10,8 @@
 
 namespace korvinel::platform {
 
+struct PortFault;
+
 /// A serial line on a COM port.
 class SerialLine : public BufferedLine {
  public:
