@@ -1,5 +1,6 @@
 """Which test reaches which place, and whether one of them notices a change there."""
 import collections
+import contextlib
 import glob
 import os
 import re
@@ -30,7 +31,7 @@ class Tests:
 
     def measure(self):
         """The unchanged program must pass."""
-        with tempfile.TemporaryDirectory() as folder:
+        with temporary_folder() as folder:
             for program in self.programs:
                 self.read_reach(program, self.reach_of(program, os.path.join(folder, program)))
             if os.path.exists(self.script):
@@ -104,7 +105,7 @@ class Tests:
 
     def ask(self, number, program, tests, seconds):
         """The test that notices, 'crash', 'time limit' or ''."""
-        with tempfile.TemporaryDirectory() as folder:
+        with temporary_folder() as folder:
             environment = dict(os.environ, KORVINEL_CHANGE=str(number), TMPDIR=folder)
             try:
                 outcome = run(self.command(program, ':'.join(tests)), env=environment, timeout=seconds,
@@ -122,6 +123,14 @@ class Tests:
 
     def path(self, program):
         return os.path.join(self.build, 'tests', program)
+
+
+@contextlib.contextmanager
+def temporary_folder():
+    """Open to other users of the machine: some tests become one."""
+    with tempfile.TemporaryDirectory() as folder:
+        os.chmod(folder, 0o755)
+        yield folder
 
 
 def first_failure(output):
