@@ -55,11 +55,12 @@ def still_open(changes, known, again):
 def judge_all(changes, tests, jobs, known):
     """Adds each outcome to `known` and to the table as it comes."""
     with open(RESULTS, 'a', encoding='utf-8') as log, concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        outcomes = pool.map(lambda change: tests.judge(change.number), changes)
-        for change, outcome in zip(changes, outcomes):
-            log.write(table.row(change, outcome))
+        asked = {pool.submit(tests.judge, change.number): change for change in changes}
+        for answer in concurrent.futures.as_completed(asked):
+            change = asked[answer]
+            known[change.key()] = answer.result()
+            log.write(table.row(change, known[change.key()]))
             log.flush()
-            known[change.key()] = outcome
 
 
 def main():

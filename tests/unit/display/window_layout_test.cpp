@@ -87,6 +87,33 @@ TEST_F(LayoutTest, FramesAreGreenOnTheTracesAndWhiteOnTheMessages) {
   EXPECT_TRUE(has(window.messagePanel, Colour::white));
 }
 
+TEST_F(LayoutTest, AFrameRunsAlongAllFourEdges) {
+  const std::pair<const platform::Surface*, Colour> framed[] = {
+      {&window.firstTrace, Colour::green}, {&window.secondTrace, Colour::green}, {&window.messagePanel, Colour::white}};
+  for (const auto& [surface, colour] : framed) {
+    const double right = surface->width(), bottom = surface->height();
+    const double edges[][4] = {
+        {0, 0, right, 0}, {right, 0, right, bottom}, {right, bottom, 0, bottom}, {0, bottom, 0, 0}};
+    for (const auto& [x1, y1, x2, y2] : edges) {
+      const Mark edge{Mark::Kind::line, colour, x1, y1, x2, y2};
+      EXPECT_EQ(std::count(surface->marks().begin(), surface->marks().end(), edge), 1) << surface->name() << x1 << y1;
+    }
+  }
+}
+
+TEST_F(LayoutTest, TheSecondsStandJustBelowTheirTrace) {
+  for (const auto& trace : {geometry::firstTrace, geometry::secondTrace}) {
+    const auto& marks = window.axisCaptions.marks();
+    EXPECT_EQ(std::count_if(marks.begin(), marks.end(),
+                            [&](const Mark& mark) {
+                              return mark.text == "Seconds" && mark.y1 == trace.bottom() + 2 && mark.x1 > trace.x &&
+                                     mark.x1 < trace.right();
+                            }),
+              1)
+        << trace.y;
+  }
+}
+
 TEST_F(LayoutTest, TheAmplitudeBarSetsTheScaleAndTheRulers) {
   const auto ticksBefore = window.leftRuler.marks().size();
   window.HScroll1.moveTo(80);

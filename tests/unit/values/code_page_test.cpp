@@ -56,6 +56,7 @@ TEST(CleanEntry, SurvivesBrokenUtf8) { EXPECT_EQ(cleanEntry("a\xE2\x82z\xC3", En
 TEST(UpperCase, CoversTheWholePage) {
   EXPECT_EQ(upperCase("Test.qvd"), "TEST.QVD");
   EXPECT_EQ(upperCase("nicolò÷ÿšž"), "NICOLÒ÷ŸŠŽ");
+  EXPECT_EQ(upperCase("azàþœß"), "AZÀÞŒß");
 }
 
 }  // namespace
