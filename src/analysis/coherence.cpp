@@ -1,6 +1,7 @@
 #include "analysis/phase.h"
 #include "analysis/spectrum.h"
 #include "eeg/montage.h"
+#include "eeg/spectrum.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/program_values.h"
@@ -14,7 +15,7 @@ namespace {
 using platform::Colour;
 using platform::Surface;
 
-using Phases = Bounded<Fixed, 128>;
+using Phases = Bounded<Fixed, eeg::keptIndexes>;
 
 void keepCoherence(MainState& state, int pair, const Phases& first, const Phases& second) {
   auto& coherence = state.shared.coherenceSpectrumHistory[state.blockCount][pair];

@@ -126,7 +126,7 @@ void MainState::removeBaseline() {
   for (int channel = 1; channel <= shared.channelCount; ++channel)
     for (int s = 1; s <= samplesPerBlock; ++s)
       sampleBlock[channel][s] = static_cast<float>(static_cast<double>(sampleBlock[channel][s]) -
-                                                   static_cast<double>(baseline[channel][s]) + 128.0);
+                                                   static_cast<double>(baseline[channel][s]) + eeg::midLevel);
 }
 
 void MainState::drawTrace(platform::Surface& surface, int channel, Colour colour) {

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "eeg/block.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/waiting.h"
@@ -15,7 +16,8 @@ using platform::Colour;
 
 bool leavesBand(const Bounded<float, 258>& samples, int sampleCount, int threshold) {
   for (int s = 1; s <= sampleCount; ++s)
-    if (samples[s] > static_cast<float>(128 + threshold) || samples[s] < static_cast<float>(128 - threshold))
+    if (samples[s] > static_cast<float>(eeg::midLevel + threshold) ||
+        samples[s] < static_cast<float>(eeg::midLevel - threshold))
       return true;
   return false;
 }

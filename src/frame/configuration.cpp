@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "eeg/spectrum.h"
 #include "values/field_reader.h"
 #include "values/int16.h"
 #include "values/runtime_error.h"
@@ -42,8 +43,8 @@ int readSettings(ByteSource& file) {
 }
 
 void readCalibration(ByteSource& file, Bounded<float, 130>& factors) {
-  constexpr int stored = 64;
-  constexpr int lastUsed = 128;
+  constexpr int stored = eeg::reportedIndexes;
+  constexpr int lastUsed = eeg::keptIndexes;
   for (int index = 1; index <= stored; ++index)
     factors[index] =
         readItem("C:\\QUARVEL5\\Factors.val", index, ItemMeaning::calibrationFactor, [&] { return readFloat(file); });

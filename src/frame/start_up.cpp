@@ -1,3 +1,5 @@
+#include "eeg/block.h"
+#include "eeg/spectrum.h"
 #include "frame/configuration.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
@@ -20,9 +22,9 @@ void setDefaults(MainState& state) {
   state.pairLabel2 = "Cha.2";
   state.pairToggleCount = 0;
   state.channelPair = 1;
-  state.samplesPerBlock = 256;
-  state.fftHalf = 128;
-  state.displayedBins = 64;
+  state.samplesPerBlock = eeg::samplesPerBlock;
+  state.fftHalf = eeg::keptIndexes;
+  state.displayedBins = eeg::reportedIndexes;
   state.recordingDate = platform::dateText(state.host.clock.localTime());
   state.linkReady = 0;
   state.recordingActive = state.endRequested = state.printRequested = 0;

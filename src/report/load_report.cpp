@@ -1,4 +1,5 @@
 #include "eeg/block.h"
+#include "eeg/spectrum.h"
 #include "frame/program_values.h"
 #include "platform/platform.h"
 #include "platform/surface.h"
@@ -54,7 +55,7 @@ void setCaptions(ReportState& state) {
 void ReportState::loadReport() {
   reached = ReportStep::none;
   printMaker(*this);
-  reportBinCount = 64;
+  reportBinCount = eeg::reportedIndexes;
   microvoltScale = 30;
   traceColour = 0;
   shared.channelCount = 4;

@@ -24,7 +24,7 @@ std::string notesOf(const FileHeader& header, int block) {
 }
 
 std::string linesOf(const Block& samples, int block, const std::string& notes) {
-  constexpr float middle = 128;
+  constexpr float middle = eeg::midLevel;
   constexpr double samplesPerSecond = eeg::samplesPerSecond;
   std::string lines;
   for (int s = 1; s <= samplesPerRecord; ++s) {

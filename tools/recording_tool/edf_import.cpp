@@ -26,7 +26,7 @@ namespace {
 constexpr auto dataFileName = "imported.QVD";
 constexpr int mostBlocks = 100'000;  // more than two days
 constexpr int blocksRead = eeg::mostBlocks;
-constexpr float middle = 128;
+constexpr float middle = eeg::midLevel;
 
 std::string dateOf(const edf_hdr_struct& header) {
   std::array<char, 48> text{};

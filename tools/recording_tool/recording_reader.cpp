@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "eeg/block.h"
 #include "eeg/montage.h"
 #include "recording/channel_record.h"
 #include "recording_tool/fault_text.h"
@@ -34,7 +35,7 @@ RecordingReader::RecordingReader(const std::string& path) : path_(path), file_(o
 }
 
 bool RecordingReader::next(Block& block) {
-  constexpr float middle = 128;
+  constexpr float middle = eeg::midLevel;
   try {
     if (file_->atEnd()) return false;
     // Samples that are still NaN have not been read.
