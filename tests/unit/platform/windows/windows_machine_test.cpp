@@ -6,19 +6,8 @@
 
 #include <thread>
 
-#include "platform/disk/installation.h"
-#include "platform/host_paths.h"
-#include "platform/windows/disk_files.h"
-
 namespace korvinel::platform {
 namespace {
-
-TEST(WindowsHostPaths, MapNothing) {
-  EXPECT_EQ(userDataFolder(), "");
-  EXPECT_EQ(hostPath("", "C:\\QUARVEL5\\Instal8s.val"), "C:\\QUARVEL5\\Instal8s.val");
-  EXPECT_EQ(programPath("", "C:/QUARVEL5/DATAFILE/a.QVD"), "C:\\QUARVEL5\\DATAFILE\\a.QVD");
-  EXPECT_EQ(serialDevice("", 12), "\\\\.\\COM12");
-}
 
 TEST(WindowsMachine, RaisesThePrioritiesOfItsThreadAndProcess) {
   WindowsMachine machine;
