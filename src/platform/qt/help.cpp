@@ -31,7 +31,7 @@ void explain(QWidget& widget, const Help& help) {
 QString inLines(const QString& text) {
   constexpr qsizetype longest = 64;
   QString lines;
-  qsizetype length = 0;
+  qsizetype length = -1;  // no blank before the first word
   for (const QString& word : text.split(' ')) {
     const bool wraps = length > 0 && length + 1 + word.size() > longest;
     if (!lines.isEmpty()) lines += wraps ? '\n' : ' ';

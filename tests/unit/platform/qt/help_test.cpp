@@ -43,7 +43,7 @@ TEST(Help, TheLetterPressesAButtonAndFocusesAnythingElse) {
   QTest::keyClick(&window, Qt::Key_N, Qt::AltModifier);
   EXPECT_TRUE(box.hasFocus());
   QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
-  EXPECT_EQ(presses, 1);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return presses == 1; }));
 }
 
 TEST(Help, LinesEndBetweenWordsBefore65Letters) {
