@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,7 +8,6 @@
 #include "values/bounded.h"
 #include "values/fixed.h"
 #include "values/int16.h"
-#include "values/runtime_error.h"
 
 namespace korvinel::platform {
 struct FileLock;
@@ -20,6 +18,7 @@ struct Platform;
 namespace korvinel {
 
 struct DataFileAssembly;
+struct Facts;
 struct MainWindow;
 struct ProgramValues;
 
@@ -120,19 +119,20 @@ struct MainFields {
   std::string fileVersionTag;          ///< "V3" or "V4" of the opened file
   std::string openFilePath;            ///< "" when no file is open
   std::string openFileTitle;           ///< its name without folder
-  std::optional<Facts> openingFault;   ///< why the last file chosen could not be read, or only to a `block`
-  std::string lastOpenDir;             ///< where the file dialog starts
-  Int16 displaySpeed = 6;              ///< replay: blocks in 3 seconds, 1 or more
-  Int16 fileLoopRunning = 0;           ///< a scan or a replay is under way
-  Int16 assembling = 0;                ///< the data file is being written
+  std::shared_ptr<const Facts>
+      openingFault;           ///< why the last file chosen could not be read, or only to a `block`; null = none
+  std::string lastOpenDir;    ///< where the file dialog starts
+  Int16 displaySpeed = 6;     ///< replay: blocks in 3 seconds, 1 or more
+  Int16 fileLoopRunning = 0;  ///< a scan or a replay is under way
+  Int16 assembling = 0;       ///< the data file is being written
   /// The data file being scanned or replayed. Closing or replacing it ends the loop that reads from it.
   std::shared_ptr<platform::InputFile> readHandle;
-  FileCommand nextFileCommand{};           ///< given during a scan or a replay, runs when that has ended
-  int temporaryWritten = 0;                ///< bytes of `temporaryContent` known to be in the temporary file
-  std::string temporaryContent;            ///< the recording so far, as bytes: header line and blocks
-  std::optional<Facts> recordingFault;     ///< the first failed write since recording began
-  std::string setAsidePath;                ///< the new path of a temporary file that was kept; "" = none
-  std::vector<std::string> sideFileLines;  ///< known to be in the side file; empty: to be rewritten
+  FileCommand nextFileCommand{};                ///< given during a scan or a replay, runs when that has ended
+  int temporaryWritten = 0;                     ///< bytes of `temporaryContent` known to be in the temporary file
+  std::string temporaryContent;                 ///< the recording so far, as bytes: header line and blocks
+  std::shared_ptr<const Facts> recordingFault;  ///< the first failed write since recording began; null = none
+  std::string setAsidePath;                     ///< the new path of a temporary file that was kept; "" = none
+  std::vector<std::string> sideFileLines;       ///< known to be in the side file; empty: to be rewritten
   std::string foreignPaths;        ///< foreign files found under the temporary file's name and kept, each after "\r"
   int blocksFromMemory = 0;        ///< blocks that the temporary file had lost or changed
   Int16 dataFileWhole = 0;         ///< 1: the last assembling wrote the whole data file

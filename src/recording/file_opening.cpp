@@ -1,3 +1,6 @@
+#include <memory>
+#include <utility>
+
 #include "eeg/block.h"
 #include "frame/fault_text.h"
 #include "frame/main_state.h"
@@ -58,7 +61,7 @@ bool readBeginning(MainState& state) {
     return true;
   } catch (const RuntimeError& fault) {
     state.readHandle.reset();
-    state.openingFault = fault.facts();
+    state.openingFault = std::make_shared<const Facts>(fault.facts());
     state.host.dialogs.notice("Impossibile leggere il file " + state.openFileTitle + "!\r" + faultText(fault));
     return false;
   }
@@ -127,8 +130,9 @@ ScanResult scan(MainState& state) {
   } catch (const RuntimeError& fault) {
     if (state.endRequested == 1) throw platform::ProgramEnd{};
     if (state.stopRequested == 1) return ScanResult::stopped;
-    state.openingFault = fault.facts();
-    state.openingFault->block = state.blockCount;
+    Facts facts = fault.facts();
+    facts.block = state.blockCount;
+    state.openingFault = std::make_shared<const Facts>(std::move(facts));
     return ScanResult::finished;
   } catch (const std::exception&) {
     // Otherwise Start, this command and the program's end would wait for a scan that no longer runs.

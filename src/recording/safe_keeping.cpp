@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <memory>
 
 #include "frame/main_state.h"
 #include "platform/files.h"
@@ -70,7 +71,7 @@ void appendWhatIsMissing(MainState& state, bool synchronised) {
 }
 
 void noteFault(MainState& state, const std::exception& fault) {
-  if (!state.recordingFault) state.recordingFault = factsOf(fault);
+  if (!state.recordingFault) state.recordingFault = std::make_shared<const Facts>(factsOf(fault));
   state.recordingFaultUntold = 1;
 }
 
@@ -98,7 +99,7 @@ bool attemptWrite(MainState& state, const std::function<void()>& step) {
 
 void completeTemporaryFile(MainState& state, bool synchronised) {
   // After a failed write, only the file itself shows how much was written.
-  state.temporaryWritten = placeToContinue(state, state.recordingFault.has_value());
+  state.temporaryWritten = placeToContinue(state, state.recordingFault != nullptr);
   try {
     appendWhatIsMissing(state, synchronised);
   } catch (const RuntimeError& fault) {
