@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/headless/virtual_time.h"
+#include "platform/port_fault.h"
 
 /// What only the scripted line has; what it has in common with every serial port is in serial_port_test.cpp.
 namespace korvinel::platform {

@@ -32,10 +32,5 @@ TEST(HostFiles, OneFileHasManyNames) {
   EXPECT_FALSE(isSameFile(path, folder / "nothing"));
 }
 
-TEST(HostFiles, TheReasonIsTheLastLineOfAMessage) {
-  EXPECT_EQ(reasonOf("Impossibile leggere il file a:\rNo such file"), "No such file");
-  EXPECT_EQ(reasonOf("No such file"), "No such file");
-}
-
 }  // namespace
 }  // namespace korvinel::tool
