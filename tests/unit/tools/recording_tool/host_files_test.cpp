@@ -19,7 +19,7 @@ TEST(HostFiles, WhatCannotBeReadIsNamedWithItsReason) {
   const std::string missing = errorOf([&] { (void)openInput(folder / "nothing"); });
   EXPECT_NE(missing.find(folder / "nothing"), std::string::npos) << missing;
   EXPECT_NE(missing.find("cannot be read"), std::string::npos) << missing;
-  EXPECT_NE(errorOf([&] { (void)openInput(folder.path()); }).find("no ordinary file"), std::string::npos);
+  EXPECT_NE(errorOf([&] { (void)openInput(folder.path()); }).find("not an ordinary file"), std::string::npos);
 }
 
 TEST(HostFiles, OneFileHasManyNames) {
