@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "eeg/bands.h"
 #include "headless_report.h"
 #include "values/runtime_error.h"
