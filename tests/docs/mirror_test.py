@@ -20,7 +20,7 @@ ELSEWHERE = {
     'src/frame/main_fields.cpp': ('tests/unit/frame/start_up_test.cpp', 'only keeps what it is given'),
     'src/platform/headless/headless_platform.cpp': (
         'tests/unit/frame/print_image_test.cpp', 'its printer records what these tests compare'),
-    'src/platform/page/page_writer.cpp': ('tests/unit/platform/page/svg_page_test.cpp', 'writes that page'),
+    'src/platform/page/page_writer.cpp': ('tests/unit/platform/qt/every_screen_test.cpp', 'one of the screens'),
     'src/platform/posix/console.cpp': (
         'tests/unit/tools/recording_tool/unfinished_file_test.cpp', 'an interruption ends the process'),
     'src/platform/windows/console.cpp': ('tests/windows/recording_tool_test.py', 'needs the system\'s console'),
