@@ -32,7 +32,7 @@ std::string charactersOf(std::string_view bytes) {
 std::string bytesOf(std::string_view characters) {
   std::string bytes;
   for (std::size_t i = 0; i < characters.size(); ++i) {
-    const auto lead = static_cast<unsigned char>(characters[i]);
+    const unsigned lead = static_cast<unsigned char>(characters[i]);
     const bool pair = lead >= 0x80 && i + 1 < characters.size();
     bytes +=
         pair ? static_cast<char>((lead << 6U) | (static_cast<unsigned char>(characters[++i]) & 0x3FU)) : characters[i];

@@ -54,6 +54,7 @@ EdfFile::~EdfFile() { edfclose_file(header_->handle); }
 
 std::vector<std::string> EdfFile::labels() const {
   std::vector<std::string> labels;
+  labels.reserve(static_cast<std::size_t>(header_->edfsignals));
   for (int signal = 0; signal < header_->edfsignals; ++signal)
     labels.push_back(trimmed(header_->signalparam[signal].label));
   return labels;

@@ -71,7 +71,7 @@ void LabelView::paintEvent(QPaintEvent*) {
   const QString help = inLines(whatsThis());
   const QString tip = fitted.whole ? help : help.isEmpty() ? text() : inLines(text()) + "\n" + help;
   if (tip != toolTip()) setToolTip(tip);
-  const auto alignment = Qt::AlignLeft | (broken ? Qt::AlignBottom : Qt::AlignVCenter);
+  const int alignment = broken ? Qt::AlignLeft | Qt::AlignBottom : Qt::AlignLeft | Qt::AlignVCenter;
   QPainter painter(this);
   painter.setFont(fitted.font);
   const QRect place = painter.fontMetrics().boundingRect(rect(), alignment, shown);
