@@ -71,7 +71,8 @@ void LabelView::paintEvent(QPaintEvent*) {
   const QString help = inLines(whatsThis());
   const QString tip = fitted.whole ? help : help.isEmpty() ? text() : inLines(text()) + "\n" + help;
   if (tip != toolTip()) setToolTip(tip);
-  const int alignment = broken ? Qt::AlignLeft | Qt::AlignBottom : Qt::AlignLeft | Qt::AlignVCenter;
+  const Qt::Alignment height = broken ? Qt::AlignBottom : Qt::AlignVCenter;
+  const auto alignment = static_cast<int>((Qt::AlignLeft | height).toInt());
   QPainter painter(this);
   painter.setFont(fitted.font);
   const QRect place = painter.fontMetrics().boundingRect(rect(), alignment, shown);
