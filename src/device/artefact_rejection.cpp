@@ -40,6 +40,7 @@ void MainState::checkArtefacts() {
 }
 
 void MainState::rejectBlock() {
+  blocksRejected += 1;
   // Not `channelPair`: rejected blocks are always shown for the pair selected at the start of the acquisition, the
   // first.
   const int firstChannel = sharedSelector == 1 ? 1 : sharedSelector == 2 ? 3 : 0;

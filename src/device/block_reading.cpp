@@ -4,6 +4,7 @@
 #include "device/frame_decoder.h"
 #include "device/line_steps.h"
 #include "frame/main_state.h"
+#include "platform/line_watch.h"
 #include "platform/platform.h"
 #include "platform/serial_port.h"
 #include "platform/timing.h"
@@ -44,6 +45,13 @@ std::optional<std::string> waitForBlock(MainState& state) {
   }
 }
 
+/// Why no block has come.
+LinkTrouble troubleOfWait(const MainState& state) {
+  if (!state.host.serialPort.isOpen()) return LinkTrouble::port;
+  const bool arrives = state.host.serialPort.silentFor() < platform::LineWatch::silence;
+  return arrives ? LinkTrouble::lostFrames : LinkTrouble::silence;
+}
+
 /// The stop did not reach the instrument, which may still be streaming.
 void openLineAgain(MainState& state) {
   if (!openPort(state)) return;
@@ -70,9 +78,13 @@ void MainState::readBlock() {
   std::optional<std::string> block;
   while (!(block = waitForBlock(*this))) {
     if (endIsAsked(*this)) return;
+    linkTrouble = troubleOfWait(*this);
     askToRestartStream(*this);
+    linkTrouble = LinkTrouble::none;
   }
   streamPosition = decodeFrames(*block, instrumentStream, sampleBlock);  // anything beyond the block is dropped
+  decodedBlock = sampleBlock;
+  decodedBlocks += 1;
   smoothBlock();
   checkArtefacts();
   if (endIsAsked(*this)) return;

@@ -13,6 +13,7 @@ namespace {
 
 using platform::Colour;
 
+constexpr auto noAnswer = "NO!";
 constexpr double answerTimeout = 2.0;  // seconds
 
 void sendWithChecksum(MainState& state, std::string_view text) {
@@ -27,15 +28,22 @@ std::string readAnswer(MainState& state) {
   const double start = state.timerMark = state.host.clock.seconds();
   for (;;) {
     state.host.events.process();
-    if (state.host.clock.seconds() - start > answerTimeout) return "NO!";
+    if (state.host.clock.seconds() - start > answerTimeout) return noAnswer;
     if (state.host.serialPort.waiting() >= 2) return state.host.serialPort.read();
   }
 }
 
-/// Opens the port and asks the instrument for its "OK"; a port that cannot be opened counts as a silent instrument.
-bool shakeHands(MainState& state) {
+/// Why this answer to the test command is not the instrument's.
+LinkTrouble troubleOf(const MainState& state, const std::string& answer) {
+  if (state.lineFault) return LinkTrouble::port;
+  return answer == noAnswer ? LinkTrouble::silence : LinkTrouble::otherAnswer;
+}
+
+/// Opens the port and asks the instrument for its "OK".
+LinkTrouble shakeHands(MainState& state) {
   state.window.firstTrace.printAt(2, 2, Colour::white, "Aspetta 4 secondi..");
-  if (!openPort(state)) return false;
+  state.handshakeStart = state.host.clock.seconds();
+  if (!openPort(state)) return LinkTrouble::port;
   state.sharedSelector = 1;
   waitLongerThan(state, state.sharedSelector);
   raiseLines(state);
@@ -45,8 +53,11 @@ bool shakeHands(MainState& state) {
   state.host.serialPort.setReadLength(2);
   state.linkReady = 0;
   sendWithChecksum(state, testCommandText);
+  const std::string answer = readAnswer(state);
+  state.linkAnswer = answer == noAnswer ? "" : answer;
+  if (answer != "OK") return troubleOf(state, answer);
   // Bytes that follow the answer would be taken for the first samples.
-  return readAnswer(state) == "OK" && fallsSilent(state);
+  return fallsSilent(state) ? LinkTrouble::none : LinkTrouble::noSilence;
 }
 
 void showLinkReady(MainState& state) {
@@ -63,7 +74,9 @@ void MainState::openLink() {
   streamStopped = 1;
   framesCut = 0;
   alignmentFault.clear();
-  while (!shakeHands(*this))
+  linkTrouble = LinkTrouble::none;
+  linkAnswer.clear();
+  while ((linkTrouble = shakeHands(*this)) != LinkTrouble::none)
     askOrEnd(*this,
              "Errore di comunicazione!\rVerificare se i cavi sono connessi\r"
              "oppure se lo strumento e' acceso!\rPremere OK per continuare.");

@@ -28,8 +28,8 @@ bool attempt(MainState& state, Step&& step) {
     return true;
   } catch (const platform::PortFault& fault) {
     const std::string text = faultText(fault);
-    if (state.lineFault != text) state.host.machine.tell(text);
-    state.lineFault = text;
+    if (!state.lineFault || faultText(*state.lineFault) != text) state.host.machine.tell(text);
+    state.lineFault = std::make_shared<const Facts>(fault.facts());
     return false;
   }
 }
@@ -49,7 +49,7 @@ bool openPort(MainState& state) {
     port.setReadLength(1);
     port.setReceiveBuffer(instrumentStream.receiveBufferBytes());
     port.open();
-    state.lineFault.clear();
+    state.lineFault.reset();
   });
 }
 
@@ -83,6 +83,7 @@ void findFramesAnew(MainState& state) {
 
 void tellOfDoubt(MainState& state, const std::string& reason) {
   state.alignmentFault = reason;
+  state.alignmentFaultBlock = state.decodedBlocks;
   state.window.statusLabel.setInk(Colour::lightRed);
   state.window.statusLabel.setText("Allineamento dei canali incerto: flusso riavviato");
   state.host.machine.tell("allineamento dei canali incerto: " + reason);

@@ -25,6 +25,7 @@ void clearForStart(MainState& state) {
   state.stopRequested = state.acquisitionRunning = state.recordingActive = 0;
   state.messageAnswer = 0;
   state.openNote = 0;  // a note left open without a recording; its text is cleared too
+  state.lastRecording = {};
   state.readHandle.reset();
   state.window.startPicture.setVisible(false);
   state.host.tickTimer.setEnabled(false);
@@ -105,6 +106,7 @@ void MainState::startAcquisition() {
   acquisitionRunning = 1;
   endRequested = replayActive = stopRequested = recordingArmed = intervalSelectable = 0;
   artefactFlag = selectionDragging = 0;  // left from the last examination
+  blocksRejected = 0;
   noteCount = pairToggleCount = blockCount = 0;
   carryNotesOver(carriedNotes);
   shared.analysisFirstBlock = shared.analysisLastBlock = shared.replayStartBlock = shared.fileBlockCount = 0;

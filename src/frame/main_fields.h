@@ -25,6 +25,23 @@ struct ProgramValues;
 /// A command that reads a data file.
 enum class FileCommand { none, open, replay };
 
+/// Why the last handshake or the wait for a block has failed.
+enum class LinkTrouble {
+  none,
+  port,         ///< the port cannot be opened, or its line has failed: see `lineFault`
+  silence,      ///< nothing arrives
+  otherAnswer,  ///< what arrives is not the instrument's answer: see `linkAnswer`
+  noSilence,    ///< the line never falls silent after the answer
+  lostFrames,   ///< bytes are lost again and again
+};
+
+/// How the last recording ended, or is going to.
+struct RecordingResult {
+  bool made = false;  ///< whether anything was recorded since Start
+  int blocks = 0;     ///< in the data file
+  int notes = 0;      ///< made by the operator
+};
+
 /// The fields of the main window's record, grouped by the folder that writes them.
 /// Channels 1..4 are F1, F2, T5, T6; pairs 1..4 are F1-F2, T5-T6, F1-T5, F2-T6. Row 0 of channels and pairs is unused.
 struct MainFields {
@@ -51,6 +68,9 @@ struct MainFields {
   Int16 fftHalf = 128;       ///< half a block: spectrum indexes 1..fftHalf are kept
   Int16 displayedBins = 64;  ///< spectrum indexes drawn as bars and in the coherence graph
   Int16 blockCount = 0;      ///< number of the current block, from 1
+  /// The block last decoded, as `sampleBlock` before its first stage; a rejected one too.
+  Bounded<float, 4, 258> decodedBlock;
+  int decodedBlocks = 0;  ///< blocks decoded since the program was started
 
   // Start-up: written by frame/
   Bounded<float, 130> binCalibration;  ///< factor of spectrum index 1..128; 0, 129 and 130 stay 0
@@ -76,22 +96,27 @@ struct MainFields {
   std::string messageText1, messageText2, messageText3, messageText4, messageText5;  ///< lines of a message
 
   // Device link: written by device/
-  std::string commandText;     ///< the command being built and sent, as bytes
-  Int16 commandChecksum = 0;   ///< running byte sum of the command
-  Int16 linkReady = 0;         ///< 1 once the instrument has answered
-  Int16 sharedSelector = 0;    ///< seconds to wait in the handshake; the pair (1, 2) shown for rejected blocks
-  double timerMark = 0;        ///< start of the running wait or turn, seconds
-  double readStartTime = 0;    ///< start of the wait for a block, seconds
-  int messageAnswer = 0;       ///< last OK/Cancel box: 1 = OK, 2 = Cancel
-  int streamPosition = 0;      ///< bytes decoded of the last block received
-  Int16 streamStopped = 1;     ///< no start command has been sent since the last stop or handshake
-  Int16 framesCut = 0;         ///< 1: at a stop the last frame was found incomplete
-  std::string lineFault;       ///< why the port could not be opened or the line failed; "" = it works
-  std::string alignmentFault;  ///< why the stream was last restarted to find its frames; "" = not since Start
+  std::string commandText;    ///< the command being built and sent, as bytes
+  Int16 commandChecksum = 0;  ///< running byte sum of the command
+  Int16 linkReady = 0;        ///< 1 once the instrument has answered
+  Int16 sharedSelector = 0;   ///< seconds to wait in the handshake; the pair (1, 2) shown for rejected blocks
+  double timerMark = 0;       ///< start of the running wait or turn, seconds
+  double readStartTime = 0;   ///< start of the wait for a block, seconds
+  int messageAnswer = 0;      ///< last OK/Cancel box: 1 = OK, 2 = Cancel
+  int streamPosition = 0;     ///< bytes decoded of the last block received
+  Int16 streamStopped = 1;    ///< no start command has been sent since the last stop or handshake
+  Int16 framesCut = 0;        ///< 1: at a stop the last frame was found incomplete
+  std::shared_ptr<const Facts> lineFault;  ///< why the port could not be opened or the line failed; null = it works
+  LinkTrouble linkTrouble{};               ///< of the last handshake or block; none while one is awaited anew
+  std::string linkAnswer;                  ///< what came back from the last test command, as bytes; "" = nothing
+  double handshakeStart = 0;               ///< of the handshake's last attempt, seconds
+  std::string alignmentFault;   ///< why the stream was last restarted to find its frames; "" = not since Start
+  int alignmentFaultBlock = 0;  ///< `decodedBlocks` at that time
 
   // Acquisition and artefacts: written by device/
   Int16 artefactFlag = 0;              ///< 1: the last block was rejected, or none was read
   Int16 artefactThreshold = 130;       ///< allowed excursion from the mid level 128, sample units, 70..130
+  int blocksRejected = 0;              ///< since the count of the blocks began
   Fixed pauseInterval;                 ///< milliseconds until the next block is asked for
   Int16 channelPair = 1;               ///< shown on the traces: 1 = channels 1, 2; 2 = channels 3, 4
   Int16 pairToggleCount = 0;           ///< presses of the channel button since Start
@@ -124,6 +149,7 @@ struct MainFields {
   std::string lastOpenDir;    ///< where the file dialog starts
   Int16 displaySpeed = 6;     ///< replay: blocks in 3 seconds, 1 or more
   Int16 fileLoopRunning = 0;  ///< a scan or a replay is under way
+  int scanTotal = 0;          ///< blocks in the file being scanned, as far as its size tells; 0 = not known
   Int16 assembling = 0;       ///< the data file is being written
   /// The data file being scanned or replayed. Closing or replacing it ends the loop that reads from it.
   std::shared_ptr<platform::InputFile> readHandle;
@@ -135,6 +161,7 @@ struct MainFields {
   std::vector<std::string> sideFileLines;       ///< known to be in the side file; empty: to be rewritten
   std::string foreignPaths;        ///< foreign files found under the temporary file's name and kept, each after "\r"
   int blocksFromMemory = 0;        ///< blocks that the temporary file had lost or changed
+  RecordingResult lastRecording;   ///< of this examination
   Int16 dataFileWhole = 0;         ///< 1: the last assembling wrote the whole data file
   std::string savedElsewhere;      ///< the data file in another place that the user chose; "" = none
   Int16 recordingFaultUntold = 0;  ///< a fault or repair of the recording is still to be reported

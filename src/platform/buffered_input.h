@@ -12,6 +12,8 @@ namespace korvinel::platform {
 /// Reads a file in large pieces and returns it byte by byte.
 class BufferedInput : public InputFile {
  public:
+  explicit BufferedInput(std::int64_t size) : size_(size) {}
+
   int peek() override {
     if (next_ == filled_) {
       filled_ = readPiece(buffer_);
@@ -28,6 +30,7 @@ class BufferedInput : public InputFile {
     return byte;
   }
   [[nodiscard]] std::int64_t position() const override { return position_; }
+  [[nodiscard]] std::int64_t size() const override { return size_; }
 
  private:
   /// Fills the buffer from its start and returns the number of bytes read; 0 at the end of the file.
@@ -35,7 +38,7 @@ class BufferedInput : public InputFile {
 
   std::array<char, 32'768> buffer_{};
   std::size_t next_ = 0, filled_ = 0;
-  std::int64_t position_ = 0;
+  std::int64_t size_, position_ = 0;
 };
 
 }  // namespace korvinel::platform

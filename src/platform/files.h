@@ -14,6 +14,7 @@ namespace korvinel::platform {
 struct InputFile : ByteSource {
   [[nodiscard]] bool atEnd() { return peek() == end; }
   [[nodiscard]] virtual std::int64_t position() const = 0;  ///< bytes taken so far
+  [[nodiscard]] virtual std::int64_t size() const = 0;      ///< of the whole file in bytes, when it was opened
 };
 
 /// A file open for writing; closed with the object. Every write reaches the operating system before it returns.

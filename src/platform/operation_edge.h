@@ -12,8 +12,9 @@ namespace korvinel::platform {
 class OperationEdge {
  public:
   std::function<void(const std::exception& fault)> onFault;  ///< called with every fault
-  std::function<void()> beforeEnd;  ///< called once, when the program ends: saves what is unsaved
-  std::function<void()> onEnd;      ///< called once after it
+  std::function<void()> beforeEnd;   ///< called once, when the program ends: saves what is unsaved
+  std::function<void()> onEnd;       ///< called once after it
+  std::function<void()> afterwards;  ///< called after every operation; must not throw
 
   [[nodiscard]] bool ended() const { return ended_; }
 
@@ -27,6 +28,7 @@ class OperationEdge {
     } catch (const std::exception& fault) {
       if (onFault) onFault(fault);
     }
+    if (afterwards) afterwards();
   }
 
   /// To be called when dispatching events: stops an operation still under way once the program has ended.

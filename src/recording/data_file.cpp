@@ -156,6 +156,8 @@ void assemble(DataFileAssembly assembly) {
   const AssemblingUnderWay underWay(state);
   state.blocksFromMemory = 0;
   state.assembly = &assembly;
+  const std::size_t recorded = state.temporaryContent.size() - recordedHeaderBytes(state);
+  state.lastRecording = {true, static_cast<int>(recorded / blockBytes), state.noteCount};
   addPlaceholderNote(state);
   attemptWrite(state, [&] { completeTemporaryFile(state, true); });
   attempt(assembly, [&] { assembly.data = state.host.files.openForAppending(dataFolder + state.shared.dataFileName); });

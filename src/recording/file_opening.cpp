@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -11,6 +13,7 @@
 #include "platform/platform.h"
 #include "platform/program_end.h"
 #include "platform/skip_on_fault.h"
+#include "recording/channel_record.h"
 #include "recording/file_loop.h"
 #include "recording/scan_messages.h"
 #include "values/runtime_error.h"
@@ -105,6 +108,13 @@ void analyseScannedBlock(MainState& state) {
   skipOnFault([&] { state.computeCoherence(); });
 }
 
+/// By the file's size; 0 for a version whose blocks have no fixed length.
+int blocksToScan(const MainState& state) {
+  if (state.fileVersionTag != "V3") return 0;
+  const std::int64_t blocks = (state.readHandle->size() - state.readHandle->position()) / blockBytes;
+  return static_cast<int>(std::clamp<std::int64_t>(blocks, 0, eeg::blockLimit - 1));
+}
+
 enum class ScanResult { finished, stopped, fileGone };
 
 /// Reads and analyses up to the file's end or the block limit. A RuntimeError if it cannot be read.
@@ -168,6 +178,7 @@ void openChosenFile(MainState& state) {
   announceReading(state);
   if (!readBeginning(state)) return noFileChosen(state);
   showHeader(state);
+  state.scanTotal = blocksToScan(state);
   resetForScan(state);
   const ScanResult result = scan(state);
   if (result == ScanResult::stopped) showThatItWasStopped(state);

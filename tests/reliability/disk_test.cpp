@@ -149,6 +149,7 @@ struct WornFiles : MemoryFiles {
     int peek() override { return good(), file->peek(); }
     int take() override { return good(), file->take(); }
     [[nodiscard]] std::int64_t position() const override { return file->position(); }
+    [[nodiscard]] std::int64_t size() const override { return file->size(); }
     void good() const {
       if (file->position() > 100) throw RuntimeError(Cause::notReadable);
     }

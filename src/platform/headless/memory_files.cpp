@@ -30,6 +30,7 @@ class MemoryFiles::Input : public InputFile {
     return byte;
   }
   [[nodiscard]] std::int64_t position() const override { return static_cast<std::int64_t>(next_); }
+  [[nodiscard]] std::int64_t size() const override { return static_cast<std::int64_t>(bytes_.size()); }
 
  private:
   const MemoryFiles& files_;

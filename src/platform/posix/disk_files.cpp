@@ -55,9 +55,14 @@ std::optional<Refusal> openOrdinaryFile(const std::string& path, int how, FileDe
 
 class DiskInput : public BufferedInput {
  public:
-  DiskInput(FileDescriptor file, Place place) : file_(std::move(file)), place_(std::move(place)) {}
+  DiskInput(FileDescriptor file, Place place)
+      : BufferedInput(sizeOf(file)), file_(std::move(file)), place_(std::move(place)) {}
 
  private:
+  static std::int64_t sizeOf(const FileDescriptor& file) {
+    struct stat status {};
+    return fstat(file.get(), &status) == 0 ? status.st_size : 0;
+  }
   std::size_t readPiece(std::span<char> room) override {
     ssize_t count = 0;
     do count = ::read(file_.get(), room.data(), room.size());

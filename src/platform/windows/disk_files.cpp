@@ -77,9 +77,14 @@ std::optional<Refusal> openOrdinaryFile(const std::string& path, DWORD access, D
 
 class DiskInput : public BufferedInput {
  public:
-  DiskInput(FileHandle file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
+  DiskInput(FileHandle file, std::string path)
+      : BufferedInput(sizeOf(file)), file_(std::move(file)), path_(std::move(path)) {}
 
  private:
+  static std::int64_t sizeOf(const FileHandle& file) {
+    LARGE_INTEGER size{};
+    return GetFileSizeEx(file.get(), &size) != 0 ? size.QuadPart : 0;
+  }
   std::size_t readPiece(std::span<char> room) override {
     DWORD count = 0;
     if (ReadFile(file_.get(), room.data(), static_cast<DWORD>(room.size()), &count, nullptr) == 0)

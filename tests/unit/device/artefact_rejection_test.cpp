@@ -90,6 +90,14 @@ TEST_F(ArtefactRejection, ARejectedBlockIsShownInBlueAndAskedForAgain) {
   EXPECT_FALSE(program_.host.pauseTimer.enabled());
 }
 
+TEST_F(ArtefactRejection, RejectedBlocksAreDecodedAndCounted) {
+  readBlockBeyondTheThreshold();
+  readBlockBeyondTheThreshold();
+  EXPECT_EQ(state_.blocksRejected, 2);
+  EXPECT_EQ(state_.decodedBlocks, 2);
+  EXPECT_EQ(state_.decodedBlock[4][1], 204.0F);
+}
+
 TEST_F(ArtefactRejection, BothTracesAreClearedBeforeARejectedBlockIsShown) {
   fillAllChannels(state_, [](int) { return 128; });
   state_.drawRawTraces();

@@ -97,5 +97,43 @@ TEST_F(BlockReading, ALineThatIsOpenedAgainHasItsSignalsRaised) {
   EXPECT_EQ(countOf("dtr"), 2);
 }
 
+TEST_F(BlockReading, WhileItAsksTheRecordSaysWhyNoBlockHasCome) {
+  std::vector<LinkTrouble> troubles;
+  host.dialogs.choices = {Choice::ok, Choice::ok};
+  host.dialogs.whileOpen = [&] {
+    troubles.push_back(program.state.linkTrouble);
+    if (troubles.size() == 1) return host.serialPort.unplug();
+    host.serialPort.plugIn();
+    host.instrument.blocks = {blockOf(70)};
+  };
+  readBlock();
+  EXPECT_EQ(troubles, (std::vector{LinkTrouble::silence, LinkTrouble::port}));
+  EXPECT_EQ(program.state.linkTrouble, LinkTrouble::none);
+}
+
+TEST_F(BlockReading, ALineThatLosesBytesAgainAndAgainIsNoSilentOne) {
+  LinkTrouble trouble{};
+  host.instrument.blocks = {};
+  host.instrument.idleBlock = blockOf(90);
+  host.dialogs.choices = {Choice::cancel};
+  host.dialogs.whileOpen = [&] { trouble = program.state.linkTrouble; };
+  host.serialPort.onWritten = [&, instrument = host.serialPort.onWritten](const std::string& bytes) {
+    instrument(bytes);
+    host.serialPort.overrun();
+  };
+  deliverADoubtfulBlock();
+  readBlock();
+  EXPECT_EQ(trouble, LinkTrouble::lostFrames);
+}
+
+TEST_F(BlockReading, TheBlockAsDecodedIsKeptBeforeItIsSmoothed) {
+  host.serialPort.deliver("\x40\x80\x80\x80" + std::string(1020, static_cast<char>(128)));
+  readBlock();
+  EXPECT_EQ(program.state.decodedBlocks, 1);
+  EXPECT_EQ(program.state.decodedBlock[1][1], 64.0F);
+  EXPECT_EQ(program.state.decodedBlock[1][2], 128.0F);
+  EXPECT_LT(program.state.sampleBlock[1][2], 128.0F);
+}
+
 }  // namespace
 }  // namespace korvinel

@@ -146,6 +146,31 @@ TEST_F(LinkTest, AnAnswerJustBeforeTheTimeOutCounts) {
   EXPECT_EQ(program.state.linkReady, 1);
 }
 
+TEST_F(LinkTest, WhileItAsksTheRecordSaysWhatCameBack) {
+  std::vector<std::pair<LinkTrouble, std::string>> seen;
+  host.dialogs.choices = {Choice::ok, Choice::ok};
+  host.instrument.answer = "";
+  host.dialogs.whileOpen = [&] {
+    seen.emplace_back(program.state.linkTrouble, program.state.linkAnswer);
+    host.instrument.answer = seen.size() == 1 ? "XY" : "OK";
+  };
+  openLink();
+  EXPECT_THAT(seen, ElementsAre(std::pair{LinkTrouble::silence, ""}, std::pair{LinkTrouble::otherAnswer, "XY"}));
+  EXPECT_EQ(program.state.linkTrouble, LinkTrouble::none);
+}
+
+TEST_F(LinkTest, TheStartOfEachAttemptIsKept) {
+  const double start = host.time.seconds();
+  host.dialogs.choices = {Choice::ok};
+  host.instrument.answer = "";
+  host.dialogs.whileOpen = [&] {
+    EXPECT_EQ(program.state.handshakeStart, start);
+    host.instrument.answer = "OK";
+  };
+  openLink();
+  EXPECT_GT(program.state.handshakeStart, start + 6);
+}
+
 TEST_F(LinkTest, SilenceForTwoSecondsIsAnError) {
   host.instrument.answer = "";
   const double start = host.time.seconds();
@@ -336,26 +361,31 @@ TEST_F(LinkTest, WhyAPortCannotBeOpenedIsKeptAndWrittenToStandardErrorOnce) {
   host.serialPort.unplug();
   host.dialogs.choices = {Choice::ok, Choice::ok, Choice::ok};
   std::string kept;
+  std::vector<LinkTrouble> troubles;
   host.dialogs.whileOpen = [&] {
-    kept = program.state.lineFault;
+    kept = faultText(*program.state.lineFault);
+    troubles.push_back(program.state.linkTrouble);
     if (host.dialogs.shown.size() == 3) host.serialPort.plugIn();
   };
   openLink();
   EXPECT_EQ(kept, "La porta seriale COM2 non c'e'");
   EXPECT_EQ(host.dialogs.shown[0].text, linkError);  // the box's text stays
   EXPECT_THAT(host.machine.told, ElementsAre("La porta seriale COM2 non c'e'"));
-  EXPECT_EQ(program.state.lineFault, "");
+  EXPECT_EQ(program.state.lineFault, nullptr);
+  EXPECT_THAT(troubles, ElementsAre(LinkTrouble::port, LinkTrouble::port, LinkTrouble::port));
+  EXPECT_EQ(program.state.linkTrouble, LinkTrouble::none);
 }
 
 TEST_F(LinkTest, WhyALineHasFailedIsKeptUntilItIsOpenedAgain) {
   connect();
   host.serialPort.unplug();
   program.state.sendStopCommand();
-  EXPECT_EQ(program.state.lineFault, "La porta seriale non risponde");
+  ASSERT_NE(program.state.lineFault, nullptr);
+  EXPECT_EQ(faultText(*program.state.lineFault), "La porta seriale non risponde");
   EXPECT_THAT(host.machine.told, ElementsAre("La porta seriale non risponde"));
   host.serialPort.plugIn();
   openLink();
-  EXPECT_EQ(program.state.lineFault, "");
+  EXPECT_EQ(program.state.lineFault, nullptr);
 }
 
 TEST_F(LinkTest, FramesCutByTheLineAreNeverCutByTheReading) {

@@ -57,11 +57,13 @@ TEST_F(LineSteps, AStreamStartedOnALineThatTalksIsDoubted) {
 
 TEST_F(LineSteps, AFrameCutByTheStopIsToldAndKeptInMind) {
   startStream();
+  state.decodedBlocks = 7;
   state.sendStopCommand();
   host.serialPort.deliver("abcdx");
   state.sendStartCommand();
   EXPECT_EQ(state.framesCut, 1);
   EXPECT_EQ(state.alignmentFault, "un gruppo di campioni è rimasto incompleto");
+  EXPECT_EQ(state.alignmentFaultBlock, 7);
 }
 
 TEST_F(LineSteps, AFrameFoundCutBeforeTheStopIsNotToldAgain) {

@@ -133,6 +133,13 @@ const auto kinds = testing::Values("memory", "disk", "driveC");
 INSTANTIATE_TEST_SUITE_P(Implementations, FilesOfEveryKind, kinds,
                          [](const auto& kind) { return std::string(kind.param); });
 
+TEST_P(FilesOfEveryKind, AFileKnowsItsSizeWithoutBeingRead) {
+  write("a.QVD", std::string(40'000, 'x'));
+  const auto file = files.openForReading(path("a.QVD"));
+  EXPECT_EQ(file->size(), 40'000);
+  EXPECT_EQ(file->position(), 0);
+}
+
 TEST_P(FilesOfEveryKind, GiveBackEveryByteThatWasWritten) {
   std::string bytes;
   for (int i = 0; i < 100'000; ++i) bytes += static_cast<char>(i * 7 % 256);

@@ -77,6 +77,17 @@ TEST(DataFile, WithoutNotesHasThePlaceholderNote) {
   EXPECT_TRUE(recording.dataFile().starts_with("\"Rossi\",\"21/11/2026 V3\",\"4canali\",1\r\n1,\"Nota: \"\r\n"));
 }
 
+TEST(DataFile, WhatItHoldsIsKeptWithoutThePlaceholderNote) {
+  Recording recording;
+  EXPECT_FALSE(recording.state.lastRecording.made);
+  recording.appendBlocks(3);
+  recording.state.assembleDataFile();
+  EXPECT_TRUE(recording.state.lastRecording.made);
+  EXPECT_EQ(recording.state.lastRecording.blocks, 3);
+  EXPECT_EQ(recording.state.lastRecording.notes, 0);
+  EXPECT_EQ(recording.state.noteCount, 1);
+}
+
 TEST(DataFile, UnderAnExistingNameIsAddedBehindTheOldRecording) {
   Recording recording;
   recording.dataFile() = recordings::file(2);

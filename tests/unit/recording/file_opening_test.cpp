@@ -26,6 +26,12 @@ TEST(OpenDataFile, OfTenBlocksCountsNine) {
   EXPECT_TRUE(program.host.faults.empty());
 }
 
+TEST(OpenDataFile, TheScanKnowsHowManyBlocksAreToCome) {
+  FileProgram program;
+  program.open();
+  EXPECT_EQ(program.state.scanTotal, 10);
+}
+
 /// Messages used to overwrite the text that the label showed.
 TEST(OpenDataFile, TheDateStaysInThe50HertzLabelWhateverWasAsked) {
   FileProgram program;
