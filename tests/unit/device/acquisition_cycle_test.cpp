@@ -62,6 +62,27 @@ TEST(SmoothBlock, TheEdgeCopiesAreTheRawFirstAndLastSample) {
   EXPECT_EQ(program.state.sampleBlock[3][257], 20.0F);
 }
 
+TEST(SmoothBlock, ASampleIsRoundedToAFloatOnlyOnce) {
+  HeadlessProgram program;
+  for (int s = 1; s <= 256; ++s) program.state.sampleBlock[1][s] = static_cast<float>((s * 89) % 256);
+  auto expected = program.state.sampleBlock[1];
+  expected[0] = expected[1];
+  expected[257] = expected[256];
+  for (int s = 1; s <= 256; ++s) {
+    const double left = expected[s - 1], own = expected[s], right = expected[s + 1];
+    expected[s] = static_cast<float>((own + 0.3 * left + 0.3 * right) / 1.6);
+  }
+  program.state.smoothBlock();
+  for (int s = 1; s <= 256; ++s) ASSERT_EQ(program.state.sampleBlock[1][s], expected[s]) << s;
+}
+
+TEST(RemoveBaseline, TheRowOfNoChannelStaysEmpty) {
+  HeadlessProgram program;
+  fill(program.state, 90);
+  program.state.removeBaseline();
+  for (int s = 0; s <= 257; ++s) ASSERT_EQ(program.state.sampleBlock[0][s], 0.0F) << s;
+}
+
 TEST(RemoveBaseline, AConstantBlockStaysAtTheMidLevel) {
   HeadlessProgram program;
   fill(program.state, 128);
@@ -205,6 +226,14 @@ TEST(AcquisitionTick, TheTracesOfABlockCarryTheNamesOfTheirChannels) {
   program.acquireBlocks(1);
   EXPECT_TRUE(program.window.firstTrace.shows("C3"));
   EXPECT_TRUE(program.window.secondTrace.shows("C4"));
+}
+
+TEST(AcquisitionTick, TheNamesStandOverTheCorrectedTraces) {
+  HeadlessProgram program;
+  program.startAcquisition();
+  program.acquireBlocks(1);
+  EXPECT_EQ(program.window.firstTrace.marks().back().text, "Cha.1");
+  EXPECT_EQ(program.window.secondTrace.marks().back().text, "Cha.2");
 }
 
 TEST(AcquisitionTick, EndPressedWhileARejectedBlockIsReadEndsWithThatTurn) {

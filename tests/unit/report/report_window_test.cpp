@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "headless_report.h"
 #include "report/report_geometry.h"
 #include "values/runtime_error.h"
@@ -423,6 +425,50 @@ TEST(ReportGeometry, NoTextOfTheGroundLiesUnderAnythingOrOverAnother) {
       EXPECT_FALSE(overlap(texts[i], part)) << i;
     for (std::size_t j = i + 1; j < texts.size(); ++j) EXPECT_FALSE(overlap(texts[i], texts[j])) << i << ", " << j;
   }
+}
+
+TEST(ReportWindow, AScreenReaderSaysWhatEachControlIsFor) {
+  const ReportWindow w;
+  const std::pair<const platform::Control*, const char*> names[] = {{&w.exitButton, "Chiudi il rapporto"},
+                                                                    {&w.numbersButton, "Riscrivi i valori delle bande"},
+                                                                    {&w.printButton, "Stampa il rapporto"},
+                                                                    {&w.explainButton, "Spiega la curva del rumore"},
+                                                                    {&w.commentButton, "Commenti sui segnali"},
+                                                                    {&w.maximumCheck, "Valori massimi"},
+                                                                    {&w.meanCheck, "Valori medi"},
+                                                                    {&w.scaleSlider, "Scala del rapporto in microvolt"},
+                                                                    {&w.scaleLabel, "Scala del rapporto"},
+                                                                    {&w.intervalLabel, "Durata dell'intervallo"},
+                                                                    {&w.statusLabel, "Stato del rapporto"}};
+  for (const auto& [control, name] : names) EXPECT_EQ(control->name(), name);
+  const auto& slider = w.scaleSlider;
+  EXPECT_EQ(std::tuple(slider.first(), slider.last(), slider.value()), std::tuple(1, 200, 30));
+}
+
+TEST(ReportWindow, APanelHasTwoUnitsAnIndexOrOneAndIsNamedForItsSites) {
+  ReportWindow window;
+  const char* spectra[] = {"Spettro F1", "Spettro F2", "Spettro T5", "Spettro T6"};
+  const char* coherences[] = {"Coerenza F1-F2", "Coerenza T5-T6", "Coerenza F1-T5", "Coerenza F2-T6"};
+  for (int number = 1; number <= 4; ++number) {
+    const platform::Surface &spectrum = window.spectrumOf(number), &coherence = window.coherenceOf(number);
+    EXPECT_EQ(spectrum.name(), spectra[number - 1]);
+    EXPECT_EQ(coherence.name(), coherences[number - 1]);
+    EXPECT_EQ(std::tuple(spectrum.width(), spectrum.height(), spectrum.lineHeight()), std::tuple(128, 200, 18));
+    EXPECT_EQ(std::tuple(coherence.width(), coherence.height(), coherence.lineHeight()), std::tuple(64, 200, 18));
+  }
+}
+
+TEST(ReportWindow, TheGroundAndTheCommentsHaveTheirNamesAndUnits) {
+  const ReportWindow window;
+  EXPECT_EQ(window.ground.name(), "Rapporto");
+  EXPECT_EQ(std::tuple(window.ground.width(), window.ground.height(), window.ground.lineHeight()),
+            std::tuple(1200, 900, 18));
+  EXPECT_EQ(window.ground.background(), Colour::windowBackground);
+  EXPECT_TRUE(window.ground.textsStay());
+  const CommentWindow comments;
+  EXPECT_EQ(comments.text.name(), "Testo dei commenti");
+  EXPECT_EQ(std::tuple(comments.text.width(), comments.text.height(), comments.text.lineHeight()),
+            std::tuple(544, 288, 16));
 }
 
 TEST(ReportWindow, PanelsAreNumberedFrom1To4) {
