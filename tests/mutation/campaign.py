@@ -1,10 +1,11 @@
 """Changes the program in small ways and asks whether the tests notice.
 
-    /usr/bin/python3 tests/mutation/campaign.py COUNT [--seed N] [--only PATH_PART] [--jobs N] [--again]
+    /usr/bin/python3 tests/mutation/campaign.py COUNT [--seed N] [--only PATH_PART] [--jobs N] [--budget SECONDS] [--again]
 
 One build in build/mutation holds every change behind a switch (places.py, switch.h). The tests first run unchanged and
 tell which of them reach which place; then COUNT changes, the same for the same seed and spread evenly over the folders,
-are made one by one, and the tests that reach the place run, the quickest first. Each change writes a line into
+are made one by one, and the tests that reach the place run: those of the source's own test file and the quickest first,
+then the others, up to a budget of SECONDS of tests for each change (60; 0: all of them). Each change writes a line into
 build/mutation/results.tsv, `noticed by TEST` or `survived`; what stands there is not run again, so that an interrupted
 campaign goes on (--again: the survivors run again). Survivors that equivalents.tsv lists, each with the reason why nobody
 can see it, count as settled. Ends with "N passed, N failed".
@@ -30,11 +31,12 @@ def options():
     parser.add_argument('--seed', type=int, default=1)
     parser.add_argument('--only', default='')
     parser.add_argument('--jobs', type=int, default=2)
+    parser.add_argument('--budget', type=float, default=60)
     parser.add_argument('--again', action='store_true')
     return parser.parse_args()
 
 
-def prepared():
+def prepared(budget):
     """The changed program, built and measured."""
     sources = Sources(WORK)
     build = ChangedBuild(WORK, sources)
@@ -42,7 +44,7 @@ def prepared():
     build.configure()
     sources.find(texts, build.compile_commands)
     build.make()
-    tests = Tests(sources.copy, build.folder)
+    tests = Tests(sources.copy, build.folder, budget=budget or float('inf'))
     tests.measure()
     return sources, tests
 
@@ -55,7 +57,7 @@ def still_open(changes, known, again):
 def judge_all(changes, tests, jobs, known):
     """Adds each outcome to `known` and to the table as it comes."""
     with open(RESULTS, 'a', encoding='utf-8') as log, concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        asked = {pool.submit(tests.judge, change.number): change for change in changes}
+        asked = {pool.submit(tests.judge, change.number, change.name): change for change in changes}
         for answer in concurrent.futures.as_completed(asked):
             change = asked[answer]
             known[change.key()] = answer.result()
@@ -65,7 +67,7 @@ def judge_all(changes, tests, jobs, known):
 
 def main():
     given = options()
-    sources, tests = prepared()
+    sources, tests = prepared(given.budget)
     changes = [change for change in table.changes_of(sources.files) if given.only in change.name]
     tried = table.chosen(changes, given.count, given.seed)
     print('%d changes stand in the build; %d are tried' % (len(changes), len(tried)), flush=True)

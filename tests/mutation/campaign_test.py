@@ -24,7 +24,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 find_package(GTest REQUIRED)
 add_library(core STATIC src/values/level.cpp)
 target_include_directories(core PUBLIC src)
-add_executable(korvinel_unit_tests level_test.cpp)
+add_executable(korvinel_unit_tests tests/level_test.cpp tests/ways_test.cpp)
 set_target_properties(korvinel_unit_tests PROPERTIES RUNTIME_OUTPUT_DIRECTORY tests)
 target_link_libraries(korvinel_unit_tests core GTest::gtest_main)
 ''',
@@ -52,7 +52,11 @@ int level(int value) {
 }
 int untested(int value) { return value + 1; }
 ''',
-    'level_test.cpp': '''#include "values/level.h"
+    'tests/ways_test.cpp': '''#include "values/level.h"
+#include <gtest/gtest.h>
+TEST(Ways, EndAtTheMostToo) { EXPECT_EQ(level(1000), 128); }
+''',
+    'tests/level_test.cpp': '''#include "values/level.h"
 #include <gtest/gtest.h>
 TEST(Level, IsThreeTimesTheValue) {
   EXPECT_EQ(level(5), 15);
@@ -100,17 +104,28 @@ class CampaignTest(unittest.TestCase):
     def outcome(self, kind, part):
         found = [change for change in self.changes if change.kind == kind and part in change.what]
         self.assertEqual(len(found), 1, '%s, %s' % (kind, part))
-        return self.tests.judge(found[0].number)
+        return self.tests.judge(found[0].number, found[0].name)
 
     def test_the_unchanged_program_is_not_noticed(self):
         every = [test for _, _, test in self.tests.all]
-        self.assertEqual(sorted(every), ['Level.EndsAtTheMost', 'Level.IsThreeTimesTheValue'])
+        self.assertEqual(sorted(every), ['Level.EndsAtTheMost', 'Level.IsThreeTimesTheValue', 'Ways.EndAtTheMostToo'])
         self.assertEqual(self.tests.ask(0, 'korvinel_unit_tests', every, 60), '')
 
     def test_a_change_is_noticed_by_the_test_that_fails(self):
         self.assertEqual(self.outcome('left out', 'add(twice(value))'), 'noticed by Level.IsThreeTimesTheValue')
         self.assertIn('noticed by', self.outcome('exchanged', 'keep(value) <-> add(twice(value))'))
         self.assertIn('noticed by', self.outcome('negated', 'second > mostLevel'))
+
+    def test_the_tests_of_the_file_come_before_quicker_ones(self):
+        ways, ends, thrice = [(1, 'unit', 'Ways.EndAtTheMostToo'), (5, 'unit', 'Level.EndsAtTheMost'),
+                              (9, 'unit', 'Level.IsThreeTimesTheValue')]
+        self.assertEqual(self.tests.by_nearness([ways, ends, thrice], 'src/values/level.cpp'),
+                         ([ends, thrice, ways], []))
+
+    def test_a_budget_of_seconds_buys_the_quickest_tests(self):
+        tests = Tests(self.tests.copy, self.tests.build, self.tests.programs, budget=2)
+        quick, slow, slower = [(900, 'unit', 'A.a'), (1000, 'unit', 'A.b'), (1100, 'unit', 'A.c')]
+        self.assertEqual(tests.affordable([quick, slow, slower]), [quick, slow])
 
     def test_a_constant_is_changed_where_the_program_starts(self):
         self.assertEqual(self.outcome('constant', '128 -> 129'), 'noticed by Level.EndsAtTheMost')
@@ -119,7 +134,7 @@ class CampaignTest(unittest.TestCase):
         self.assertIn('noticed by', self.outcome('arithmetic', 'value * 2'))
 
     def test_what_nobody_can_see_survives(self):
-        self.assertEqual(self.outcome('left out', 'dropped()'), 'survived (2 tests come there)')
+        self.assertEqual(self.outcome('left out', 'dropped()'), 'survived (3 of 3 tests that come there)')
 
     def test_what_no_test_reaches_survives(self):
         self.assertEqual(self.outcome('arithmetic', 'value + 1'), 'survived (no test comes there)')

@@ -1,7 +1,9 @@
 """Which test reaches which place, and whether one of them notices a change there."""
 import collections
+import concurrent.futures
 import contextlib
 import glob
+import itertools
 import os
 import re
 import subprocess
@@ -10,7 +12,7 @@ import tempfile
 import time
 
 from changed_build import PROGRAMS
-from sources import run
+from sources import read, run
 
 UNCHANGED = 0  # no place has this number
 NEAREST = 12
@@ -19,21 +21,24 @@ SCRIPT = ('recording_tool_test.py', 'whole')
 
 
 class Tests:
-    """`reaching`: place -> [(milliseconds, program, test)], the quickest first."""
+    """`reaching`: place -> [(milliseconds, program, test)], the quickest first. `own`: source -> its own tests, those of
+    the file with the source's name. `budget`: seconds of tests that one change may cost."""
 
-    def __init__(self, copy, build, programs=PROGRAMS):
-        self.copy, self.build, self.programs = copy, build, programs
+    def __init__(self, copy, build, programs=PROGRAMS, budget=float('inf')):
+        self.copy, self.build, self.programs, self.budget = copy, build, programs, budget
         self.script = os.path.join(copy, 'tests/programs', SCRIPT[0])
         self.reaching = collections.defaultdict(list)
         self.all = []
+        self.own = own_tests(copy)
 
     # --- Reach --------------------------------------------------------------------------------------------------------
 
     def measure(self):
         """The unchanged program must pass."""
-        with temporary_folder() as folder:
-            for program in self.programs:
-                self.read_reach(program, self.reach_of(program, os.path.join(folder, program)))
+        with temporary_folder() as folder, concurrent.futures.ThreadPoolExecutor(2) as pool:
+            paths = [os.path.join(folder, program) for program in self.programs]
+            for program, reach in zip(self.programs, pool.map(self.reach_of, self.programs, paths)):
+                self.read_reach(program, reach)
             if os.path.exists(self.script):
                 self.measure_script(os.path.join(folder, 'script'))
         for tests in self.reaching.values():
@@ -71,14 +76,28 @@ class Tests:
 
     # --- Judging ------------------------------------------------------------------------------------------------------
 
-    def judge(self, number):
+    def judge(self, number, source):
+        """`source`: the file of the place `number`."""
         tests = self.reaching.get(number, [])
         if not tests:
             return 'survived (no test comes there)'
         if any(test == STATICS for _, _, test in tests):
             tests = self.all
-        noticed = self.first_notice(number, tests[:NEAREST]) or self.first_notice(number, tests[NEAREST:])
-        return 'noticed by ' + noticed if noticed else 'survived (%d tests come there)' % len(tests)
+        nearest, others = self.by_nearness(tests, source)
+        others = self.affordable(others)
+        noticed = self.first_notice(number, nearest) or self.first_notice(number, others)
+        asked = len(nearest) + len(others)
+        return 'noticed by ' + noticed if noticed else 'survived (%d of %d tests that come there)' % (asked, len(tests))
+
+    def affordable(self, tests):
+        spent = list(itertools.accumulate(milliseconds for milliseconds, _, _ in tests))
+        return [test for test, sum_so_far in zip(tests, spent) if sum_so_far <= 1000 * self.budget]
+
+    def by_nearness(self, tests, source):
+        """The source's own tests and the quickest; the others."""
+        own = [test for test in tests if test[2].split('/')[0] in self.own[stem(source)]]
+        nearest = own + [test for test in tests if test not in own][:NEAREST]
+        return nearest, [test for test in tests if test not in nearest]
 
     def first_notice(self, number, tests):
         by_program = collections.defaultdict(list)
@@ -131,6 +150,20 @@ def temporary_folder():
     with tempfile.TemporaryDirectory() as folder:
         os.chmod(folder, 0o755)
         yield folder
+
+
+def stem(path):
+    return os.path.splitext(os.path.basename(path))[0]
+
+
+def own_tests(copy):
+    """The name of a source -> the tests in the files, or of the suites, with this name."""
+    own = collections.defaultdict(set)
+    for path in glob.glob(os.path.join(copy, 'tests', '**', '*_test.cpp'), recursive=True):
+        for suite, name in re.findall(r'^TEST(?:_F|_P)?\((\w+),\s*(\w+)\)', read(path), re.M):
+            for source in (stem(path).removesuffix('_test'), re.sub(r'(?<!^)([A-Z])', r'_\1', suite).lower()):
+                own[source].add(suite + '.' + name)
+    return own
 
 
 def first_failure(output):
