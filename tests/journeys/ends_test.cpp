@@ -217,18 +217,6 @@ TEST(Registra, IsRefusedWithTheReasonOnceTheDataFileOfTheLimitIsWritten) {
   EXPECT_EQ(program.host.files.content[dataFile].size(), recordings::header().size() + std::size_t{200 * 1036});
 }
 
-TEST(EndAcquisition, StartsAnewWhereARecordingIsArmed) {
-  HeadlessProgram program;
-  program.startAcquisition();
-  program.acquireBlocks(2);
-  program.state.stopRequested = program.state.recordingArmed = 1;
-  program.state.endAcquisition();
-  EXPECT_EQ(program.state.acquisitionRunning, 1);
-  EXPECT_EQ(program.state.recordingArmed, 0);
-  EXPECT_EQ(program.state.blockCount, 0);
-  EXPECT_TRUE(program.host.tickTimer.enabled());
-}
-
 TEST(PrintAfterReplay, StopAndStartInItsWaitBeginAnAcquisitionThatLives) {
   FileProgram program;
   program.open();

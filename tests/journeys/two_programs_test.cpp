@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "acquisition_end.h"
 #include "headless_program.h"
 #include "recordings.h"
 
@@ -25,16 +26,13 @@ struct TwoPrograms : testing::Test {
     second.host.machine.self = {"bruno", "studio-2", 815};
   }
 
-  static std::string lastBox(const HeadlessProgram& program) {
-    return program.host.dialogs.shown.empty() ? "" : program.host.dialogs.shown.back().text;
-  }
   static void record(HeadlessProgram& program) {
     program.window.Registra.press();
     program.host.time.runUntil([&] { return program.state.recordingArmed == 0; });
   }
   static void stop(HeadlessProgram& program) {
     program.window.Stopd1.press();
-    program.host.time.runUntil([&] { return program.state.intervalSelectable == 1; });
+    waitForEnd(program);
     program.host.time.runFor(0.1);
   }
 };
