@@ -8,10 +8,9 @@
 #include <functional>
 #include <optional>
 
-#include "frame/fault_text.h"
 #include "platform/headless/memory_files.h"
 #include "temporary_folder.h"
-#include "values/runtime_error.h"
+#include "unit/platform/disk_faults.h"
 
 #ifndef _WIN32
 #include <sys/resource.h>
@@ -28,16 +27,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-/// The fault thrown by an act, with its message.
-std::pair<Fault, std::string> faultOf(const std::function<void()>& act) {
-  try {
-    act();
-  } catch (const RuntimeError& fault) {
-    return {fault.fault, faultText(fault)};
-  }
-  return {Fault::overflow, "no fault"};
-}
 
 bool isRefused(const std::function<void()>& act) { return faultOf(act).first == Fault::output; }
 

@@ -4,11 +4,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <functional>
-
-#include "frame/fault_text.h"
 #include "temporary_folder.h"
-#include "values/runtime_error.h"
+#include "unit/platform/disk_faults.h"
 
 namespace korvinel::platform {
 namespace {
@@ -31,16 +28,6 @@ struct DiskFilesInAFolder : testing::Test {
   }
 };
 
-/// The fault thrown by the action, with its message.
-std::pair<Fault, std::string> faultOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& fault) {
-    return {fault.fault, faultText(fault)};
-  }
-  return {Fault::overflow, "no fault"};
-}
-
 TEST_F(DiskFilesInAFolder, AWriteIsOnTheDiskBeforeTheFileIsClosed) {
   const auto file = files.create(root + "a");
   file->write("block 1");
@@ -58,14 +45,8 @@ TEST_F(DiskFilesInAFolder, HostPathsAreUsedAsTheyAre) {
 
 TEST_F(DiskFilesInAFolder, WhatIsNoOrdinaryFileCannotBeReadOrWritten) {
   ASSERT_EQ(mkfifo(onDisk("pipe").c_str(), 0600), 0);
-  for (const std::string& path : {root + "DATAFILE", root + "pipe", std::string("/dev/null")}) {
-    const auto [readFault, readMessage] = faultOf([&] { static_cast<void>(files.openForReading(path)); });
-    EXPECT_EQ(readFault, Fault::input) << path;
-    EXPECT_THAT(readMessage, HasSubstr(path));
-    const auto [writeFault, writeMessage] = faultOf([&] { static_cast<void>(files.create(path)); });
-    EXPECT_EQ(writeFault, Fault::output) << path;
-    EXPECT_THAT(writeMessage, HasSubstr(path));
-  }
+  for (const std::string& path : {root + "DATAFILE", root + "pipe", std::string("/dev/null")})
+    expectNoOrdinaryFile(files, path);
 }
 
 TEST_F(DiskFilesInAFolder, AMessageNamesTheFileWhereItLiesAndTheReason) {

@@ -118,6 +118,13 @@ TEST_F(QtScreenPrinterTest, ALinkIsNeverFollowed) {
   EXPECT_FALSE(QFile::exists(elsewhere));
 }
 
+/// The colour of the window in the picture that a press of the print key takes.
+QColor pictured(QtScreenPrinter& printer) {
+  printer.emptyClipboard();
+  printer.pressPrintScreen(1);
+  return QApplication::clipboard()->image().pixelColor(60, 40);
+}
+
 struct Shown {
   explicit Shown(QWidget& window, QColor colour) {
     QPalette palette;
@@ -138,37 +145,35 @@ TEST_F(QtScreenPrinterTest, ABoxIsNeverThePicture) {
     QDialog box(parent);
     box.setModal(true);
     ASSERT_TRUE(Shown(box, Qt::blue).active);
-    printer.emptyClipboard();
-    printer.pressPrintScreen(1);
-    EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(255, 0, 0));
+    EXPECT_EQ(pictured(printer), QColor(Qt::red));
   }
 }
 
-TEST_F(QtScreenPrinterTest, TheActiveWindowIsThePictureWhoeverOwnsIt) {
+/// A red window, and a blue one that it owns, which is active.
+struct ScreenPrintWithTwoWindows : QtScreenPrinterTest {
   QWidget window;
+  QDialog comments{&window};
+
+  void SetUp() override {
+    ASSERT_TRUE(Shown(window, Qt::red).active);
+    ASSERT_TRUE(Shown(comments, Qt::blue).active);
+  }
+};
+
+TEST_F(ScreenPrintWithTwoWindows, TheActiveOneIsThePictureWhoeverOwnsIt) {
+  EXPECT_EQ(pictured(printer), QColor(Qt::blue));
   ASSERT_TRUE(Shown(window, Qt::red).active);
-  QDialog comments(&window);
-  ASSERT_TRUE(Shown(comments, Qt::blue).active);
-  printer.pressPrintScreen(1);
-  EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(0, 0, 255));
-  ASSERT_TRUE(Shown(window, Qt::red).active);
-  printer.pressPrintScreen(1);
-  EXPECT_EQ(QApplication::clipboard()->image().pixel(60, 40), qRgb(255, 0, 0));
+  EXPECT_EQ(pictured(printer), QColor(Qt::red));
 }
 
-TEST_F(QtScreenPrinterTest, UnderABoxTheWindowThatWasActiveIsThePicture) {
-  QWidget window;
-  ASSERT_TRUE(Shown(window, Qt::red).active);
-  QDialog comments(&window);
-  ASSERT_TRUE(Shown(comments, Qt::blue).active);
+TEST_F(ScreenPrintWithTwoWindows, UnderABoxTheOneThatWasActiveIsThePicture) {
   for (QWidget* active : {&window, static_cast<QWidget*>(&comments)}) {
     const QColor colour = active->palette().color(QPalette::Window);
     ASSERT_TRUE(Shown(*active, colour).active);
     QDialog box;
     box.setModal(true);
     ASSERT_TRUE(Shown(box, Qt::green).active);
-    printer.pressPrintScreen(1);
-    EXPECT_EQ(QApplication::clipboard()->image().pixelColor(60, 40), colour);
+    EXPECT_EQ(pictured(printer), colour);
   }
 }
 

@@ -4,26 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
 #include <random>
 
-#include "frame/fault_text.h"
+#include "unit/platform/disk_faults.h"
 
 namespace korvinel::platform {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
-
-/// The fault thrown by the action, with its message.
-std::pair<Fault, std::string> faultOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& fault) {
-    return {fault.fault, faultText(fault)};
-  }
-  return {Fault::overflow, "no fault"};
-}
 
 struct WindowsDiskFiles : testing::Test {
   DiskFiles files;
@@ -54,14 +42,8 @@ TEST_F(WindowsDiskFiles, NamesAreUnicode) {
 }
 
 TEST_F(WindowsDiskFiles, WhatIsNoOrdinaryFileCannotBeReadOrWritten) {
-  for (const std::string& path : {folder + "inner", folder + "COM5", folder + "NUL", std::string("\\\\.\\COM5")}) {
-    const auto [readFault, readMessage] = faultOf([&] { static_cast<void>(files.openForReading(path)); });
-    EXPECT_EQ(readFault, Fault::input) << path;
-    EXPECT_THAT(readMessage, HasSubstr(path));
-    const auto [writeFault, writeMessage] = faultOf([&] { static_cast<void>(files.create(path)); });
-    EXPECT_EQ(writeFault, Fault::output) << path;
-    EXPECT_THAT(writeMessage, HasSubstr(path));
-  }
+  for (const std::string& path : {folder + "inner", folder + "COM5", folder + "NUL", std::string("\\\\.\\COM5")})
+    expectNoOrdinaryFile(files, path);
 }
 
 TEST_F(WindowsDiskFiles, ADevicesNameIsTaken) {
