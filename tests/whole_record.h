@@ -75,7 +75,8 @@ class WholeRecord {
     add("channelPair", s.channelPair), add("analysisFirstBlock", v.analysisFirstBlock);
     add("analysisLastBlock", v.analysisLastBlock), add("replayStartBlock", v.replayStartBlock);
     add("fileBlockCount", v.fileBlockCount), add("temporaryContent", s.temporaryContent);
-    add("temporaryWritten", s.temporaryWritten);
+    add("temporaryWritten", s.temporaryWritten), add("tracesPair", s.tracesPair), add("spectraPair", s.spectraPair);
+    add("coherencePair", s.coherencePair), add("numbersPair", s.numbersPair), add("stripPair", s.stripPair);
   }
 
   void texts() {

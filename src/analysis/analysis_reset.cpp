@@ -42,6 +42,7 @@ void MainState::resetAnalysis() {
   clearMeans(*this);
   clearNotes(*this);
   clearHistories(shared);
+  shared.examination += 1;
 }
 
 }  // namespace korvinel

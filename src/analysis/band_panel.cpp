@@ -50,6 +50,7 @@ void MainState::showBandPeaks() {
   const int firstChannel = channelPair == 1 ? 1 : channelPair == 2 ? 3 : 0;
   printPanel(*this, window.firstNumbers, firstChannel);
   printPanel(*this, window.secondNumbers, firstChannel == 0 ? 0 : firstChannel + 1);
+  numbersPair = channelPair;
 }
 
 }  // namespace korvinel

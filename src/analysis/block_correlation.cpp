@@ -28,6 +28,7 @@ void drawLiveTrend(MainState& state) {
   drawTrendScale(strip);
   drawTrend(strip, state.shared.coherenceHistory[state.channelPair], state.blockCount);
   drawNoteMarks(state);
+  state.stripPair = state.channelPair;
 }
 
 }  // namespace

@@ -64,6 +64,7 @@ void MainState::summariseSynchrony() {
   drawTrend(strip, shared.coherenceHistory[channelPair], shared.fileBlockCount);
   printAverage(*this);
   drawNoteMarks(*this);
+  stripPair = channelPair;
 }
 
 void MainState::drawCoherenceGraph() {
@@ -73,6 +74,7 @@ void MainState::drawCoherenceGraph() {
   const auto& coherence = meanCoherence[channelPair];
   const auto xOf = [&](int index) { return Int16::nearest(100.0 - static_cast<double>(coherence[index])); };
   for (int i = 1; i <= displayedBins; ++i) graph.line(xOf(i - 1), 258 - 4 * (i - 1), xOf(i), 258 - 4 * i, Colour::blue);
+  coherencePair = channelPair;
 }
 
 }  // namespace korvinel

@@ -147,6 +147,7 @@ void MainState::drawRawTraces() {
   drawTrace(pair.first, pair.firstChannel, Colour::lightGreen);
   drawTrace(pair.second, pair.firstChannel + 1, Colour::lightGreen);
   if (artefactFlag == 1 && shared.inItalian()) pair.first.printAt(1, 1, Colour::white, "Artefatto!");
+  tracesPair = channelPair == 2 ? 2 : 1;
 }
 
 void MainState::drawCorrectedTraces() {

@@ -50,6 +50,7 @@ void MainState::rejectBlock() {
   window.secondTrace.clear();
   drawTrace(window.secondTrace, secondChannel, Colour::blue);
   window.firstTrace.printAt(1, 1, Colour::white, "Artefatto!");
+  tracesPair = firstChannel == 0 ? 0 : static_cast<int>(sharedSelector);
   waitAtLeast(*this, 0.05);
   sendStartCommand();
   host.tickTimer.setEnabled(true);

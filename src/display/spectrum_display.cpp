@@ -62,6 +62,7 @@ void drawPanels(MainState& state, Fixed scale) {
   // In the outer corners, where only bars near the full scale reach.
   window.leftSpectrum.printAt(4, 2, Colour::black, state.pairLabelLeft);
   window.rightSpectrum.printAt(234, 2, Colour::black, state.pairLabelRight);
+  state.spectraPair = state.channelPair == 2 ? 2 : 1;
 }
 
 void showMainsVerdict(MainState& state) {
@@ -87,6 +88,7 @@ void drawStrip(MainState& state) {
                   (pair == 1 ? "Syncro 1-2=" : "Syncro 3-4=") + shortestDecimal(correlation[state.blockCount]));
   const double cursor = eeg::secondsPerBlock * state.blockCount;
   strip.line(cursor, 1, cursor, 200, Colour::lightCyan);
+  state.stripPair = pair;
 }
 
 }  // namespace

@@ -80,6 +80,7 @@ void MainState::clearPictures() {
                            &w.firstNumbers, &w.secondNumbers, &w.Picture6})
     surface->clear();
   for (platform::Label* label : {&w.timeLabel, &w.zLabel, &w.replayPositionLabel}) label->setText("");
+  tracesPair = spectraPair = coherencePair = numbersPair = stripPair = 0;
   w.statusLabel.setInk(Colour::black);
   w.statusLabel.setText("Registrazione disattiva");
   w.Slider1.setValue(0);

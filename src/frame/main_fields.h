@@ -179,6 +179,10 @@ struct MainFields {
   Int16 selectionDragging = 0;                   ///< 1 between press and release on the time strip
   Int16 selectionStartX = 0, selectionEndX = 0;  ///< strip units (seconds)
   std::string printPromptText;                   ///< the question before printing
+
+  // The pair that each graph shows, 1 (F1-F2) or 2 (T5-T6); 0: nothing since it was cleared for another examination.
+  // Not always `channelPair`: a graph drawn before "Canali", and a rejected block, keep theirs.
+  Int16 tracesPair = 0, spectraPair = 0, coherencePair = 0, numbersPair = 0, stripPair = 0;
 };
 
 }  // namespace korvinel

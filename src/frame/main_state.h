@@ -138,8 +138,8 @@ struct MainState : MainFields {
   void removeOcularArtefacts();
 
   // analysis/analysis_reset.cpp
-  /// Clears the running means, the notes' times and texts, and the histories in `shared`. `meanCoherence` above index
-  /// 70 stays until the next first block.
+  /// Clears the running means, the notes' times and texts, and the histories in `shared`, whose `examination` is
+  /// counted. `meanCoherence` above index 70 stays until the next first block.
   void resetAnalysis();
 
   // analysis/band_panel.cpp
@@ -215,7 +215,8 @@ struct MainState : MainFields {
   void replayFile();  ///< "Display": shows the open file block by block from the slider's position, by `displaySpeed`
 
   // display/window_layout.cpp
-  void clearPictures();        ///< removes the last examination from the graphs and from the labels beside them
+  /// Removes the last examination from the graphs and from the labels beside them; they show no pair any more.
+  void clearPictures();
   void drawGraphFrames();      ///< the two layout operations below, at the start of an acquisition
   void drawAxesAndLabels();    ///< captions, frequency axis and labels; also calls `takeNames`
   void drawGrids();            ///< grids, rulers and frames, over what the graphs show

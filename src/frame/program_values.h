@@ -21,6 +21,8 @@ struct ProgramValues {
   Int16 replayStartBlock = 0;  ///< shown as Z1
   Int16 fileBlockCount = 0;    ///< blocks of the finished or opened recording; shown as Z2
 
+  int examination = 0;  ///< counts the examinations: changes whenever the histories are emptied for another
+
   std::string subjectName;
   std::string dataFileName;  ///< without folder
 
