@@ -1,6 +1,6 @@
 """A whole examination in a virtual display, as `./run` performs it without a screen.
 
-    /usr/bin/python3 demonstration.py BUILD_FOLDER DEMO_FOLDER
+    /usr/bin/python3 demonstration.py BUILD_FOLDER DEMO_FOLDER [OPTION OF THE INSTRUMENT...]
 
 Starts the simulated instrument and the program, records with a note, stops, opens the file, replays it, opens the
 report and its comments, prints, and leaves the screenshots, the data file and the printed page in the demo folder.
@@ -18,6 +18,7 @@ import driver
 
 driver.KORVINEL = os.path.join(BUILD, 'korvinel')
 driver.INSTRUMENT = os.path.join(BUILD, 'tools/instrument/korvinel-instrument')
+SIGNAL = sys.argv[3:] or ['--model', 'eyes-closed']
 BLOCKS = 6
 
 
@@ -82,7 +83,7 @@ def main():
     os.makedirs(DEMO, exist_ok=True)
     with driver.Desktop('1366x768') as desktop:
         os.environ['CUPS_SERVER'] = os.path.join(desktop.home, 'no-print-server')  # the page goes into a file
-        desktop.start_instrument(driver.INSTRUMENT, 1, '--model', 'eyes-closed', '--seed', '1')
+        desktop.start_instrument(driver.INSTRUMENT, 1, *SIGNAL)
         program = desktop.start_program([driver.KORVINEL])
         recordings = os.path.join(desktop.data, 'drive_c/QUARVEL5/DATAFILE')
         recording = os.path.join(recordings, 'dimostrazione.QVD')
