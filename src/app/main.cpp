@@ -14,9 +14,9 @@
 namespace {
 
 int refuseToStart(const std::exception& cause) {
-  QMessageBox box(QMessageBox::Critical, "Korvinel", "Korvinel non puo' partire.", QMessageBox::Ok);
+  QMessageBox box(QMessageBox::Critical, "Korvinel", "Korvinel non può partire.", QMessageBox::Ok);
   box.setTextFormat(Qt::PlainText);
-  box.setText("Korvinel non puo' partire.\n\n" + korvinel::platform::toQt(korvinel::faultText(cause)));
+  box.setText("Korvinel non può partire.\n\n" + korvinel::platform::toQt(korvinel::faultText(cause)));
   box.exec();
   return 1;
 }

@@ -14,9 +14,9 @@ std::string meaningOf(const std::exception& fault) {
   const auto* known = dynamic_cast<const RuntimeError*>(&fault);
   if (known == nullptr) return "Il programma ha fatto un errore.";
   switch (known->fault) {
-    case Fault::divisionByZero: return "Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto.";
-    case Fault::overflow: return "Un numero e' troppo grande per il programma.";
-    case Fault::subscript: return "E' stato chiesto un dato che il programma non ha.";
+    case Fault::divisionByZero: return "Il calcolo non è possibile: il segnale è piatto o l'intervallo è vuoto.";
+    case Fault::overflow: return "Un numero è troppo grande per il programma.";
+    case Fault::subscript: return "È stato chiesto un dato che il programma non ha.";
     default: return "";
   }
 }

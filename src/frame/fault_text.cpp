@@ -16,7 +16,7 @@ constexpr FaultTemplates sentences = {{
     {Cause::emptyInterval, "Divisione per zero: l'intervallo non ha blocchi"},
     {Cause::noCorrelation, "Correlazione non calcolabile"},
     {Cause::noNumber, "Numero non valido: \"<text>\""},
-    {Cause::fieldTooLong, "Campo troppo lungo: il file e' danneggiato"},
+    {Cause::fieldTooLong, "Campo troppo lungo: il file è danneggiato"},
     {Cause::quoteMissing, "Mancano le virgolette finali di un testo"},
     {Cause::endOfFile, "Fine del file inattesa"},
     {Cause::notReadable, "Impossibile leggere il file <path>:\r<reason>"},
@@ -26,13 +26,13 @@ constexpr FaultTemplates sentences = {{
     {Cause::folderNotMade, "<reason>: <path>"},
     {Cause::noHome, "L'utente non ha una cartella personale in cui tenere le registrazioni."},
     {Cause::portSettings, "Impostazioni della porta seriale non valide: <text>"},
-    {Cause::portMissing, "La porta seriale <path> non c'e': <reason>"},
-    {Cause::noPort, "<path> non e' una porta seriale"},
+    {Cause::portMissing, "La porta seriale <path> non c'è: <reason>"},
+    {Cause::noPort, "<path> non è una porta seriale"},
     {Cause::portForbidden, "La porta seriale <path> non si apre: manca il permesso (gruppo dialout)"},
-    {Cause::portInUse, "La porta seriale <path> e' gia' in uso"},
+    {Cause::portInUse, "La porta seriale <path> è già in uso"},
     {Cause::portNotOpened, "La porta seriale <path> non si apre: <reason>"},
     {Cause::portRefusesSettings, "La porta seriale <path> non accetta le impostazioni: <reason>"},
-    {Cause::portClosed, "La porta seriale e' chiusa"},
+    {Cause::portClosed, "La porta seriale è chiusa"},
     {Cause::portSilent, "La porta seriale non risponde: <reason>"},
     {Cause::portFull, "La porta seriale non accetta dati"},
     {Cause::foreign, "<reason>"},
@@ -53,9 +53,9 @@ const char* nameOf(ItemMeaning meaning) {
 std::string placeOf(const Facts& facts) {
   if (!facts.installation.empty()) return "Impossibile creare la cartella " + facts.installation + ":\r";
   if (facts.item > 0)
-    return facts.parameterFile + ": manca o non e' valido l'elemento " + std::to_string(facts.item) + " (" +
+    return facts.parameterFile + ": manca o non è valido l'elemento " + std::to_string(facts.item) + " (" +
            nameOf(facts.meaning) + ").\r";
-  if (facts.block) return "La lettura si e' fermata al blocco " + std::to_string(*facts.block) + ".\r";
+  if (facts.block) return "La lettura si è fermata al blocco " + std::to_string(*facts.block) + ".\r";
   return "";
 }
 
@@ -63,7 +63,7 @@ std::string placeOf(const Facts& facts) {
 
 std::string faultText(const Facts& facts) {
   const std::string where = facts.placeOnDisk.empty() ? "" : "\r(" + facts.placeOnDisk + ")";
-  return placeOf(facts) + filled(sentences, facts, "non e' un normale file") + where;
+  return placeOf(facts) + filled(sentences, facts, "non è un normale file") + where;
 }
 
 }  // namespace korvinel

@@ -34,9 +34,9 @@ std::string shownNote(const std::string& note) {
 }
 
 bool refuse(MainState& state, const std::string& holder) {
-  state.host.dialogs.notice("In questa cartella dei dati e' gia' in corso un esame:\r" + shownNote(holder) +
+  state.host.dialogs.notice("In questa cartella dei dati è già in corso un esame:\r" + shownNote(holder) +
                             "\rDue esami insieme si mescolerebbero in un solo file.\r"
-                            "Finche' l'altro non e' concluso qui si possono aprire,\r"
+                            "Finché l'altro non è concluso qui si possono aprire,\r"
                             "rivedere e stampare le registrazioni.");
   return false;
 }
@@ -56,12 +56,12 @@ bool MainState::reserveDataFolder() {
     case LockOutcome::taken: return true;
     case LockOutcome::held: return refuse(*this, attempt.told);
     case LockOutcome::notWritable:
-      return goOnWithout(*this, "Nella cartella dei dati non si puo' scrivere:\r" + attempt.told +
+      return goOnWithout(*this, "Nella cartella dei dati non si può scrivere:\r" + attempt.told +
                                     "\rI segnali si possono vedere, ma non registrare.");
-    case LockOutcome::notOrdinary: attempt.told += ": non e' un normale file"; break;
+    case LockOutcome::notOrdinary: attempt.told += ": non è un normale file"; break;
     case LockOutcome::notOffered: break;
   }
-  return goOnWithout(*this, "La cartella dei dati non si puo' riservare a questo esame:\r" + attempt.told +
+  return goOnWithout(*this, "La cartella dei dati non si può riservare a questo esame:\r" + attempt.told +
                                 "\rSe un altro programma vi registra nello stesso momento,\r"
                                 "i dati di due pazienti si mescolano.");
 }

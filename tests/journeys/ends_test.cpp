@@ -157,7 +157,7 @@ TEST(ReadError, InTheMiddleOfAScanIsToldAndLeavesTheProgramUsable) {
     EXPECT_EQ(program.state.readHandle, nullptr);
     ASSERT_EQ(program.host.dialogs.shown.size(), 2U) << place;
     const std::string& told = program.host.dialogs.shown.back().text;
-    EXPECT_TRUE(told.starts_with("La lettura si e' fermata al blocco ")) << told;
+    EXPECT_TRUE(told.starts_with("La lettura si è fermata al blocco ")) << told;
     program.window.Stopd1.press();
     program.window.fileNameBox.type("nuovo");
     program.window.Starts1.press();
@@ -191,7 +191,7 @@ TEST(ReadError, DuringAReplayIsToldAndLeavesTheProgramUsable) {
   program.window.HScroll2.moveTo(20);
   program.window.Displayx.press();
   ASSERT_EQ(program.host.faults.size(), 1U);
-  EXPECT_TRUE(program.host.faults[0].starts_with("La lettura si e' fermata al blocco ")) << program.host.faults[0];
+  EXPECT_TRUE(program.host.faults[0].starts_with("La lettura si è fermata al blocco ")) << program.host.faults[0];
   EXPECT_EQ(program.state.fileLoopRunning, 0);
   EXPECT_EQ(program.state.acquisitionRunning, 0);
 }

@@ -161,7 +161,7 @@ TEST(FolderThatCannotBeWritten, IsToldAtStartAndSignalsCanBeSeen) {
   program.host.dialogs.choices.push_back(Choice::ok);
   program.startAcquisition();
   EXPECT_THAT(program.host.dialogs.shown.front().text,
-              testing::StartsWith("Nella cartella dei dati non si puo' scrivere:\r"));
+              testing::StartsWith("Nella cartella dei dati non si può scrivere:\r"));
   EXPECT_EQ(program.state.acquisitionRunning, 1);
   program.window.Registra.press();
   EXPECT_THAT(program.host.dialogs.shown.back().text, HasSubstr("Impossibile registrare!"));

@@ -9,7 +9,7 @@ import unittest
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import driver
 
-FAULT = ("Operazione interrotta: Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto. "
+FAULT = ("Operazione interrotta: Il calcolo non è possibile: il segnale è piatto o l'intervallo è vuoto. "
          '(Divisione per zero)')
 HEADER = b'"Rossi","21/11/2026 V3","4canali",1\r\n1,"Nota: "\r\n'
 MAIN, REPORT = 'Stato della registrazione', 'Stato del rapporto'

@@ -161,7 +161,7 @@ class LiveSlice(WindowTest):
         self.desktop.screenshot('6-missing-file')
         title, text = program.answer('OK')
         self.assertEqual(title, 'Korvinel')
-        self.assertIn("Korvinel non puo' partire.", text)
+        self.assertIn("Korvinel non può partire.", text)
         self.assertIn('C:\\QUARVEL5\\Instal8s.val', text)
         self.assertEqual(program.wait_for_end(), 1)
 

@@ -262,7 +262,7 @@ class Printing(ReportTest):
         program.click("Stampa l'immagine")
         self.assertEqual(program.answer('OK'), PROMPT)
         text = program.answer('OK')[1]
-        self.assertRegex(text, r"^Nessuna stampante installata\.\nL'immagine e' nel file\n"
+        self.assertRegex(text, r"^Nessuna stampante installata\.\nL'immagine è nel file\n"
                                r'C:\\QUARVEL5\\DATAFILE\\prova-\d{8}-\d{6}\.pdf$')
         folder = os.path.join(self.desktop.data, 'drive_c/QUARVEL5/DATAFILE')
         name = text.rpartition('\\')[2]
@@ -271,7 +271,7 @@ class Printing(ReportTest):
         os.rename(folder, folder + '-away')
         program.click("Stampa l'immagine")
         program.answer('OK')
-        self.assertTrue(program.answer('OK')[1].startswith("La stampa non e' riuscita.\nIl file non si puo' scrivere:\n"))
+        self.assertTrue(program.answer('OK')[1].startswith("La stampa non è riuscita.\nIl file non si può scrivere:\n"))
         self.end(program)
 
 

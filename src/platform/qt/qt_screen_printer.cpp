@@ -67,7 +67,7 @@ void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place) 
   picture.setDevicePixelRatio(1);
   const double dots = page.logicalDpiX() / millimetresPerInch;
   QPainter painter;
-  if (!painter.begin(&page)) throw NotPrinted("La pagina non si puo' cominciare.");
+  if (!painter.begin(&page)) throw NotPrinted("La pagina non si può cominciare.");
   painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
   painter.drawImage(QRectF(place.x() * dots, place.y() * dots, place.width() * dots, place.height() * dots), picture);
   if (!painter.end()) throw NotPrinted("La stampante non ha preso la pagina.");
@@ -128,15 +128,15 @@ void QtScreenPrinter::pressPrintScreen(int) {
 void QtScreenPrinter::printClipboard(double x, double y, double width, double height) {
   try {
     const std::string file = print({x, y, width, height});
-    if (!file.empty()) dialogs_.notice("Nessuna stampante installata.\rL'immagine e' nel file\r" + file);
+    if (!file.empty()) dialogs_.notice("Nessuna stampante installata.\rL'immagine è nel file\r" + file);
   } catch (const NotPrinted& fault) {
-    dialogs_.notice(std::string("La stampa non e' riuscita.\r") + fault.what());
+    dialogs_.notice(std::string("La stampa non è riuscita.\r") + fault.what());
   }
 }
 
 std::string QtScreenPrinter::print(const QRectF& millimetres) {
   const QImage picture = pictureToPrint();
-  if (picture.isNull()) throw NotPrinted("Non c'e' un'immagine da stampare.");
+  if (picture.isNull()) throw NotPrinted("Non c'è un'immagine da stampare.");
   if (QPrinterInfo::availablePrinterNames().isEmpty()) return printIntoFile(picture, millimetres);
   printPicture(picture, millimetres);
   return "";
@@ -147,10 +147,10 @@ std::string QtScreenPrinter::printIntoFile(const QImage& picture, const QRectF& 
   constexpr qint64 roomForRecordings = 10'000'000;  // about ten examinations
   switch (writeNewFile(QString::fromStdString(paths_.toHost(file)), pdfOf(picture, millimetres), roomForRecordings)) {
     case NewFile::written: return file;
-    case NewFile::noRoom: throw NotPrinted("Lo spazio su disco e' poco e serve alle registrazioni:\r" + file);
+    case NewFile::noRoom: throw NotPrinted("Lo spazio su disco è poco e serve alle registrazioni:\r" + file);
     case NewFile::failed: break;
   }
-  throw NotPrinted("Il file non si puo' scrivere:\r" + file);
+  throw NotPrinted("Il file non si può scrivere:\r" + file);
 }
 
 /// The clipboard's picture, or, as long as that is our capture, the finer painting of it.

@@ -368,9 +368,9 @@ TEST_F(LinkTest, WhyAPortCannotBeOpenedIsKeptAndWrittenToStandardErrorOnce) {
     if (host.dialogs.shown.size() == 3) host.serialPort.plugIn();
   };
   openLink();
-  EXPECT_EQ(kept, "La porta seriale COM2 non c'e'");
+  EXPECT_EQ(kept, "La porta seriale COM2 non c'è");
   EXPECT_EQ(host.dialogs.shown[0].text, linkError);  // the box's text stays
-  EXPECT_THAT(host.machine.told, ElementsAre("La porta seriale COM2 non c'e'"));
+  EXPECT_THAT(host.machine.told, ElementsAre("La porta seriale COM2 non c'è"));
   EXPECT_EQ(program.state.lineFault, nullptr);
   EXPECT_THAT(troubles, ElementsAre(LinkTrouble::port, LinkTrouble::port, LinkTrouble::port));
   EXPECT_EQ(program.state.linkTrouble, LinkTrouble::none);

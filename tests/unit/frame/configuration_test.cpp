@@ -34,7 +34,7 @@ TEST(ReadSettings, TheThirdItemIsTheSerialPort) {
 
 TEST(ReadSettings, AShortFileNamesItselfAndTheMissingItem) {
   EXPECT_THAT(failureOf("\"a\",\"b\""),
-              HasSubstr("Instal8s.val: manca o non e' valido l'elemento 3 (numero della porta seriale)"));
+              HasSubstr("Instal8s.val: manca o non è valido l'elemento 3 (numero della porta seriale)"));
   EXPECT_THAT(failureOf("\"a\",\"b\",2,0,0"), HasSubstr("elemento 6 (numero)"));
   EXPECT_THAT(failureOf("\"a\",\"b\",2,0,0,0,0\r\n\"x\"\r\n"), HasSubstr("elemento 9 (testo)"));
   EXPECT_THAT(failureOf(""), HasSubstr("elemento 1 (testo)"));
@@ -84,7 +84,7 @@ std::string calibrationFailureOf(const std::string& text) {
 
 TEST(ReadCalibration, AMissingFactorIsNamed) {
   EXPECT_THAT(calibrationFailureOf(factorsUpTo(63)),
-              HasSubstr("C:\\QUARVEL5\\Factors.val: manca o non e' valido l'elemento 64"));
+              HasSubstr("C:\\QUARVEL5\\Factors.val: manca o non è valido l'elemento 64"));
 }
 
 TEST(ReadCalibration, AFactorBeyondA32BitFloatIsRefusedAndNamed) {

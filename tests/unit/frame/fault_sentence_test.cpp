@@ -23,14 +23,14 @@ std::string sentenceAfter(Act&& act) {
 
 TEST(FaultSentence, SaysInPlainWordsWhatAFaultOfTheNumbersMeans) {
   EXPECT_EQ(sentenceAfter([] { (void)(Fixed(1) / Fixed(0)); }),
-            "Operazione interrotta: Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto. "
+            "Operazione interrotta: Il calcolo non è possibile: il segnale è piatto o l'intervallo è vuoto. "
             "(Divisione per zero)");
   EXPECT_EQ(sentenceAfter([] { (void)Int16(40'000); }),
-            "Operazione interrotta: Un numero e' troppo grande per il programma. (Numero troppo grande per un campo di "
+            "Operazione interrotta: Un numero è troppo grande per il programma. (Numero troppo grande per un campo di "
             "16 bit)");
   EXPECT_EQ(
       sentenceAfter([] { throw RuntimeError(Facts{.cause = Cause::indexOutside, .block = 203}); }),
-      "Operazione interrotta: E' stato chiesto un dato che il programma non ha. (La lettura si e' fermata al blocco "
+      "Operazione interrotta: È stato chiesto un dato che il programma non ha. (La lettura si è fermata al blocco "
       "203. Indice fuori dai limiti)");
 }
 

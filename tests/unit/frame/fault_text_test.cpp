@@ -23,7 +23,7 @@ TEST(FaultText, SaysEveryCauseInItalian) {
       {Cause::emptyInterval, "Divisione per zero: l'intervallo non ha blocchi"},
       {Cause::noCorrelation, "Correlazione non calcolabile"},
       {Cause::noNumber, "Numero non valido: \"TEXT\""},
-      {Cause::fieldTooLong, "Campo troppo lungo: il file e' danneggiato"},
+      {Cause::fieldTooLong, "Campo troppo lungo: il file è danneggiato"},
       {Cause::quoteMissing, "Mancano le virgolette finali di un testo"},
       {Cause::endOfFile, "Fine del file inattesa"},
       {Cause::notReadable, "Impossibile leggere il file PATH:\rREASON"},
@@ -33,13 +33,13 @@ TEST(FaultText, SaysEveryCauseInItalian) {
       {Cause::folderNotMade, "REASON: PATH"},
       {Cause::noHome, "L'utente non ha una cartella personale in cui tenere le registrazioni."},
       {Cause::portSettings, "Impostazioni della porta seriale non valide: TEXT"},
-      {Cause::portMissing, "La porta seriale PATH non c'e': REASON"},
-      {Cause::noPort, "PATH non e' una porta seriale"},
+      {Cause::portMissing, "La porta seriale PATH non c'è: REASON"},
+      {Cause::noPort, "PATH non è una porta seriale"},
       {Cause::portForbidden, "La porta seriale PATH non si apre: manca il permesso (gruppo dialout)"},
-      {Cause::portInUse, "La porta seriale PATH e' gia' in uso"},
+      {Cause::portInUse, "La porta seriale PATH è già in uso"},
       {Cause::portNotOpened, "La porta seriale PATH non si apre: REASON"},
       {Cause::portRefusesSettings, "La porta seriale PATH non accetta le impostazioni: REASON"},
-      {Cause::portClosed, "La porta seriale e' chiusa"},
+      {Cause::portClosed, "La porta seriale è chiusa"},
       {Cause::portSilent, "La porta seriale non risponde: REASON"},
       {Cause::portFull, "La porta seriale non accetta dati"},
       {Cause::foreign, "REASON"},
@@ -54,7 +54,7 @@ TEST(FaultText, EndsBeforeAReasonThatTheSystemDoesNotGive) {
   EXPECT_EQ(faultText(Facts{.cause = Cause::notReadable, .path = "C:\\a"}), "Impossibile leggere il file C:\\a");
   EXPECT_EQ(faultText(Facts{.cause = Cause::notRenamed, .path = "C:\\a", .newPath = "C:\\b"}),
             "Impossibile rinominare il file C:\\a");
-  EXPECT_EQ(faultText(Facts{.cause = Cause::portMissing, .path = "COM2"}), "La porta seriale COM2 non c'e'");
+  EXPECT_EQ(faultText(Facts{.cause = Cause::portMissing, .path = "COM2"}), "La porta seriale COM2 non c'è");
   EXPECT_EQ(faultText(Facts{.cause = Cause::portSilent}), "La porta seriale non risponde");
 }
 
@@ -65,7 +65,7 @@ TEST(FaultText, SaysWhereAFileLiesAndThatItIsNoOrdinaryOne) {
                             .systemReason = "No space left on device"}),
             "Impossibile scrivere il file C:\\a:\rNo space left on device\r(/disk/a)");
   EXPECT_EQ(faultText(Facts{.cause = Cause::notReadable, .path = "/dev/null", .notOrdinary = true}),
-            "Impossibile leggere il file /dev/null:\rnon e' un normale file");
+            "Impossibile leggere il file /dev/null:\rnon è un normale file");
 }
 
 TEST(FaultText, LeavesAPathThatLooksLikeAMarkAsItIs) {
@@ -75,7 +75,7 @@ TEST(FaultText, LeavesAPathThatLooksLikeAMarkAsItIs) {
 
 TEST(FaultText, BeginsWithThePlaceWhereItHappened) {
   EXPECT_EQ(faultText(Facts{.cause = Cause::endOfFile, .block = 3}),
-            "La lettura si e' fermata al blocco 3.\rFine del file inattesa");
+            "La lettura si è fermata al blocco 3.\rFine del file inattesa");
   EXPECT_EQ(faultText(Facts{.cause = Cause::folderNotMade,
                             .path = "/data/ports",
                             .systemReason = "Permission denied",
@@ -91,7 +91,7 @@ TEST(FaultText, BeginsWithThePlaceWhereItHappened) {
                               .parameterFile = "C:\\QUARVEL5\\Factors.val",
                               .item = 5,
                               .meaning = meaning}),
-              std::string("C:\\QUARVEL5\\Factors.val: manca o non e' valido l'elemento 5 (") + name +
+              std::string("C:\\QUARVEL5\\Factors.val: manca o non è valido l'elemento 5 (") + name +
                   ").\rNumero non valido: \"x\"");
 }
 

@@ -158,7 +158,7 @@ TEST(Replay, OfALongFileEndsWhereTheHistoriesEnd) {
   OpenedProgram program(250);
   program.replayFrom(190);
   ASSERT_EQ(program.host.faults.size(), 1U);
-  EXPECT_EQ(program.host.faults[0], "La lettura si e' fermata al blocco 203.\rIndice fuori dai limiti");
+  EXPECT_EQ(program.host.faults[0], "La lettura si è fermata al blocco 203.\rIndice fuori dai limiti");
   EXPECT_EQ(program.window.Slider1.value(), 1);
   EXPECT_EQ(program.state.readHandle, nullptr);
   EXPECT_EQ(program.state.fileLoopRunning, 0);

@@ -237,7 +237,7 @@ TEST(LoadReport, AFlatRecordingEndsInADivisionByZeroAndWhatWasDrawnStays) {
   program.openReport();
   EXPECT_EQ(program.host.faults, Texts{"Divisione per zero"});
   EXPECT_EQ(program.reportWindow.statusLabel.text(),
-            "Operazione interrotta: Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto. "
+            "Operazione interrotta: Il calcolo non è possibile: il segnale è piatto o l'intervallo è vuoto. "
             "(Divisione per zero)");
   EXPECT_TRUE(program.reportWindow.spectrum4.shows("T6"));
   EXPECT_TRUE(program.reportWindow.coherence4.shows("Coerenza F2-T6=0"));

@@ -49,8 +49,8 @@ TEST(PosixMachine, ANormalClassAsksForNothing) {
 TEST(PosixMachine, TellsALineOnStandardError) {
   PosixMachine machine;
   testing::internal::CaptureStderr();
-  machine.tell("La porta seriale /dev/ttyUSB0 non c'e'");
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "korvinel: La porta seriale /dev/ttyUSB0 non c'e'\n");
+  machine.tell("La porta seriale /dev/ttyUSB0 non c'è");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "korvinel: La porta seriale /dev/ttyUSB0 non c'è\n");
 }
 
 }  // namespace

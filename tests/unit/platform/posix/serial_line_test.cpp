@@ -46,10 +46,10 @@ TEST(SerialLine, OpeningNamesWhatIsNoSerialPort) {
   const TemporaryFolder folder;
   writeFile(folder / "file", "text");
   const std::pair<std::string, std::string> cases[] = {
-      {folder / "nothing", "non c'e'"},
-      {folder / "file", "non e' una porta seriale"},
-      {folder.path(), "non e' una porta seriale"},
-      {"/dev/null", "non e' una porta seriale"},
+      {folder / "nothing", "non c'è"},
+      {folder / "file", "non è una porta seriale"},
+      {folder.path(), "non è una porta seriale"},
+      {"/dev/null", "non è una porta seriale"},
   };
   for (const auto& [path, reason] : cases) {
     SerialLine line([device = path](int) { return device; });

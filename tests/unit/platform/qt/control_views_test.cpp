@@ -43,7 +43,7 @@ TEST(ControlViews, ALabelTooLongForItsPlaceSaysItAllInATip) {
 }
 
 constexpr auto longFault =
-    "Operazione interrotta: Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto. (Divisione per "
+    "Operazione interrotta: Il calcolo non è possibile: il segnale è piatto o l'intervallo è vuoto. (Divisione per "
     "zero: l'intervallo non ha blocchi)";
 
 TEST(ControlViews, AFaultIsShownWholeInBrokenLines) {

@@ -48,7 +48,7 @@ TEST(LineByLine, LeavesNothingOutOfATextThatFits) {
   EXPECT_EQ(fitted.font.pixelSize(), 20);
 }
 
-const QString sentence = "Il calcolo non e' possibile: il segnale e' piatto o l'intervallo e' vuoto.";
+const QString sentence = "Il calcolo non è possibile: il segnale è piatto o l'intervallo è vuoto.";
 
 TEST(BrokenLines, AreNoWiderThanTheRoomAndBreakBetweenWords) {
   const QStringList lines = brokenLines(letters(), sentence, 200);

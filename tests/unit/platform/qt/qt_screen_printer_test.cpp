@@ -90,7 +90,7 @@ TEST_F(QtScreenPrinterTest, AnEmptyClipboardIsToldAndNothingIsPrinted) {
   printer.emptyClipboard();
   printer.printClipboard(10, 3, 190, 145);
   ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_EQ(dialogs.shown.front().text, "La stampa non e' riuscita.\rNon c'e' un'immagine da stampare.");
+  EXPECT_EQ(dialogs.shown.front().text, "La stampa non è riuscita.\rNon c'è un'immagine da stampare.");
   EXPECT_TRUE(pdfs().isEmpty());
 }
 
@@ -100,7 +100,7 @@ TEST_F(QtScreenPrinterTest, AFileThatCannotBeWrittenIsTold) {
   printer.printClipboard(10, 3, 190, 145);
   ASSERT_EQ(dialogs.shown.size(), 1U);
   EXPECT_THAT(dialogs.shown.front().text,
-              testing::StartsWith("La stampa non e' riuscita.\rIl file non si puo' scrivere:\rC:\\QUARVEL5"));
+              testing::StartsWith("La stampa non è riuscita.\rIl file non si può scrivere:\rC:\\QUARVEL5"));
 }
 
 TEST_F(QtScreenPrinterTest, ALinkIsNeverFollowed) {
@@ -114,7 +114,7 @@ TEST_F(QtScreenPrinterTest, ALinkIsNeverFollowed) {
     ASSERT_TRUE(
         QFile::link(elsewhere, folder.filePath("Stampa-" + now.addSecs(second).toString("yyyyMMdd-HHmmss") + ".pdf")));
   printer.printClipboard(10, 3, 190, 145);
-  EXPECT_THAT(dialogs.shown.back().text, testing::HasSubstr("Il file non si puo' scrivere:"));
+  EXPECT_THAT(dialogs.shown.back().text, testing::HasSubstr("Il file non si può scrivere:"));
   EXPECT_FALSE(QFile::exists(elsewhere));
 }
 
