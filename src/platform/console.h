@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-/// What a program without a window needs of its terminal; each system has its own `console.cpp`.
+/// What a program needs of the terminal that it was started from; each system has its own `console.cpp`.
 namespace korvinel::platform {
 
 /// During its lifetime, std::cout and std::cerr pass bytes unchanged, and a terminal shows them as UTF-8. To be created
@@ -21,6 +21,10 @@ class Console {
   struct Streams;
   std::unique_ptr<Streams> streams_;
 };
+
+/// Lets a program made for windows write to the terminal that it was started from. To be called before a Console is
+/// created; has no effect if the program can already.
+void joinTerminal();
 
 /// The command line's arguments without the program's name, in UTF-8. `count`, `arguments`: those of main(). On
 /// Windows, where shells do not expand "*" and "?", they are replaced here by the names of the matching files.

@@ -46,8 +46,8 @@ void run(const Options& options) {
 int main(int count, char** arguments) {
   try {
     const Options options = parseOptions({arguments + 1, arguments + count}, userDataFolder());
-    if (options.help) {
-      std::cout << helpText();
+    if (options.answersOnly()) {
+      std::cout << (options.help ? helpText() : "korvinel-instrument " KORVINEL_VERSION "\n");
       return 0;
     }
     run(options);

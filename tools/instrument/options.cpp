@@ -10,10 +10,27 @@
 namespace korvinel::instrument {
 namespace {
 
-enum Key : int { help = 1, link, port, model, seed, play, once, speed, pace, chunk, latency, fault, replug, log };
+enum Key : int {
+  help = 1,
+  version,
+  link,
+  port,
+  model,
+  seed,
+  play,
+  once,
+  speed,
+  pace,
+  chunk,
+  latency,
+  fault,
+  replug,
+  log
+};
 
-constexpr std::array<option, 15> longOptions{{
+constexpr std::array<option, 16> longOptions{{
     {"help", no_argument, nullptr, help},
+    {"version", no_argument, nullptr, version},
     {"link", required_argument, nullptr, link},
     {"port", required_argument, nullptr, port},
     {"model", required_argument, nullptr, model},
@@ -60,6 +77,7 @@ void apply(Written& written, int key, const std::string& value) {
   Options& options = written.options;
   switch (key) {
     case help: options.help = true; break;
+    case version: options.version = true; break;
     case link: options.link = pathIn(value, "--link"); break;
     case port: written.port = wholeNumberIn(value, 1, 255, "the number of the port"); break;
     case model:
@@ -97,7 +115,7 @@ void refuseContradictions(const Written& written) {
 
 Options completed(const Written& written, const std::filesystem::path& dataFolder) {
   Options options = written.options;
-  if (!options.link.empty() || options.help) return options;
+  if (!options.link.empty() || options.answersOnly()) return options;
   if (dataFolder.empty()) throw UsageError("neither XDG_DATA_HOME nor HOME names a folder; choose the port by --link");
   options.link = dataFolder / "ports" / ("COM" + std::to_string(written.port.value_or(1)));
   return options;
@@ -132,7 +150,7 @@ Written readArguments(std::vector<std::string> arguments) {
 Options parseOptions(const std::vector<std::string>& arguments, const std::filesystem::path& dataFolder) {
   try {
     const Written written = readArguments(arguments);
-    if (!written.options.help) refuseContradictions(written);
+    if (!written.options.answersOnly()) refuseContradictions(written);
     return completed(written, dataFolder);
   } catch (const UsageError&) {
     throw;
@@ -223,6 +241,7 @@ Other
   --log FILE          append what is received and what happens to FILE, a line
                       each, with the seconds since the start of the program
   -h, --help          show this help
+  --version           show the version
 
 Exit code: 0 ended as asked, 1 the port or a file cannot be used, 2 the command
 line is not understood.

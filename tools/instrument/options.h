@@ -15,6 +15,7 @@ namespace korvinel::instrument {
 /// The options of a run.
 struct Options {
   bool help = false;                                           ///< show helpText() and end
+  bool version = false;                                        ///< show the version and end
   std::filesystem::path link;                                  ///< where the port is linked
   std::vector<ModelStep> models = parseModels("eyes-closed");  ///< used unless a recording is played
   std::uint64_t seed = 1;
@@ -25,6 +26,8 @@ struct Options {
   Faults faults;
   std::optional<double> replugSeconds;  ///< pause between a hang-up and the cable coming back
   std::optional<std::filesystem::path> log;
+
+  [[nodiscard]] bool answersOnly() const { return help || version; }
 };
 
 /// An invalid command line; what() is a message for the user.

@@ -36,6 +36,8 @@ struct Console::Streams {};
 Console::Console() = default;
 Console::~Console() = default;
 
+void joinTerminal() {}
+
 std::vector<std::string> commandLineWords(int count, const char* const* arguments) {
   return count < 1 ? std::vector<std::string>() : std::vector<std::string>(arguments + 1, arguments + count);
 }

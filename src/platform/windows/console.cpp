@@ -79,6 +79,11 @@ struct Console::Streams {
 Console::Console() : streams_(std::make_unique<Streams>()) {}
 Console::~Console() = default;
 
+/// The system gives a program made for windows no streams, unless they were redirected.
+void joinTerminal() {
+  if (GetStdHandle(STD_OUTPUT_HANDLE) == nullptr) AttachConsole(ATTACH_PARENT_PROCESS);
+}
+
 /// The arguments of main() are in the system's old code page, which cannot represent many names.
 std::vector<std::string> commandLineWords(int, const char* const*) {
   int count = 0;

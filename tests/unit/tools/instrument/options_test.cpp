@@ -67,6 +67,15 @@ TEST(ParseOptions, ShowsHelpWhateverElseIsWritten) {
   EXPECT_TRUE(parseOptions({"--help"}, "").help);
 }
 
+TEST(ParseOptions, ShowsTheVersionWithoutAPortToOpen) {
+  EXPECT_TRUE(parseOptions({"--version"}, "").version);
+  EXPECT_FALSE(parse({"--seed", "2"}).answersOnly());
+}
+
+TEST(ParseOptions, RefusesAWrongModelEvenIfOnlyHelpIsAskedFor) {
+  EXPECT_THROW(static_cast<void>(parse({"--model", "asleep", "--help"})), UsageError);
+}
+
 TEST(ParseOptions, RefusesWhatItDoesNotKnow) {
   const std::pair<std::vector<std::string>, std::string> cases[] = {
       {{"--colour"}, "'--colour'"},
