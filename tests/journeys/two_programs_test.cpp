@@ -58,7 +58,7 @@ TEST_F(TwoPrograms, OnlyOneAcquiresAndItsRecordingIsItsOwn) {
 TEST_F(TwoPrograms, TheSecondIsToldWhoAcquiresSinceWhen) {
   first.startAcquisition("rossi", "Rossi");
   second.startAcquisition("bianchi", "Bianchi");
-  EXPECT_THAT(lastBox(second), HasSubstr("gia' in corso un esame:\rutente anna, computer studio-1, processo 4711,\r"
+  EXPECT_THAT(lastBox(second), HasSubstr("già in corso un esame:\rutente anna, computer studio-1, processo 4711,\r"
                                          "dalle 10:00 del 21/11/2026\r"));
   EXPECT_THAT(lastBox(second), testing::Not(HasSubstr("Rossi")));
   EXPECT_EQ(second.host.dialogs.shown.back().kind, "notice");
@@ -75,7 +75,7 @@ TEST_F(TwoPrograms, WhatIsNoNoteIsNotShown) {
   for (const char* odd : {"", "\n\n\n", "\x1b[2J", "a\tb"}) {
     first.host.files.content[lockPath] = odd;
     second.startAcquisition("bianchi", "Bianchi");
-    EXPECT_THAT(lastBox(second), HasSubstr("gia' in corso un esame:\run altro programma\r"));
+    EXPECT_THAT(lastBox(second), HasSubstr("già in corso un esame:\run altro programma\r"));
   }
 }
 
@@ -89,7 +89,7 @@ TEST_F(TwoPrograms, TheSecondOpensAndReplaysMeanwhile) {
   EXPECT_EQ(second.state.intervalSelectable, 1);
   second.window.Displayx.press();
   second.window.Stampa.press();
-  for (const auto& box : second.host.dialogs.shown) EXPECT_THAT(box.text, testing::Not(HasSubstr("gia' in corso")));
+  for (const auto& box : second.host.dialogs.shown) EXPECT_THAT(box.text, testing::Not(HasSubstr("già in corso")));
 }
 
 TEST_F(TwoPrograms, TheSecondMayStartOnceTheFirstHasStopped) {

@@ -319,7 +319,7 @@ class Monkey {
     const std::string fault = faultText(cause);
     const bool emptyRecording = program_.shared.fileBlockCount == 0 && fault == "Divisione per zero";
     const bool allowed = emptyRecording || fault.starts_with("Impossibile ") ||
-                         fault.starts_with("La lettura si e' fermata") ||
+                         fault.starts_with("La lettura si è fermata") ||
                          program_.reportWindow.statusLabel.text() == faultSentence(cause);
     if (!allowed) ADD_FAILURE() << fault << "\n" << lastActs();
   }

@@ -108,7 +108,7 @@ class SuddenEnd(unittest.TestCase):
         second = self.desktop.start_program([driver.KORVINEL])
         start(second, 'second')
         _, text = second.answer('OK')
-        self.assertIn("e' gia' in corso un esame", text)
+        self.assertIn("è già in corso un esame", text)
         self.assertIn('processo %d,' % first.program.process.pid, text)
         self.assertNotIn('Plain', text)
         second.process.send_signal(signal.SIGTERM)
