@@ -15,6 +15,10 @@ namespace korvinel::platform {
 /// already. A RuntimeError (output) if the user has no home.
 [[nodiscard]] std::string userDataFolder();
 
+/// Where the program's settings of this user are kept: `korvinel` in $XDG_CONFIG_HOME, else in ~/.config; on Windows
+/// `Korvinel` in %APPDATA%. "" if the user has no home. It need not exist.
+[[nodiscard]] std::string userSettingsFolder();
+
 /// The host's path for a path in the program's notation: "C:\QUARVEL5\X" is in `drive_c` of the data folder. Any other
 /// path is the host's own and is returned unchanged; on Windows every path is.
 [[nodiscard]] std::string hostPath(const std::string& dataFolder, std::string_view path);

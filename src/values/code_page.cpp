@@ -113,6 +113,12 @@ std::string codePageFromUtf8(std::string_view utf8) {
   return bytes;
 }
 
+bool isUtf8(std::string_view bytes) {
+  while (!bytes.empty())
+    if (takeCharacter(bytes) == invalid) return false;
+  return true;
+}
+
 std::string cleanEntry(std::string_view utf8, EntryKind kind) {
   std::string clean;
   while (!utf8.empty()) {

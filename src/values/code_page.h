@@ -24,6 +24,9 @@ namespace korvinel {
 /// The letters of a text that are not in the page, each once, separated by ", "; after the tenth "...". "" = none.
 [[nodiscard]] std::string lettersOutsidePage(std::string_view utf8);
 
+/// Whether the bytes are characters in UTF-8 throughout.
+[[nodiscard]] bool isUtf8(std::string_view bytes);
+
 /// Whether a text is empty or blank.
 [[nodiscard]] bool isBlank(std::string_view utf8);
 

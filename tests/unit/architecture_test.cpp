@@ -71,8 +71,8 @@ std::set<std::string> allowedFrom(const Include& include) {
     return {"values", "platform"};
   if (folder == "wiring") return {"values", "eeg", "platform", "frame", "recording", "report"};
   if (folder == "app")
-    return {"values",           "eeg",   "platform", "platform/qt", "platform/disk", "platform/posix",
-            "platform/windows", "frame", "display",  "recording",   "report",        "wiring"};
+    return {"values", "eeg",     "platform",  "platform/qt", "platform/disk", "platform/posix", "platform/windows",
+            "frame",  "display", "recording", "report",      "wiring",        "guidance"};
   return {"values", "eeg", "platform", "frame"};
 }
 

@@ -40,6 +40,13 @@ std::string userDataFolder() {
   return home + "/.local/share/korvinel";
 }
 
+std::string userSettingsFolder() {
+  const char* folder = std::getenv("XDG_CONFIG_HOME");
+  if (folder != nullptr && folder[0] == '/') return std::string(folder) + "/korvinel";
+  const std::string home = homeFolder();
+  return home.empty() ? "" : home + "/.config/korvinel";
+}
+
 std::string hostPath(const std::string& dataFolder, std::string_view path) {
   if (!isOnDriveC(path)) return std::string(path);
   std::string inside(path.substr(3));

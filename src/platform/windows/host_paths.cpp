@@ -16,6 +16,11 @@ std::string homeFolder() {
 
 std::string userDataFolder() { return ""; }
 
+std::string userSettingsFolder() {
+  const wchar_t* folder = _wgetenv(L"APPDATA");
+  return folder != nullptr && folder[0] != 0 ? utf8FromWide(folder) + "\\Korvinel" : "";
+}
+
 std::string hostPath(const std::string&, std::string_view path) { return std::string(path); }
 
 std::string programPath(const std::string&, const std::string& hostPath) {

@@ -40,6 +40,12 @@ TEST(LettersOutsidePage, AreListedOnceInTheirOrderUpToTen) {
   EXPECT_EQ(lettersOutsidePage("αβγδεζηθικλ"), "α, β, γ, δ, ε, ζ, η, θ, ι, κ...");
 }
 
+TEST(IsUtf8, FindsBytesThatBelongToNoCharacter) {
+  EXPECT_TRUE(isUtf8(""));
+  EXPECT_TRUE(isUtf8("Nicolò € 😀"));
+  for (const char* damaged : {"\xE0", "a\xE2\x82", "\xC3z", "\xFF\xFE"}) EXPECT_FALSE(isUtf8(damaged)) << damaged;
+}
+
 TEST(IsBlank, KnowsBothBlanksOfThePage) {
   EXPECT_TRUE(isBlank(""));
   EXPECT_TRUE(isBlank("  \u00A0 "));

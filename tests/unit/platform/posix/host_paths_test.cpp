@@ -25,6 +25,17 @@ TEST(ProgramsDataFolder, IsTheConventionalOneWhereNoneIsNamed) {
   }
 }
 
+TEST(SettingsFolder, IsInTheUsersConfigurationFolder) {
+  const TemporaryFolder rossi;
+  const Environment home("HOME", rossi.path().c_str());
+  const Environment named("XDG_CONFIG_HOME", "/settings");
+  EXPECT_EQ(userSettingsFolder(), "/settings/korvinel");
+  for (const char* unusable : {static_cast<const char*>(nullptr), "", "relative/folder"}) {
+    const Environment unnamed("XDG_CONFIG_HOME", unusable);
+    EXPECT_EQ(userSettingsFolder(), rossi / ".config/korvinel");
+  }
+}
+
 TEST(HostPath, MapsDriveCAndLeavesOtherPathsAlone) {
   const std::pair<const char*, const char*> cases[] = {
       {"C:\\QUARVEL5\\Instal8s.val", "/data/drive_c/QUARVEL5/Instal8s.val"},

@@ -12,5 +12,9 @@ TEST(WindowsHostPaths, MapNothing) {
   EXPECT_EQ(serialDevice("", 12), "\\\\.\\COM12");
 }
 
+TEST(WindowsSettingsFolder, IsInTheRoamingApplicationData) {
+  EXPECT_TRUE(userSettingsFolder().ends_with("\\Korvinel")) << userSettingsFolder();
+}
+
 }  // namespace
 }  // namespace korvinel::platform
