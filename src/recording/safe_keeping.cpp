@@ -10,7 +10,9 @@
 #include "platform/skip_on_fault.h"
 #include "platform/timing.h"
 #include "recording/data_paths.h"
+#include "recording/recovery.h"
 #include "recording/side_file.h"
+#include "recording/temporary_reader.h"
 #include "values/field_reader.h"
 #include "values/runtime_error.h"
 
@@ -51,6 +53,32 @@ std::string stampedPath(MainState& state) {
   const auto taken = [&] { return state.host.files.exists(path) || state.host.files.exists(sidePathOf(path)); };
   for (int copy = 2; taken(); ++copy) path = base + " (" + std::to_string(copy) + ").XXX";
   return path;
+}
+
+/// Renames the temporary file to `path`, and its side file to the name that goes with it.
+std::string setAsideAs(MainState& state, const std::string& path) {
+  auto& files = state.host.files;
+  // The side file first: if left behind alone, it would be taken for the next recording's.
+  const bool hasSideFile = files.exists(sideFilePath);
+  if (hasSideFile) files.rename(sideFilePath, sidePathOf(path));
+  try {
+    files.rename(temporaryPath, path);
+  } catch (const RuntimeError&) {
+    if (hasSideFile) skipOnFault([&] { files.rename(sidePathOf(path), sideFilePath); });
+    throw;
+  }
+  return path;
+}
+
+/// After a crash between the two steps above: where the temporary file is with its notes again. "" = there was none.
+std::string pathBesideItsNotes(platform::Files& files) {
+  std::string side;
+  skipOnFault([&] {
+    const auto file = files.openForReading(temporaryPath);
+    const TemporaryReader reader(*file);
+    if (reader.kind() == TemporaryKind::temporary) side = sideFileOf(files, temporaryPath, reader);
+  });
+  return side.empty() || side == sideFilePath ? "" : side.substr(0, side.rfind('.')) + ".XXX";
 }
 
 /// The byte from which the temporary file is to be continued; a file with other content is set aside.
@@ -121,19 +149,11 @@ bool leftOverTemporaryFile(platform::Files& files) {
   return !file->atEnd();
 }
 
-std::string setTemporaryFileAside(MainState& state) {
-  auto& files = state.host.files;
-  std::string path = stampedPath(state);
-  // The side file first: if left behind alone, it would be taken for the next recording's.
-  const bool hasSideFile = files.exists(sideFilePath);
-  if (hasSideFile) files.rename(sideFilePath, sidePathOf(path));
-  try {
-    files.rename(temporaryPath, path);
-  } catch (const RuntimeError&) {
-    if (hasSideFile) skipOnFault([&] { files.rename(sidePathOf(path), sideFilePath); });
-    throw;
-  }
-  return path;
+std::string setTemporaryFileAside(MainState& state) { return setAsideAs(state, stampedPath(state)); }
+
+std::string setLeftOverFileAside(MainState& state) {
+  const std::string path = pathBesideItsNotes(state.host.files);
+  return setAsideAs(state, path.empty() ? stampedPath(state) : path);
 }
 
 void setLonelySideFileAside(MainState& state) {

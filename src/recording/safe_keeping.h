@@ -34,6 +34,10 @@ void completeTemporaryFile(MainState& state, bool synchronised);
 /// the new path of the temporary file; a RuntimeError (output) if one of them cannot be renamed: then neither is.
 std::string setTemporaryFileAside(MainState& state);
 
+/// The same with a temporary file that an earlier run has left: if a crash has renamed its side file already, it gets
+/// the name that goes with that.
+std::string setLeftOverFileAside(MainState& state);
+
 /// Renames in the same way a side file without a temporary file, so that a new one does not replace it.
 void setLonelySideFileAside(MainState& state);
 

@@ -29,7 +29,7 @@ void MainState::createTempFile() {
   savedElsewhere.clear();
   recordingFaultUntold = dataFileWhole = 0;
   blocksFromMemory = 0;
-  if (leftOverTemporaryFile(host.files)) setAsidePath = setTemporaryFileAside(*this);
+  if (leftOverTemporaryFile(host.files)) setAsidePath = setLeftOverFileAside(*this);
   setLonelySideFileAside(*this);
   temporaryContent = temporaryHeaderLine(shared.subjectName, recordingDate);
   temporaryWritten = 0;

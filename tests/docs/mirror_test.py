@@ -27,6 +27,7 @@ ELSEWHERE = {
     'src/platform/windows/file_lock.cpp': ('tests/unit/platform/files_test.cpp', 'the same rules on every system'),
     'src/platform/windows/folders.cpp': ('tests/windows/program_test.py', 'one call of the standard library'),
     'src/recording/folder_lock.cpp': ('tests/journeys/two_programs_test.cpp', 'needs two programs'),
+    'src/recording/interrupted_file.cpp': ('tests/unit/recording/interrupted_test.cpp', 'a whole recovery each'),
     'src/recording/safe_keeping.cpp': ('tests/unit/recording/data_file_test.cpp', 'a whole recording each'),
     'src/recording/temporary_file.cpp': ('tests/unit/recording/data_file_test.cpp', 'a whole recording each'),
     'src/report/load_report.cpp': ('tests/unit/report/report_window_test.cpp', 'fills that window'),

@@ -5,6 +5,7 @@
 
 #include "golden_reference.h"
 #include "headless_program.h"
+#include "recording/side_file_line.h"
 #include "recordings.h"
 #include "values/runtime_error.h"
 
@@ -373,6 +374,18 @@ TEST(CreateTempFile, SetsBlocksThatACrashLeftAside) {
   program.host.files.content[temporary] = left;
   program.state.createTempFile();
   EXPECT_EQ(program.host.files.content[folder + "Tempor1 2026-11-21 10.00.00.XXX"], left);
+}
+
+TEST(CreateTempFile, BringsBlocksBackToTheNotesThatACrashHasSetAsideAlone) {
+  HeadlessProgram program;
+  const std::string left = "\"Verdi\",\"20/11/2026\",\"4canali\"\r\n" + recordings::block(100);
+  const std::string notes = folder + "Tempor1 2026-11-20 18.00.00.NOT";
+  program.host.files.content[temporary] = left;
+  program.host.files.content[notes] = checkedLine("\"temporaneo\",\"Verdi\",\"20/11/2026\",\"4canali\"");
+  program.state.createTempFile();
+  EXPECT_EQ(program.host.files.content[folder + "Tempor1 2026-11-20 18.00.00.XXX"], left);
+  EXPECT_TRUE(program.host.files.exists(notes));
+  EXPECT_EQ(program.state.setAsidePath, folder + "Tempor1 2026-11-20 18.00.00.XXX");
 }
 
 TEST(CreateTempFile, AHeaderWithoutBlocksIsOverwritten) {

@@ -1,18 +1,15 @@
-#include "recording_tool/temporary_reader.h"
+#include "recording/temporary_reader.h"
 
 #include <algorithm>
 #include <string_view>
 
 #include "recording/channel_record.h"
 #include "recording/record_line.h"
-#include "recording_tool/fault_text.h"
-#include "recording_tool/host_files.h"
-#include "recording_tool/tool_error.h"
 #include "values/code_page.h"
 #include "values/field_reader.h"
 #include "values/runtime_error.h"
 
-namespace korvinel::tool {
+namespace korvinel {
 namespace {
 
 constexpr std::size_t longestLine = 3 * static_cast<std::size_t>(longestField);
@@ -25,49 +22,36 @@ bool isDate(const std::string& text) {
 
 }  // namespace
 
-template <typename Step>
-void TemporaryReader::reading(Step&& step) {
-  try {
-    step();
-  } catch (const RuntimeError& fault) {
-    throw ToolError(path_, "cannot be read: " + reasonOf(fault) + ", at byte " + std::to_string(file_->position()));
-  }
-}
-
-TemporaryReader::TemporaryReader(const std::string& path) : path_(path), file_(openInput(path)) { readHeader(); }
+TemporaryReader::TemporaryReader(platform::InputFile& file) : file_(file) { readHeader(takeLine()); }
 
 std::string TemporaryReader::takeLine() {
   std::string line;
-  reading([&] {
-    while (!file_->atEnd() && line.size() < longestLine && !line.ends_with('\n'))
-      line += static_cast<char>(static_cast<unsigned char>(file_->take()));
-  });
+  while (!file_.atEnd() && line.size() < longestLine && !line.ends_with('\n'))
+    line += static_cast<char>(static_cast<unsigned char>(file_.take()));
   return line;
 }
 
 /// Strict: a finished recording also begins with three texts, and its blocks would be read at the wrong bytes.
-void TemporaryReader::readHeader() {
-  const std::string line = takeLine();
+void TemporaryReader::readHeader(const std::string& line) {
   TextSource source(line);
   try {
     subject_ = utf8FromCodePage(readField(source));
     date_ = utf8FromCodePage(readField(source));
   } catch (const RuntimeError&) {
-    date_.clear();
+    return;
   }
-  if (date_.ends_with(" V3") || date_.ends_with(" V4"))
-    throw ToolError(path_, "is no temporary file but a finished recording, at byte 0");
-  if (!isDate(date_) || line != temporaryHeaderLine(subject_, date_))
-    throw ToolError(path_, "is no temporary file: its header line is another, at byte 0");
+  if (date_.ends_with(" V3") || date_.ends_with(" V4")) {
+    kind_ = TemporaryKind::finished;
+  } else if (isDate(date_) && line == temporaryHeaderLine(subject_, date_)) {
+    kind_ = TemporaryKind::temporary;
+  }
 }
 
 std::string TemporaryReader::nextBlock() {
   std::string block;
   block.reserve(blockBytes);
-  reading([&] {
-    while (block.size() < blockBytes && !file_->atEnd())
-      block += static_cast<char>(static_cast<unsigned char>(file_->take()));
-  });
+  while (block.size() < blockBytes && !file_.atEnd())
+    block += static_cast<char>(static_cast<unsigned char>(file_.take()));
   return block;
 }
 
@@ -81,4 +65,4 @@ bool isSound(const std::string& block) {
   return true;
 }
 
-}  // namespace korvinel::tool
+}  // namespace korvinel

@@ -1,17 +1,28 @@
-#include "recording_tool/temporary_reader.h"
+#include "recording/temporary_reader.h"
 
+#include <gtest/gtest.h>
+
+#include "platform/headless/memory_files.h"
 #include "recordings.h"
-#include "tool_files.h"
 
-namespace korvinel::tool {
+namespace korvinel {
 namespace {
 
 const std::string headerLine = "\"Rossi\",\"21/11/2026\",\"4canali\"\r\n";
 
+TemporaryKind kindOf(const std::string& bytes) {
+  platform::MemoryFiles files;
+  files.content["/a"] = bytes;
+  const auto file = files.openForReading("/a");
+  return TemporaryReader(*file).kind();
+}
+
 TEST(TemporaryReader, GivesItsBlocksUnchangedAndTheRestOfACutOne) {
-  const TemporaryFolder folder;
   const std::string first = recordings::block(100), second = recordings::block(200);
-  TemporaryReader reader(writeFile(folder / "a", headerLine + first + second + "rest"));
+  platform::MemoryFiles files;
+  files.content["/a"] = headerLine + first + second + "rest";
+  const auto file = files.openForReading("/a");
+  TemporaryReader reader(*file);
   EXPECT_EQ(reader.subject(), "Rossi");
   EXPECT_EQ(reader.date(), "21/11/2026");
   EXPECT_EQ(reader.position(), static_cast<std::int64_t>(headerLine.size()));
@@ -22,10 +33,11 @@ TEST(TemporaryReader, GivesItsBlocksUnchangedAndTheRestOfACutOne) {
 }
 
 TEST(TemporaryReader, KnowsATemporaryFileByItsHeaderLineAlone) {
-  const TemporaryFolder folder;
-  EXPECT_EQ(errorOf([&] { TemporaryReader(writeFile(folder / "photo.jpg", headerLine)); }), "");
-  for (const std::string& bytes : {std::string(), std::string("\"Rossi\""), recordings::file(2)})
-    EXPECT_NE(errorOf([&] { TemporaryReader(writeFile(folder / "Tempor1.XXX", bytes)); }), "") << bytes.substr(0, 40);
+  EXPECT_EQ(kindOf(headerLine), TemporaryKind::temporary);
+  EXPECT_EQ(kindOf(recordings::file(2)), TemporaryKind::finished);
+  EXPECT_EQ(kindOf(recordings::header({{2, "a"}}, "V4")), TemporaryKind::finished);
+  for (const char* other : {"", "\"Rossi\"", "\"Rossi\",\"21-11-2026\",\"4canali\"\r\n", "\"Rossi\",\"21/11/2026\""})
+    EXPECT_EQ(kindOf(other), TemporaryKind::other) << other;
 }
 
 TEST(IsSound, AskForRecordEndsInTheirPlacesAndNoShunnedByte) {
@@ -44,4 +56,4 @@ TEST(IsSound, AskForRecordEndsInTheirPlacesAndNoShunnedByte) {
 }
 
 }  // namespace
-}  // namespace korvinel::tool
+}  // namespace korvinel
