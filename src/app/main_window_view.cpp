@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QSlider>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "app/head_picture.h"
@@ -48,7 +49,12 @@ class BlockSlider : public QSlider {
 MainWindowView::MainWindowView(MainWindow& model, std::function<bool()> mayClose) : mayClose_(std::move(mayClose)) {
   setWindowTitle("Korvinel - EEG Analysis 4 channels  V 8.1  ita");
   ground_ = new platform::PlanGround(model.axisCaptions, letterHeight);
-  setCentralWidget(ground_);
+  auto* content = new QWidget(this);
+  column_ = new QVBoxLayout(content);
+  column_->setContentsMargins(0, 0, 0, 0);
+  column_->setSpacing(0);
+  column_->addWidget(ground_, 1);
+  setCentralWidget(content);
   setMinimumSize(smallestClient);
   addSurfaces(model);
   ground_->putPanel(geometry::controlPanel);
@@ -147,7 +153,12 @@ void MainWindowView::addLabels(MainWindow& model) {
   add(model.speedLabel, geometry::speedLabel, help::speedLabel);
 }
 
-void MainWindowView::showFitting() { platform::showFitting(*this, {geometry::width, geometry::height}); }
+void MainWindowView::addBelow(QWidget* bar) { column_->addWidget(bar); }
+
+void MainWindowView::showFitting() {
+  const int below = column_->sizeHint().height() - std::max(ground_->sizeHint().height(), 0);
+  platform::showFitting(*this, {geometry::width, geometry::height + below});
+}
 
 void MainWindowView::closeEvent(QCloseEvent* event) { event->setAccepted(mayClose_()); }
 

@@ -8,6 +8,8 @@
 #include "platform/qt/help.h"
 #include "platform/qt/plan_ground.h"
 
+class QVBoxLayout;
+
 namespace korvinel {
 
 /// The main window on the screen: every control and surface at its place in the window's plan, scaled to the client
@@ -17,7 +19,8 @@ class MainWindowView : public QMainWindow {
   /// `mayClose`: asked when the user closes the window; false keeps it open.
   MainWindowView(MainWindow& model, std::function<bool()> mayClose);
 
-  void showFitting();  ///< at the plan's own size, or filling a screen that is too small for it
+  void addBelow(QWidget* bar);  ///< under the plan, over the whole width
+  void showFitting();           ///< at the plan's own size, or filling a screen that is too small for it
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -34,6 +37,7 @@ class MainWindowView : public QMainWindow {
 
   std::function<bool()> mayClose_;
   platform::PlanGround* ground_ = nullptr;
+  QVBoxLayout* column_ = nullptr;  ///< the plan, and under it what was added
 };
 
 }  // namespace korvinel

@@ -27,12 +27,14 @@ Program::Program(std::string dataFolder)
   edge_.onFault = [this](const std::exception& fault) { tell(fault); };
   edge_.onEnd = [this] { end(); };
   tieControls(state_, edge_);
+  guidance_.emplace(state_, edge_, view_, [this](int port) { return platform::serialDevice(dataFolder_, port); });
   windows_.attach(view_, platform_);
 }
 
 void Program::startUp() {
   platform::installRootWhenAbsent(files_, dataFolder_);
   state_.startUp();
+  guidance_->refresh();
 }
 
 int Program::run() {

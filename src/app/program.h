@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "app/guidance.h"
 #include "app/host_platform.h"
 #include "app/main_window_view.h"
 #include "app/report_windows.h"
@@ -51,6 +53,7 @@ class Program {
   MainWindow window_;
   MainState state_{window_, shared_, platform_};
   MainWindowView view_;
+  std::optional<Guidance> guidance_;
   bool displayIsThere_ = true;
   platform::EndSignals signals_;
   platform::SuddenEnd suddenEnd_;

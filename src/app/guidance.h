@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QTimer>
+#include <functional>
+#include <string>
+
+#include "app/status_line.h"
+#include "guidance/refusal.h"
+
+class QHBoxLayout;
+
+namespace korvinel {
+
+class MainWindowView;
+struct MainState;
+namespace platform {
+class Button;
+class OperationEdge;
+}  // namespace platform
+
+/// What a colleague beside the operator would say, in a bar below the window's plan. It reads the record and never
+/// writes it; without it the program works in the same way.
+class Guidance {
+ public:
+  /// `serialDevice`: the device of a port number on this machine. All arguments must outlive it.
+  Guidance(MainState& state, platform::OperationEdge& edge, MainWindowView& window,
+           std::function<std::string(int portNumber)> serialDevice);
+
+  void refresh();  ///< shows the record as it is now
+
+ private:
+  void watchCommands();
+  void watch(platform::Button& button, guidance::Command command);
+  void tellRefusal(guidance::Command command);
+  [[nodiscard]] guidance::Status status() const;
+
+  MainState& state_;
+  std::function<std::string(int)> serialDevice_;
+  QWidget* bar_;
+  QHBoxLayout* inBar_;
+  StatusLine* statusLine_;
+  QTimer beat_;          ///< runs only while something is under way
+  QTimer refusalShown_;  ///< runs while `refusal_` is shown
+  std::string refusal_;
+};
+
+}  // namespace korvinel
