@@ -2,9 +2,11 @@
 
 #include <QResizeEvent>
 #include <QScrollBar>
+#include <algorithm>
 #include <cmath>
 
 #include "app/report_window_help.h"
+#include "platform/qt/qt_text.h"
 
 namespace korvinel {
 namespace {
@@ -25,14 +27,37 @@ CommentWindowView::CommentWindowView(CommentWindow& model, QWidget* owner)
   explain(scroll_, report_window_help::comments);
   explain(*text_, report_window_help::comments);
   text_->onRefreshed = [this] { fitText(); };
+  line_.setWordWrap(true);
+  line_.setTextFormat(Qt::PlainText);
+  line_.setAccessibleDescription("Che cosa riguardano i commenti");
   resize(static_cast<int>(model.text.width()) + 2 * margin, static_cast<int>(model.text.height()) + 2 * margin);
   setMinimumSize(size() / 2);
 }
 
 void CommentWindowView::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  scroll_.setGeometry(rect().adjusted(margin, margin, -margin, -margin));
+  placeParts();
+}
+
+void CommentWindowView::placeParts() {
+  const int width = rect().width() - 2 * margin;
+  const int band = line_.text().isEmpty() ? 0 : line_.heightForWidth(width) + margin / 2;
+  line_.setGeometry(margin, margin, width, std::max(0, band - margin / 2));
+  scroll_.setGeometry(rect().adjusted(margin, margin + band, -margin, -margin));
+  veil_.setGeometry(scroll_.geometry());
   fitText();
+}
+
+void CommentWindowView::showStanding(const guidance::ReportStanding& standing) {
+  const QString line = platform::toQt(standing.line);
+  const bool first = line_.text().isEmpty();
+  QPalette letters;
+  if (!standing.current) letters.setColor(QPalette::WindowText, QColor(128, 0, 0));
+  line_.setPalette(letters);
+  if (line_.text() != line) line_.setText(line);
+  veil_.cover(platform::toQt(standing.missing.empty() ? standing.doubtful : standing.missing));
+  if (first) resize(width(), height() + line_.heightForWidth(width() - 2 * margin) + margin / 2);
+  placeParts();
 }
 
 /// Makes the text as wide as its window and shows the newest lines.

@@ -35,7 +35,8 @@ Guidance::Guidance(MainState& state, platform::OperationEdge& edge, MainWindowVi
       serialDevice_(std::move(serialDevice)),
       bar_(newBar(&window)),
       inBar_(new QHBoxLayout(bar_)),
-      statusLine_(new StatusLine(bar_)) {
+      statusLine_(new StatusLine(bar_)),
+      graphs_(state, window.ground()) {
   inBar_->setContentsMargins(10, 0, 10, 6);
   inBar_->addWidget(statusLine_, 1);
   window.addBelow(bar_);
@@ -86,6 +87,8 @@ guidance::Status Guidance::status() const {
 
 void Guidance::refresh() {
   statusLine_->show(status());
+  graphs_.refresh();
+  if (follower_) follower_();
   const bool isUnderWay = state_.acquisitionPending() || state_.fileLoopRunning == 1 || state_.assembling == 1;
   if (isUnderWay == beat_.isActive()) return;
   isUnderWay ? beat_.start() : beat_.stop();

@@ -3,7 +3,9 @@
 #include <QTimer>
 #include <functional>
 #include <string>
+#include <utility>
 
+#include "app/graph_guidance.h"
 #include "app/status_line.h"
 #include "guidance/refusal.h"
 
@@ -27,6 +29,8 @@ class Guidance {
            std::function<std::string(int portNumber)> serialDevice);
 
   void refresh();  ///< shows the record as it is now
+  /// Lets other windows follow the record too: called with each refresh.
+  void follow(std::function<void()> follower) { follower_ = std::move(follower); }
 
  private:
   void watchCommands();
@@ -39,6 +43,8 @@ class Guidance {
   QWidget* bar_;
   QHBoxLayout* inBar_;
   StatusLine* statusLine_;
+  GraphGuidance graphs_;
+  std::function<void()> follower_;
   QTimer beat_;          ///< runs only while something is under way
   QTimer refusalShown_;  ///< runs while `refusal_` is shown
   std::string refusal_;

@@ -19,8 +19,9 @@ class MainWindowView : public QMainWindow {
   /// `mayClose`: asked when the user closes the window; false keeps it open.
   MainWindowView(MainWindow& model, std::function<bool()> mayClose);
 
-  void addBelow(QWidget* bar);  ///< under the plan, over the whole width
-  void showFitting();           ///< at the plan's own size, or filling a screen that is too small for it
+  void addBelow(QWidget* bar);                         ///< under the plan, over the whole width
+  platform::PlanGround& ground() { return *ground_; }  ///< holds everything of the plan
+  void showFitting();  ///< at the plan's own size, or filling a screen that is too small for it
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -28,6 +28,7 @@ Program::Program(std::string dataFolder)
   edge_.onEnd = [this] { end(); };
   tieControls(state_, edge_);
   guidance_.emplace(state_, edge_, view_, [this](int port) { return platform::serialDevice(dataFolder_, port); });
+  guidance_->follow([this] { windows_.showStanding(state_); });
   windows_.attach(view_, platform_);
 }
 

@@ -6,6 +6,7 @@
 
 #include "app/report_window_help.h"
 #include "platform/qt/control_views.h"
+#include "platform/qt/qt_text.h"
 #include "report/report_geometry.h"
 
 namespace korvinel {
@@ -18,6 +19,27 @@ constexpr QSize smallestClient(900, 620);
 constexpr double letterHeight = 16;  // of the plan
 constexpr int twipsPerPixel = 15;    // twentieths of a point, 96 dots an inch
 constexpr QSize openingClient(15360 / twipsPerPixel, 11000 / twipsPerPixel);
+constexpr platform::Rect standingPlace{plan::checkBoxFrame.x, 502, plan::checkBoxFrame.width, 112};
+
+/// A framed text that fills its frame.
+class StandingFrame : public QFrame {
+ public:
+  StandingFrame(platform::Label& model, QWidget* parent)
+      : QFrame(parent), text_(model, this, platform::LabelView::Lines::broken) {
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setAutoFillBackground(true);
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QFrame::resizeEvent(event);
+    constexpr int margin = 7;
+    text_.setGeometry(rect().adjusted(margin, margin, -margin, -margin));
+  }
+
+ private:
+  platform::LabelView text_;
+};
 
 }  // namespace
 
@@ -32,6 +54,7 @@ ReportWindowView::ReportWindowView(ReportWindow& model, QWidget* owner, std::fun
   addCheckBoxes(model);
   addButtons(model);
   addLabels(model);
+  addStanding();
 }
 
 void ReportWindowView::put(QWidget* widget, const platform::Rect& place, const platform::Help& text) {
@@ -83,6 +106,25 @@ void ReportWindowView::addFrame(const platform::Rect& place) {
   frame->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   frame->setAutoFillBackground(true);
   ground_->put(frame, place);
+}
+
+/// The frame has no name for a screen reader, only the label in it has.
+void ReportWindowView::addStanding() {
+  standingFrame_ = new StandingFrame(standing_, ground_);
+  ground_->put(standingFrame_, standingPlace);
+  veil_ = new Veil(ground_, "Perché il rapporto è coperto");
+  const platform::Rect& first = plan::panels.front();
+  const platform::Rect& last = plan::panels.back();
+  ground_->put(veil_, {first.x, first.y, last.right() - first.x, last.bottom() - first.y});
+}
+
+void ReportWindowView::showStanding(const guidance::ReportStanding& standing) {
+  const std::string& warning = standing.missing.empty() ? standing.doubtful : standing.missing;
+  standing_.setText(warning.empty() ? standing.line : standing.line + " " + warning);
+  const bool calm = standing.current && warning.empty();
+  standing_.setInk(calm ? platform::Colour::black : platform::Colour::red);
+  standingFrame_->setPalette(calm ? QPalette() : QPalette(QColor(255, 243, 205)));
+  veil_->cover(platform::toQt(standing.missing));
 }
 
 void ReportWindowView::showFitting() { platform::showFitting(*this, openingClient); }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QFrame>
 #include <QMainWindow>
 #include <functional>
 
+#include "app/veils.h"
+#include "guidance/report_standing.h"
 #include "platform/qt/help.h"
 #include "platform/qt/plan_ground.h"
 #include "report/report_window.h"
@@ -15,6 +18,9 @@ class ReportWindowView : public QMainWindow {
  public:
   /// `onClosed`: called once the window has been closed, by the user or by the program.
   ReportWindowView(ReportWindow& model, QWidget* owner, std::function<void()> onClosed);
+
+  /// Writes beside the report what it stands for, and covers its graphs if it could not be calculated.
+  void showStanding(const guidance::ReportStanding& standing);
 
   void showFitting();  ///< at 1024 x 733 pixels, or filling a screen that is too small for it
 
@@ -29,9 +35,13 @@ class ReportWindowView : public QMainWindow {
   void addLabels(ReportWindow& model);
   void put(QWidget* widget, const platform::Rect& place, const platform::Help& help);
   void addFrame(const platform::Rect& place);
+  void addStanding();
 
   std::function<void()> onClosed_;
   platform::PlanGround* ground_ = nullptr;
+  platform::Label standing_{"Che cosa riguarda il rapporto"};
+  QFrame* standingFrame_ = nullptr;
+  Veil* veil_ = nullptr;
 };
 
 }  // namespace korvinel

@@ -30,6 +30,7 @@ struct ReportWindows::Report {
   ReportWindow window;
   CommentWindow comments;
   ReportState state;
+  guidance::ReportOrigin origin;
   QPointer<ReportWindowView> view;
   QPointer<CommentWindowView> commentView;
 };
@@ -51,6 +52,7 @@ void ReportWindows::showReport() {
   open_ = std::make_unique<Report>(shared_, *host_);
   tieReport(open_->state, edge_);
   open_->view = new ReportWindowView(open_->window, main_, [this] { reportClosed(); });
+  open_->origin = guidance::reportOrigin(shared_);
   open_->view->showFitting();
   runReport(open_->state, edge_, &ReportState::loadReport);
 }
@@ -84,6 +86,13 @@ void ReportWindows::showComments() {
   QObject::connect(open_->commentView, &QObject::destroyed, open_->view,
                    [&comments = open_->comments] { comments.text.clear(); });
   open_->commentView->show();
+}
+
+void ReportWindows::showStanding(const MainState& state) {
+  if (!open_ || !open_->view) return;
+  const auto standing = guidance::reportStanding(open_->origin, open_->state, state);
+  open_->view->showStanding(standing);
+  if (open_->commentView) open_->commentView->showStanding(standing);
 }
 
 void ReportWindows::showMain() { bringForward(*main_); }

@@ -12,6 +12,8 @@
 
 namespace korvinel {
 
+struct MainState;
+
 /// The report window with its comment window, on the screen. There is one report at a time.
 class ReportWindows : public platform::CompanionWindows {
  public:
@@ -27,6 +29,9 @@ class ReportWindows : public platform::CompanionWindows {
   void showComments() override;
   void showMain() override;
   void hideAll();  ///< when the program ends
+
+  /// Writes into the open windows for which examination they stand, now that `state` may hold another.
+  void showStanding(const MainState& state);
 
  private:
   struct Report;

@@ -13,10 +13,18 @@ SOURCE = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file_
 WINDOW = 'only the real window shows what it does'
 COMMAND = 'a command of the program, which is run as its user runs it'
 ELSEWHERE = {
+    'src/app/graph_guidance.cpp': ('tests/window/graphs_test.py', WINDOW),
+    'src/app/ground_caption.cpp': ('tests/window/graphs_test.py', WINDOW),
+    'src/app/ground_captions.cpp': ('tests/window/graphs_test.py', WINDOW),
+    'src/app/ground_scale.cpp': ('tests/window/graphs_test.py', WINDOW),
     'src/app/head_picture.cpp': ('tests/window/report_test.py', WINDOW),
     'src/app/main.cpp': ('tests/window/journey_test.py', WINDOW),
+    'src/app/notes_guidance.cpp': ('tests/window/graphs_test.py', WINDOW),
+    'src/app/notes_panel.cpp': ('tests/window/graphs_test.py', WINDOW),
     'src/app/program.cpp': ('tests/window/journey_test.py', WINDOW),
     'src/app/report_windows.cpp': ('tests/window/report_test.py', WINDOW),
+    'src/app/strip_marks.cpp': ('tests/window/graphs_test.py', WINDOW),
+    'src/app/veils.cpp': ('tests/window/graphs_test.py', WINDOW),
     'src/frame/main_fields.cpp': ('tests/unit/frame/start_up_test.cpp', 'only keeps what it is given'),
     'src/platform/headless/headless_platform.cpp': (
         'tests/unit/frame/print_image_test.cpp', 'its printer records what these tests compare'),

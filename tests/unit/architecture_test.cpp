@@ -69,7 +69,7 @@ std::set<std::string> allowedFrom(const Include& include) {
   if (include.from == "frame/main_fields.h" || include.from == "frame/main_state.h" ||
       include.from == "frame/main_window.h" || include.from == "frame/program_values.h")
     return {"values", "platform"};
-  if (folder == "guidance") return {"values", "eeg", "platform", "frame", "recording"};
+  if (folder == "guidance") return {"values", "eeg", "platform", "frame", "recording", "report"};
   if (folder == "wiring") return {"values", "eeg", "platform", "frame", "recording", "report"};
   if (folder == "app")
     return {"values", "eeg",     "platform",  "platform/qt", "platform/disk", "platform/posix", "platform/windows",

@@ -11,7 +11,23 @@ PlanGround::PlanGround(Surface& surface, double letterHeight)
       plan_(static_cast<int>(surface.width()), static_cast<int>(surface.height())),
       letterHeight_(letterHeight) {}
 
-void PlanGround::put(QWidget* widget, const Rect& place) { placed_.push_back({widget, place}); }
+void PlanGround::put(QWidget* widget, const Rect& place) {
+  std::erase_if(placed_, [&](const Placed& placed) { return placed.widget == widget; });
+  placed_.push_back({widget, place});
+  arrange(placed_.back());
+}
+
+void PlanGround::arrange(const Placed& placed) const {
+  const Rect& place = placed.place;
+  const auto across = [&](int x) {
+    return static_cast<int>(std::lround(x * static_cast<double>(width()) / plan_.width()));
+  };
+  const auto down = [&](int y) {
+    return static_cast<int>(std::lround(y * static_cast<double>(height()) / plan_.height()));
+  };
+  placed.widget->setGeometry(
+      QRect(QPoint(across(place.x), down(place.y)), QPoint(across(place.right()) - 1, down(place.bottom()) - 1)));
+}
 
 void PlanGround::putPanel(const Rect& place) {
   auto* panel = new QWidget(this);
@@ -26,11 +42,7 @@ void PlanGround::resizeEvent(QResizeEvent* event) {
   QFont letters = font();
   letters.setPixelSize(std::max(9, static_cast<int>(std::lround(letterHeight_ * std::min(scaleX, scaleY)))));
   setFont(letters);
-  const auto across = [&](int x) { return static_cast<int>(std::lround(x * scaleX)); };
-  const auto down = [&](int y) { return static_cast<int>(std::lround(y * scaleY)); };
-  for (const auto& [widget, place] : placed_)
-    widget->setGeometry(
-        QRect(QPoint(across(place.x), down(place.y)), QPoint(across(place.right()) - 1, down(place.bottom()) - 1)));
+  for (const Placed& placed : placed_) arrange(placed);
 }
 
 void showFitting(QWidget& window, const QSize& client) {

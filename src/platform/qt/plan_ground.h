@@ -15,7 +15,7 @@ class PlanGround : public SurfaceView {
   /// `letterHeight`: of the widgets' letters, in units of the plan.
   PlanGround(Surface& surface, double letterHeight);
 
-  void put(QWidget* widget, const Rect& place);
+  void put(QWidget* widget, const Rect& place);  ///< also moves one that is on it already
   /// A widget in the background's colours under others.
   void putPanel(const Rect& place);
 
@@ -27,6 +27,8 @@ class PlanGround : public SurfaceView {
     QWidget* widget;
     Rect place;
   };
+
+  void arrange(const Placed& placed) const;
 
   QSize plan_;
   double letterHeight_;
