@@ -36,9 +36,11 @@ Guidance::Guidance(MainState& state, platform::OperationEdge& edge, MainWindowVi
       bar_(newBar(&window)),
       inBar_(new QHBoxLayout(bar_)),
       statusLine_(new StatusLine(bar_)),
+      lamps_(new LampRow(bar_)),
       graphs_(state, window.ground()) {
   inBar_->setContentsMargins(10, 0, 10, 6);
   inBar_->addWidget(statusLine_, 1);
+  inBar_->addWidget(lamps_);
   window.addBelow(bar_);
   watchCommands();
   beat_.setInterval(beatMs);
@@ -87,6 +89,8 @@ guidance::Status Guidance::status() const {
 
 void Guidance::refresh() {
   statusLine_->show(status());
+  signalHistory_.follow(state_);
+  lamps_->display(signalHistory_);
   graphs_.refresh();
   if (follower_) follower_();
   const bool isUnderWay = state_.acquisitionPending() || state_.fileLoopRunning == 1 || state_.assembling == 1;

@@ -6,8 +6,10 @@
 #include <utility>
 
 #include "app/graph_guidance.h"
+#include "app/lamp_row.h"
 #include "app/status_line.h"
 #include "guidance/refusal.h"
+#include "guidance/signal_history.h"
 
 class QHBoxLayout;
 
@@ -43,6 +45,8 @@ class Guidance {
   QWidget* bar_;
   QHBoxLayout* inBar_;
   StatusLine* statusLine_;
+  LampRow* lamps_;
+  guidance::SignalHistory signalHistory_;
   GraphGuidance graphs_;
   std::function<void()> follower_;
   QTimer beat_;          ///< runs only while something is under way
