@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QFontMetrics>
 #include <QPainter>
+#include <QTimer>
 #include <QToolTip>
 
 #include "app/lamp_shapes.h"
@@ -14,7 +15,7 @@ namespace {
 using guidance::SignalHistory;
 
 // In pixels.
-constexpr int margin = 4;
+constexpr int edge = 4;
 constexpr int gap = 5;
 constexpr QSize cellSize(4, 9);
 constexpr int cellStep = cellSize.width() + 1;
@@ -35,7 +36,7 @@ int signSize(const QFontMetrics& metrics) { return metrics.ascent(); }
 
 }  // namespace
 
-Lamp::Lamp(int channel, QWidget* parent) : QWidget(parent), channel_(channel), site_(eeg::siteOf(channel)) {
+Lamp::Lamp(int channel, QWidget* parent) : QLabel(parent), channel_(channel), site_(eeg::siteOf(channel)) {
   setObjectName("Segnale " + site_);
   setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard where the operator is typing
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -69,8 +70,7 @@ QSize Lamp::sizeHint() const {
   const QFontMetrics boldLetters(bold(font()));
   const int words = signSize(letters) + gap + boldLetters.horizontalAdvance("T5") + gap +
                     boldLetters.horizontalAdvance(fromUtf8(guidance::nameOf(guidance::SignalState::movement)));
-  return {std::max(words, historyWidth) + 2 * (margin + 2),
-          letters.height() + cellSize.height() + 2 * (margin - 1) + 3};
+  return {std::max(words, historyWidth) + 2 * (edge + 2), letters.height() + cellSize.height() + 2 * (edge - 1) + 3};
 }
 
 void Lamp::paintEvent(QPaintEvent*) {
@@ -87,7 +87,7 @@ void Lamp::paintEvent(QPaintEvent*) {
 
 void Lamp::drawHeading(QPainter& painter) const {
   const QFontMetrics letters(font());
-  QRect line(margin + 2, margin - 1, width() - 2 * margin - 2, letters.height());
+  QRect line(edge + 2, edge - 1, width() - 2 * edge - 2, letters.height());
   const int size = signSize(letters);
   drawLampSign(painter, QRectF(line.left(), line.center().y() - size / 2.0 + 1, size, size), signal_.state);
   line.setLeft(line.left() + size + gap);
@@ -102,7 +102,7 @@ void Lamp::drawHeading(QPainter& painter) const {
 }
 
 void Lamp::drawHistory(QPainter& painter) const {
-  const QPoint first((width() - historyWidth) / 2, height() - margin - cellSize.height());
+  const QPoint first((width() - historyWidth) / 2, height() - edge - cellSize.height());
   const auto all = static_cast<int>(SignalHistory::blocksShown);
   const int missing = all - static_cast<int>(states_.size());
   for (int i = 0; i < all; ++i) {
@@ -113,13 +113,17 @@ void Lamp::drawHistory(QPainter& painter) const {
 }
 
 void Lamp::focusInEvent(QFocusEvent* event) {
-  QWidget::focusInEvent(event);
+  QLabel::focusInEvent(event);
   const bool byKey = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
-  if (byKey) QToolTip::showText(mapToGlobal(QPoint(0, height())), toolTip(), this);
+  if (!byKey) return;
+  // Later: the rest of the change of focus would hide it.
+  QTimer::singleShot(0, this, [this] {
+    if (hasFocus()) QToolTip::showText(mapToGlobal(QPoint(0, height())), toolTip(), this);
+  });
 }
 
 void Lamp::focusOutEvent(QFocusEvent* event) {
-  QWidget::focusOutEvent(event);
+  QLabel::focusOutEvent(event);
   QToolTip::hideText();
 }
 

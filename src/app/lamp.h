@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QLabel>
 
 #include "guidance/signal_history.h"
 
@@ -8,7 +8,8 @@ namespace korvinel {
 
 /// The signal of one site: a shape in a colour, the site's name and a word; below, the last minute, one cell per turn,
 /// the newest at the right. Every state has its own shape, in the cells too, so that no colour has to be told apart.
-class Lamp : public QWidget {
+/// A label for assistive programs, which do not stop at other widgets without a role.
+class Lamp : public QLabel {
  public:
   Lamp(int channel, QWidget* parent);
 

@@ -68,7 +68,8 @@ std::string SignalHistory::summary(int channel) const {
     const auto state = static_cast<SignalState>(i);
     const auto count = std::ranges::count(states, state);
     if (count == 0) continue;
-    text += (text.empty() ? "nell'ultimo minuto: " : ", ") + std::to_string(count) + " " + std::string(nameOf(state));
+    text += (text.empty() ? "nell'ultimo minuto: " : ", ") + std::to_string(count) +
+            (count == 1 ? " volta " : " volte ") + std::string(nameOf(state));
   }
   return text;
 }

@@ -28,7 +28,7 @@ class SignalHistory {
 
   [[nodiscard]] const SiteSignal& now(int channel) const { return sites_.at(index(channel)).now; }
   [[nodiscard]] const States& lastMinute(int channel) const { return sites_.at(index(channel)).states; }
-  /// "nell'ultimo minuto: 14 buono, 4 saturo"; "" without blocks.
+  /// "nell'ultimo minuto: 14 volte buono, 1 volta saturo"; "" without blocks.
   [[nodiscard]] std::string summary(int channel) const;
 
   /// To be spoken: the sites whose state has lasted for two blocks and differs from what was spoken before; a good

@@ -67,14 +67,14 @@ TEST(SignalHistory, IsAllGapsAfterAnHour) {
   SignalHistory history;
   history.add(allSites(good), 0);
   history.pass(3600);
-  EXPECT_EQ(history.summary(1), "nell'ultimo minuto: 20 in attesa");
+  EXPECT_EQ(history.summary(1), "nell'ultimo minuto: 20 volte in attesa");
 }
 
 TEST(SignalHistory, SumsUpTheMinute) {
   SignalHistory history;
   for (const SignalState state : {good, flat, good, good}) history.add(onlyOnT5(state), 0);
-  EXPECT_EQ(history.summary(3), "nell'ultimo minuto: 3 buono, 1 piatto");
-  EXPECT_EQ(history.summary(1), "nell'ultimo minuto: 4 buono");
+  EXPECT_EQ(history.summary(3), "nell'ultimo minuto: 3 volte buono, 1 volta piatto");
+  EXPECT_EQ(history.summary(1), "nell'ultimo minuto: 4 volte buono");
 }
 
 TEST(SignalHistory, SpeaksOfAStateThatHasLastedForTwoBlocks) {
