@@ -18,10 +18,13 @@ std::string start(const MainState& state) {
   if (state.intervalSelectable == 1 && state.stopRequested == 0)
     return "Start: prima premere Stop, per lasciare i dati in memoria.";
   if (isBlank(state.window.fileNameBox.text())) return "Start: prima scrivere il nome del file.";
+  if (isBlank(state.window.subjectBox.text())) return "Start: prima scrivere il nome del soggetto.";
   return "";
 }
 
 std::string stop(const MainState& state) {
+  if (state.stopRequested == 1 && (state.fileLoopRunning == 1 || state.acquisitionPending()))
+    return "Stop: è già stato premuto, si attende la fine.";
   const bool frees = state.intervalSelectable == 1 && state.stopRequested == 0;
   if (state.fileLoopRunning == 1 || state.acquisitionPending() || frees) return "";
   return "Stop: non c'è nulla da fermare.";

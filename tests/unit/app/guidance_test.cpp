@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <ctime>
 
 #include "app/main_window_view.h"
 #include "headless_program.h"
@@ -45,6 +46,18 @@ TEST_F(GuidanceTest, WhileTheInstrumentIsAwaitedTheSecondsRun) {
   program.host.time.after(2.5, [&] { QTest::qWait(600), awaited = line(); });
   program.window.Starts1.press();
   EXPECT_EQ(awaited, "Collegamento con COM2: ancora 2 s");
+}
+
+TEST_F(GuidanceTest, CostsNextToNothingATurn) {
+  constexpr int turns = 500;
+  constexpr double mostMs = 0.2;
+  program.window.Starts1.press();
+  const std::clock_t before = std::clock();
+  for (int turn = 0; turn < turns; ++turn) {
+    program.state.blockCount = turn % 199;
+    guidance.refresh();
+  }
+  EXPECT_LT(1000.0 * static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC / turns, mostMs);
 }
 
 TEST_F(GuidanceTest, TheCommandsThemselvesActAsWithoutIt) {

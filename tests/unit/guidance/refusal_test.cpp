@@ -20,6 +20,8 @@ struct Refusal : testing::Test {
 TEST_F(Refusal, AtRestOnlyWhatNeedsDataOrAnExaminationIsRefused) {
   program.state.startUp();
   program.window.fileNameBox.type("prova");
+  EXPECT_THAT(why(Command::start), HasSubstr("nome del soggetto"));
+  program.window.subjectBox.type("Rossi");
   EXPECT_THAT(why(Command::start), IsEmpty());
   EXPECT_THAT(why(Command::stop), HasSubstr("nulla da fermare"));
   EXPECT_THAT(why(Command::record), HasSubstr("prima premere Start"));
@@ -53,6 +55,7 @@ TEST_F(Refusal, OnceStopIsPressedTheExaminationOnlyEnds) {
   program.acquireBlocks(2);
   program.window.Stopd1.press();
   EXPECT_THAT(why(Command::start), HasSubstr("sta finendo"));
+  EXPECT_THAT(why(Command::stop), HasSubstr("già stato premuto"));
   EXPECT_THAT(why(Command::record), HasSubstr("sta finendo"));
 }
 
