@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <stdexcept>
 #include <string>
 
@@ -49,6 +50,19 @@ TEST(FrameDecoder, TheFormatSaysHowSamplesAreCoded) {
   Block block;
   EXPECT_EQ(decodeFrames(bytes, wide, block), 2048);
   EXPECT_EQ(block[4][256], 130);
+}
+
+TEST(FrameDecoder, TheSizesOfAStreamFollowFromItsFormat) {
+  const StreamFormat formats[] = {{4, 16, 32768, 256}, {3, 24, 0, 64}};
+  const std::array<int, 4> sizes[] = {{2, 8, 2048, 3200}, {3, 9, 2304, 3600}};
+  const double timeouts[] = {2.0, 8.0};
+  for (std::size_t i = 0; i < 2; ++i) {
+    const StreamFormat& format = formats[i];
+    const std::array found{format.bytesPerSample(), format.bytesPerFrame(), format.bytesPerBlock(),
+                           format.receiveBufferBytes()};
+    EXPECT_EQ(found, sizes[i]);
+    EXPECT_EQ(format.blockTimeout(), timeouts[i]);
+  }
 }
 
 }  // namespace

@@ -20,5 +20,14 @@ TEST(DrawGrid, DotsStandEightUnitsApartFromOneUnitInsideTheEdge) {
   EXPECT_EQ(surface.marks(), expected);
 }
 
+TEST(DrawGrid, NoDotStandsOnTheFarEdges) {
+  platform::Surface surface("", 17, 9, 5);
+  drawGrid(surface, 8.5, 4.5);  // the second lines would stand on the edges
+  const std::pair<double, double> dots[] = {{1, 4.5}, {9, 4.5}, {8.5, 1}};
+  std::vector<Mark> expected;
+  for (const auto& [x, y] : dots) expected.push_back({Mark::Kind::point, Colour::blue, x, y, x, y});
+  EXPECT_EQ(surface.marks(), expected);
+}
+
 }  // namespace
 }  // namespace korvinel

@@ -150,6 +150,25 @@ TEST(ConcludeRecording, LeavesNothingBehindForTheNextExamination) {
   EXPECT_FALSE(program.host.files.content.contains(folder + "Tempor1.NOT"));
 }
 
+TEST(ConcludeRecording, AsksForAnotherPlaceAgainInTheNextExamination) {
+  Recording program;
+  program.host.files.goneFolder = folder;
+  program.host.dialogs.choices = {Choice::ok};
+  program.host.dialogs.folders = {stick};
+  program.stop();
+  program.host.files.goneFolder.clear();
+  program.window.fileNameBox.type("due");
+  program.window.Starts1.press();
+  program.acquireBlocks(1);
+  program.window.Registra.press();
+  program.acquireBlocks(2);
+  program.host.files.goneFolder = folder;
+  program.host.dialogs.choices = {Choice::ok};
+  program.host.dialogs.folders = {stick};
+  program.stop();
+  EXPECT_TRUE(program.host.files.content.contains(stick + "due.QVD"));
+}
+
 TEST(ConcludeRecording, AFailedWriteAtTheEndKeepsTheNotesWithTheBlocks) {
   for (const int room : {0, 30, 70, 1500}) {
     Recording program;

@@ -234,5 +234,19 @@ TEST(EndRecording, RestoresTheButtonAndWaitsHalfASecond) {
   EXPECT_TRUE(program.window.firstTrace.shows("Attendere.."));
 }
 
+TEST(EndRecording, WhatIsToBeToldComesAfterTheHalfSecond) {
+  Acquiring program;
+  program.window.Registra.press();
+  program.host.time.runUntil([&] { return program.state.recordingArmed == 0; });
+  program.acquireBlocks(1);
+  program.host.files.freeSpace = 0;
+  const double before = program.host.time.seconds();
+  double told = 0;
+  program.host.dialogs.whileOpen = [&] { told = told == 0 ? program.host.time.seconds() : told; };
+  program.state.endRecording();
+  ASSERT_FALSE(program.host.dialogs.shown.empty());
+  EXPECT_GE(told - before, 0.5);
+}
+
 }  // namespace
 }  // namespace korvinel

@@ -17,6 +17,8 @@ TEST(SidePath, IsThatOfTheTemporaryFileWithAnotherEnding) {
   EXPECT_EQ(sidePathOf("/a.b/Tempor1 2026-11-21 10.15.00.XXX"), "/a.b/Tempor1 2026-11-21 10.15.00.NOT");
   EXPECT_EQ(sidePathOf("/a.b/copia"), "/a.b/copia.NOT");
   EXPECT_EQ(sidePathOf("copia"), "copia.NOT");
+  EXPECT_EQ(sidePathOf("copia.XXX"), "copia.NOT");
+  EXPECT_EQ(sidePathOf("/a/.copia"), "/a/.copia.NOT");
 }
 
 TEST(ReadSideFile, CountsWhatIsDamagedAndKeepsTheRest) {

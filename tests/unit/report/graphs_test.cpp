@@ -160,6 +160,7 @@ TEST(CoherencePanels, TheLineStartsLevelAndGoesThroughAll64Indexes) {
     const Mark& line = lines[static_cast<std::size_t>(k) - 1];
     EXPECT_EQ(line.x1, k - 1);
     EXPECT_EQ(line.x2, k);
+    EXPECT_EQ(line.y1, k == 1 ? 99 : 101 - k) << k;
     EXPECT_EQ(line.y2, 100 - k) << k;
     EXPECT_EQ(line.colour, Colour::blue);
   }
