@@ -80,7 +80,9 @@ class Finder:
     def visit(self, cursor):
         for child in cursor.get_children():
             file = child.location.file
-            if cursor.kind != Kind.TRANSLATION_UNIT or file is not None and file.name == self.path:
+            if cursor.kind == Kind.TRANSLATION_UNIT and (file is None or file.name != self.path):
+                continue
+            if not syntax.is_in_type_of(child, cursor):
                 self.enter(child)
 
     def enter(self, cursor):
@@ -90,9 +92,11 @@ class Finder:
             for child in list(cursor.get_children())[1:]:
                 self.enter(child)
             return
+        if cursor.kind == Kind.VAR_DECL and self.in_constexpr and self.text.is_constexpr(cursor):
+            return  # always calculated by the compiler
         calculated = cursor.kind == Kind.FIELD_DECL or cursor.kind in FUNCTIONS and self.text.is_constexpr(cursor)
         self.in_constexpr += calculated
-        if cursor.kind == Kind.VAR_DECL and self.text.is_constexpr(cursor) and not self.in_constexpr:
+        if cursor.kind == Kind.VAR_DECL and self.text.is_constexpr(cursor):
             self.free_constant(cursor)
         self.look_at(cursor)
         self.visit(cursor)

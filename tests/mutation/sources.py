@@ -99,14 +99,16 @@ class Sources:
                     os.remove(path)
 
     def find(self, texts, compile_commands):
-        """Fills `files`, sorted by name."""
+        """Fills `files`, sorted by name. Reads the work tree: the copy's headers may hold switches from an earlier run, with
+        which the syntax tree would be poorer."""
         memory = self.remembered()
         arguments = Arguments(compile_commands, self.copy)
         self.files = [Changed(name, text) for name, text in sorted(texts.items())]
         unknown = [file for file in self.files if file.stamp() not in memory]
         with concurrent.futures.ProcessPoolExecutor(2) as pool:
-            found = pool.map(places.places_of, [os.path.join(self.copy, file.name) for file in unknown],
-                             [file.text for file in unknown], [arguments.of(file.name) for file in unknown])
+            found = pool.map(places.places_of, [os.path.join(self.source, file.name) for file in unknown],
+                             [file.text for file in unknown],
+                             [[word.replace(self.copy, self.source) for word in arguments.of(file.name)] for file in unknown])
             memory.update(zip([file.stamp() for file in unknown], found))
         for file in self.files:
             file.places, file.free = memory[file.stamp()]

@@ -24,6 +24,12 @@ def extent(cursor):
     return cursor.extent.start.offset, cursor.extent.end.offset
 
 
+def is_in_type_of(cursor, declaration):
+    """Whether it belongs to the declared type, as an array's bound does; only the compiler calculates it."""
+    return (declaration.kind in (Kind.FIELD_DECL, Kind.VAR_DECL) and
+            cursor.extent.end.offset <= declaration.location.offset)
+
+
 def canonical(cursor):
     return cursor.type.get_canonical().kind
 
