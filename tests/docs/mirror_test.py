@@ -25,7 +25,6 @@ ELSEWHERE = {
     'src/app/report_windows.cpp': ('tests/window/report_test.py', WINDOW),
     'src/app/strip_marks.cpp': ('tests/window/graphs_test.py', WINDOW),
     'src/app/veils.cpp': ('tests/window/graphs_test.py', WINDOW),
-    'src/frame/main_fields.cpp': ('tests/unit/frame/start_up_test.cpp', 'only keeps what it is given'),
     'src/platform/headless/headless_platform.cpp': (
         'tests/unit/frame/print_image_test.cpp', 'its printer records what these tests compare'),
     'src/platform/page/page_writer.cpp': ('tests/unit/platform/qt/every_screen_test.cpp', 'one of the screens'),
