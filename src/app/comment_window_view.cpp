@@ -41,11 +41,16 @@ void CommentWindowView::resizeEvent(QResizeEvent* event) {
 
 void CommentWindowView::placeParts() {
   const int width = rect().width() - 2 * margin;
-  const int band = line_.text().isEmpty() ? 0 : line_.heightForWidth(width) + margin / 2;
-  line_.setGeometry(margin, margin, width, std::max(0, band - margin / 2));
+  const int band = bandFor(width);
+  line_.setGeometry(margin, margin / 2, width, band);
   scroll_.setGeometry(rect().adjusted(margin, margin + band, -margin, -margin));
   veil_.setGeometry(scroll_.geometry());
   fitText();
+}
+
+/// The height of the line above the comments, with room for the ring around them.
+int CommentWindowView::bandFor(int width) const {
+  return line_.text().isEmpty() ? 0 : line_.heightForWidth(width) + margin / 2;
 }
 
 void CommentWindowView::showStanding(const guidance::ReportStanding& standing) {
@@ -56,7 +61,7 @@ void CommentWindowView::showStanding(const guidance::ReportStanding& standing) {
   line_.setPalette(letters);
   if (line_.text() != line) line_.setText(line);
   veil_.cover(platform::toQt(standing.missing.empty() ? standing.doubtful : standing.missing));
-  if (first) resize(width(), height() + line_.heightForWidth(width() - 2 * margin) + margin / 2);
+  if (first) resize(width(), height() + bandFor(width() - 2 * margin));
   placeParts();
 }
 

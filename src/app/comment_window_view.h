@@ -25,6 +25,7 @@ class CommentWindowView : public QDialog {
  private:
   void fitText();
   void placeParts();
+  [[nodiscard]] int bandFor(int width) const;
 
   CommentWindow& model_;
   QScrollArea scroll_;

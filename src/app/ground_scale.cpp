@@ -10,7 +10,8 @@ namespace {
 
 constexpr double siteLetters = 12;  // of the plan
 constexpr double numberLetters = 10;
-constexpr int tickLength = 4;  // pixels
+constexpr int tickLength = 3;  // pixels
+constexpr int numberAt = tickLength + 3;
 
 }  // namespace
 
@@ -38,10 +39,10 @@ void GroundScale::paintLabel(QPainter& painter, const guidance::ScaleLabel& labe
   const double y = pixelOf(label.place);
   const int row = std::min(static_cast<int>(y), height() - 1);
   painter.drawLine(0, row, tickLength - 1, row);
-  const QSizeF room(width() - tickLength - 1, painter.fontMetrics().height());
+  const QSizeF room(width() - numberAt, painter.fontMetrics().height());
   if (site_.isEmpty())
-    return painter.drawText(QRectF(QPointF(tickLength + 1, y - room.height() / 2), room),
-                            Qt::AlignLeft | Qt::AlignVCenter, label.text);
+    return painter.drawText(QRectF(QPointF(numberAt, y - room.height() / 2), room), Qt::AlignLeft | Qt::AlignVCenter,
+                            label.text);
   painter.save();
   painter.translate(tickLength + 1, y);
   painter.rotate(-90);

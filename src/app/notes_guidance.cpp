@@ -1,9 +1,12 @@
 #include "app/notes_guidance.h"
 
+#include <QSignalBlocker>
+
 #include "display/window_geometry.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/program_values.h"
+#include "guidance/quick_notes.h"
 #include "platform/qt/help.h"
 #include "platform/qt/qt_text.h"
 
@@ -42,11 +45,13 @@ NotesGuidance::NotesGuidance(MainState& state, platform::PlanGround& ground)
   button_->setFocusPolicy(Qt::TabFocus);
   platform::explain(*button_, {"Mostra o nasconde l'elenco delle note, sopra il riquadro dei messaggi."});
   button_->hide();
+  panel_->setQuickNotes(guidance::usualQuickNotes());
   tie();
 }
 
 void NotesGuidance::tie() {
-  QObject::connect(button_, &QPushButton::clicked, button_, [this](bool checked) {
+  // Not only clicks: an assistive program toggles the button without one.
+  QObject::connect(button_, &QPushButton::toggled, button_, [this](bool checked) {
     chosen_ = checked;
     refresh();
   });
@@ -69,6 +74,7 @@ void NotesGuidance::refresh() {
   marks_->show(notes, guidance::marksAreMissing(state_));
   place(!shown ? NotesPlace::none : automatic == NotesPlace::none ? NotesPlace::whole : automatic);
   button_->setText(platform::toQt("Note: " + std::to_string(notes.size())));
+  const QSignalBlocker quiet(button_);
   button_->setChecked(shown);
   button_->setVisible(!notes.empty());
 }

@@ -19,7 +19,7 @@ constexpr QSize smallestClient(900, 620);
 constexpr double letterHeight = 16;  // of the plan
 constexpr int twipsPerPixel = 15;    // twentieths of a point, 96 dots an inch
 constexpr QSize openingClient(15360 / twipsPerPixel, 11000 / twipsPerPixel);
-constexpr platform::Rect standingPlace{plan::checkBoxFrame.x, 502, plan::checkBoxFrame.width, 112};
+constexpr platform::Rect standingPlace{plan::checkBoxFrame.x, 516, plan::checkBoxFrame.width, 98};
 
 /// A framed text that fills its frame.
 class StandingFrame : public QFrame {

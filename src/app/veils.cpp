@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QPainter>
+#include <algorithm>
 
 #include "display/window_geometry.h"
 #include "platform/qt/qt_text.h"
@@ -34,6 +35,8 @@ Veil::Veil(QWidget* parent, const QString& role) : QWidget(parent), sentence_(th
   sentence_.setTextFormat(Qt::PlainText);
   sentence_.setWordWrap(true);
   sentence_.setAlignment(Qt::AlignCenter);
+  sentence_.setAutoFillBackground(true);
+  sentence_.setPalette(QPalette(QColor(176, 186, 192)));
   hide();
 }
 
@@ -43,18 +46,27 @@ void Veil::cover(const QString& reason) {
   setVisible(!reason.isEmpty());
   if (reason.isEmpty()) return;
   raise();
+  placeSentence();
   QAccessibleEvent spoken(&sentence_, QAccessible::Alert);
   QAccessible::updateAccessibility(&spoken);
 }
 
 void Veil::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), QColor(176, 186, 192, 240));
+  painter.fillRect(rect(), QColor(176, 186, 192));  // nothing of what is beneath can be read
+  painter.fillRect(rect(), QBrush(QColor(164, 174, 180), Qt::BDiagPattern));
   painter.setPen(QPen(QColor(120, 130, 136), 1, Qt::DashLine));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-void Veil::resizeEvent(QResizeEvent*) { sentence_.setGeometry(rect().adjusted(margin, 2, -margin, -2)); }
+void Veil::resizeEvent(QResizeEvent*) { placeSentence(); }
+
+/// As high as its lines, in the middle.
+void Veil::placeSentence() {
+  const int wide = std::max(1, width() - 2 * margin);
+  const int high = std::min(height() - 2, sentence_.heightForWidth(wide) + margin);
+  sentence_.setGeometry(margin, (height() - high) / 2, wide, high);
+}
 
 Veils::Veils(platform::PlanGround& ground)
     : firstTrace_(over(ground, plan::firstTrace)),

@@ -19,6 +19,8 @@ class Veil : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void placeSentence();
+
   QLabel sentence_;
 };
 

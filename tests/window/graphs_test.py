@@ -31,13 +31,20 @@ def file_of(subject, blocks, notes, level):
     return content
 
 
+def setUpModule():
+    GraphsTest.desktop = unittest.enterModuleContext(driver.Desktop('1366x768'))
+
+
 class GraphsTest(unittest.TestCase):
+    desktop = None
+
     def setUp(self):
-        self.desktop = self.enterContext(driver.Desktop('1366x768'))
+        self.desktop.move_to_new_home()
         self.folder = os.path.join(self.desktop.data, 'drive_c/QUARVEL5/DATAFILE')
 
     def start(self):
         self.program = self.desktop.start_program([driver.KORVINEL])
+        self.addCleanup(self.desktop.end, self.program.process)
         driver.wait(lambda: self.described('Titolo della striscia del tempo'), what='the captions')
         return self.program
 
@@ -77,7 +84,8 @@ class GraphsTest(unittest.TestCase):
     # An examination
 
     def test_the_sites_of_each_graph_during_an_examination_and_its_notes(self):
-        self.desktop.start_instrument(driver.INSTRUMENT, 1, '--model', 'eyes-closed', '--seed', '1')
+        instrument = self.desktop.start_instrument(driver.INSTRUMENT, 1, '--model', 'eyes-closed', '--seed', '1')
+        self.addCleanup(self.desktop.end, instrument)
         program = self.start()
         first = ['F1', 'F2', 'F1', 'F2', 'F1-F2', 'F1', 'F2', 'Sincronia F1-F2']
         second = ['T5', 'T6', 'T5', 'T6', 'T5-T6', 'T5', 'T6', 'Sincronia T5-T6']
