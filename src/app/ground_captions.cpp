@@ -1,5 +1,7 @@
 #include "app/ground_captions.h"
 
+#include <QHBoxLayout>
+
 #include "display/window_geometry.h"
 #include "platform/qt/qt_text.h"
 
@@ -15,7 +17,7 @@ constexpr int stripMargin = 7;  // half a number above the strip and below it
 constexpr platform::Rect leftSpectrumName{527, 252, 17, 24}, rightSpectrumName{545, 252, 17, 24};
 constexpr platform::Rect coherenceName{826, 265, 44, 16};
 constexpr platform::Rect firstNumbersName{868, 10, 14, 18}, secondNumbersName{868, 133, 14, 18};
-constexpr platform::Rect stripTitle{62, 540, 180, 14}, examinationName{262, 540, 440, 14};
+constexpr platform::Rect titleRow{62, 540, 640, 14};  ///< above the strip
 
 constexpr auto traceHelp =
     "Sito del tracciato e scala in microvolt. La scala è quella dello strumento, prima della calibrazione: "
@@ -65,9 +67,15 @@ void GroundCaptions::addNames() {
 
 void GroundCaptions::addStrip() {
   constexpr double letters = 12;
-  strip_ = caption(stripTitle, "Titolo della striscia del tempo", stripHelp, {letters, true});
+  auto* row = new QWidget(&ground_);
+  ground_.put(row, titleRow);
+  strip_ = new GroundCaption(row, "Titolo della striscia del tempo", stripHelp, {letters, true});
   examination_ =
-      caption(examinationName, "Esame mostrato", examinationHelp, {letters, false, Qt::AlignRight | Qt::AlignVCenter});
+      new GroundCaption(row, "Esame mostrato", examinationHelp, {letters, false, Qt::AlignRight | Qt::AlignVCenter});
+  auto* inRow = new QHBoxLayout(row);
+  inRow->setContentsMargins(0, 0, 0, 0);
+  inRow->addWidget(strip_, 1);
+  inRow->addWidget(examination_, 2);
   const platform::Rect& strip = plan::timeStrip;
   auto* scale =
       new GroundScale(&ground_, guidance::stripScale, {stripUnits, static_cast<double>(strip.height), stripMargin},

@@ -1,6 +1,7 @@
 #include "app/notes_guidance.h"
 
 #include <QSignalBlocker>
+#include <QVBoxLayout>
 
 #include "display/window_geometry.h"
 #include "frame/main_state.h"
@@ -33,11 +34,16 @@ NotesGuidance::NotesGuidance(MainState& state, platform::PlanGround& ground)
     : state_(state),
       ground_(ground),
       panel_(new NotesPanel(&ground)),
-      button_(new QPushButton(&ground)),
+      button_(new QPushButton),
       marks_(new StripMarks(&ground, stripOn(ground))) {
+  auto* frame = new QWidget(&ground_);
+  auto* inFrame = new QVBoxLayout(frame);
+  inFrame->setContentsMargins(0, 0, 0, 0);
+  inFrame->addWidget(button_);
+  button_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
   ground_.put(marks_, geometry::timeStrip);
   ground_.put(panel_, wholePlace);
-  ground_.put(button_, buttonPlace);
+  ground_.put(frame, buttonPlace);
   button_->setObjectName("Mostra le note");
   button_->setAccessibleDescription("Mostra le note");
   button_->setText("Note");
