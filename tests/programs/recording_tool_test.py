@@ -180,6 +180,7 @@ class Outputs(ToolTest):
                 self.assertIn('=%g' % (value / 10000), text)
         self.assertIn('Nome: Bianchi Anna', text)
         self.assertIn('117s', text)
+        self.assertIn('Rapporto di', text)  # which file and interval
 
     def test_the_page_has_the_maxima_unless_the_means_are_asked_for(self):
         for option, rows in (([], 'max'), (['--max'], 'max'), (['--mean'], 'mean')):

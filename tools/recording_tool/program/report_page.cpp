@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "guidance/report_standing.h"
 #include "platform/page/page_writer.h"
 #include "recording_tool/analysis_output.h"
 #include "recording_tool/messages.h"
@@ -16,6 +17,7 @@ namespace korvinel::tool {
 namespace {
 
 using platform::PageFormat;
+using platform::Rect;
 
 std::optional<PageFormat> formatOf(const std::string& output) {
   const std::string ending = upperCase(utf8Of(pathOf(output).extension()));
@@ -36,7 +38,23 @@ struct Labels {
   platform::Surface choice{"Valori", 303, 26, 18, platform::Colour::windowBackground};
 };
 
-platform::Page pageOf(const Workbench& bench, const Labels& labels) {
+/// What the report stands for, beside it, and the cover over a report that could not be calculated.
+struct Standing {
+  explicit Standing(const Workbench& bench)
+      : of(guidance::reportStanding(guidance::reportOrigin(bench.shared), bench.report, bench.state)) {
+    beside.keepTextsInPlace();
+    beside.printAt(0, 0, platform::Colour::black, of.line);
+    const std::string& warning = of.missing.empty() ? of.doubtful : of.missing;
+    if (!warning.empty()) beside.printAt(0, 3 * beside.lineHeight(), platform::Colour::red, warning);
+    cover.keepTextsInPlace();
+    if (!of.missing.empty()) cover.printAt(60, 370, platform::Colour::black, of.missing);
+  }
+  guidance::ReportStanding of;
+  platform::Surface beside{"Che cosa riguarda", 303, 106, 18, platform::Colour::windowBackground};
+  platform::Surface cover{"Perché è coperto", 854, 763, 22, platform::Colour::lightGrey};
+};
+
+platform::Page pageOf(const Workbench& bench, const Labels& labels, const Standing& standing) {
   const ReportWindow& window = bench.reportWindow;
   const auto& places = report_geometry::panels;
   const auto& last = report_geometry::intervalLabel;
@@ -46,6 +64,11 @@ platform::Page pageOf(const Workbench& bench, const Labels& labels) {
   for (std::size_t i = 0; i < places.size(); ++i) page.placed.push_back({panels[i], places[i]});
   page.placed.push_back({&labels.interval, last});
   page.placed.push_back({&labels.choice, {last.x, last.y - last.height, last.width, last.height}});
+  page.placed.push_back({&standing.beside, {last.x, 510, last.width, 106}});
+  const Rect& first = places.front();
+  const Rect& end = places.back();
+  if (!standing.of.missing.empty())
+    page.placed.push_back({&standing.cover, {first.x, first.y, end.right() - first.x, end.bottom() - first.y}});
   return page;
 }
 
@@ -69,8 +92,9 @@ void writeReport(const Workbench& bench, const std::string& recording, const std
   requirePageEnding(output);
   requireWritable(output, recording, force);
   const Labels labels(bench.reportWindow);
+  const Standing standing(bench);
   try {
-    writeWhole(output, platform::pageBytes(pageOf(bench, labels), *formatOf(output)), force);
+    writeWhole(output, platform::pageBytes(pageOf(bench, labels, standing), *formatOf(output)), force);
   } catch (const platform::PageFault& fault) {
     throw ToolError(output, "cannot be drawn: " + whyNotDrawn(fault));
   }
