@@ -14,6 +14,7 @@
 #include <cmath>
 
 #include "platform/qt/file_list_access.h"
+#include "platform/qt/place_on_disk.h"
 #include "platform/qt/qt_text.h"
 
 namespace korvinel::platform {
@@ -98,6 +99,7 @@ void QtDialogs::notice(const std::string& text) {
   QMessageBox box;
   prepare(box, text, "Korvinel");
   box.setIcon(QMessageBox::Information);
+  addPlacesOnDisk(box, paths_);
   show(box);
 }
 
@@ -107,6 +109,7 @@ Choice QtDialogs::ask(const std::string& text, const std::string& title) {
   box.setIcon(QMessageBox::Question);
   QAbstractButton* cancel = box.addButton("Cancel", QMessageBox::RejectRole);
   box.setEscapeButton(cancel);
+  addPlacesOnDisk(box, paths_);
   show(box);
   // A box closed without a button counts as Cancel.
   return box.buttonRole(box.clickedButton()) == QMessageBox::AcceptRole ? Choice::ok : Choice::cancel;

@@ -15,7 +15,9 @@
 #include <stdexcept>
 
 #include "platform/qt/focus_ring.h"
+#include "platform/qt/ghost_text.h"
 #include "platform/qt/new_file.h"
+#include "platform/qt/recorded_text.h"
 
 namespace korvinel::platform {
 namespace {
@@ -45,10 +47,12 @@ QWidget* windowOnTop() {
   return top;
 }
 
-/// A page shows no focus.
-void showFocusRings(const QWidget& window, bool shown) {
-  for (QWidget* child : window.findChildren<QWidget*>())
+/// A page shows neither the focus nor a suggestion.
+void showAidsOfTheKeyboard(const QWidget& window, bool shown) {
+  for (QWidget* child : window.findChildren<QWidget*>()) {
     if (auto* ring = dynamic_cast<FocusRing*>(child)) ring->setShown(shown);
+    if (auto* ghost = dynamic_cast<GhostText*>(child)) ghost->setShown(shown);
+  }
 }
 
 /// The window with letters and lines at the resolution of paper.
@@ -62,14 +66,22 @@ QImage paintedForPaper(QWidget& window) {
 }
 
 /// `place`: millimetres from the page's corner; the device paints from there.
-void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place) {
+void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place, const WindowTexts& under = {}) {
   constexpr double millimetresPerInch = 25.4;
   picture.setDevicePixelRatio(1);
   const double dots = page.logicalDpiX() / millimetresPerInch;
   QPainter painter;
   if (!painter.begin(&page)) throw NotPrinted("La pagina non si può cominciare.");
   painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::LosslessImageRendering);
-  painter.drawImage(QRectF(place.x() * dots, place.y() * dots, place.width() * dots, place.height() * dots), picture);
+  const QRectF area(place.x() * dots, place.y() * dots, place.width() * dots, place.height() * dots);
+  if (!under.texts.empty()) {
+    painter.save();
+    painter.translate(area.topLeft());
+    painter.scale(area.width() / under.window.width(), area.height() / under.window.height());
+    paintForSearching(painter, under.texts);
+    painter.restore();
+  }
+  painter.drawImage(area, picture);
   if (!painter.end()) throw NotPrinted("La stampante non ha preso la pagina.");
 }
 
@@ -81,14 +93,14 @@ void printPicture(const QImage& picture, const QRectF& place) {
   if (printer.printerState() == QPrinter::Error) throw NotPrinted("La stampante non ha preso la pagina.");
 }
 
-QByteArray pdfOf(const QImage& picture, const QRectF& place) {
+QByteArray pdfOf(const QImage& picture, const QRectF& place, const WindowTexts& texts) {
   QBuffer file;
   file.open(QIODevice::WriteOnly);
   QPdfWriter writer(&file);
   writer.setTitle("Korvinel");
   writer.setPageSize(QPageSize(QPageSize::A4));
   writer.setPageMargins({});
-  paintPicture(writer, picture, place);
+  paintPicture(writer, picture, place, texts);
   return file.data();
 }
 
@@ -118,10 +130,11 @@ QWidget* QtScreenPrinter::windowToPrint() const {
 void QtScreenPrinter::pressPrintScreen(int) {
   QWidget* window = windowToPrint();
   if (window == nullptr) return;
-  showFocusRings(*window, false);
+  showAidsOfTheKeyboard(*window, false);
   captured_ = window->grab().toImage();
   sharp_ = paintedForPaper(*window);
-  showFocusRings(*window, true);
+  texts_ = {textsOf(*window), window->size()};
+  showAidsOfTheKeyboard(*window, true);
   QApplication::clipboard()->setImage(captured_);
 }
 
@@ -144,8 +157,10 @@ std::string QtScreenPrinter::print(const QRectF& millimetres) {
 
 std::string QtScreenPrinter::printIntoFile(const QImage& picture, const QRectF& millimetres) const {
   std::string file = nextPdf();
+  const bool isOurCapture = !sharp_.isNull() && picture == sharp_;
+  const QByteArray pdf = pdfOf(picture, millimetres, isOurCapture ? texts_ : WindowTexts{});
   constexpr qint64 roomForRecordings = 10'000'000;  // about ten examinations
-  switch (writeNewFile(QString::fromStdString(paths_.toHost(file)), pdfOf(picture, millimetres), roomForRecordings)) {
+  switch (writeNewFile(QString::fromStdString(paths_.toHost(file)), pdf, roomForRecordings)) {
     case NewFile::written: return file;
     case NewFile::noRoom: throw NotPrinted("Lo spazio su disco è poco e serve alle registrazioni:\r" + file);
     case NewFile::failed: break;

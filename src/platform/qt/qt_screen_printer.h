@@ -8,6 +8,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/path_notation.h"
+#include "platform/qt/recorded_text.h"
 #include "platform/screen_printer.h"
 
 namespace korvinel::platform {
@@ -41,6 +42,7 @@ class QtScreenPrinter : public ScreenPrinter {
   QObject watch_;                 ///< ends the observation with this object
   QImage captured_;               ///< the clipboard's content after the last capture
   QImage sharp_;                  ///< the same window at the same moment, painted for paper
+  WindowTexts texts_;             ///< its texts at that moment
 };
 
 }  // namespace korvinel::platform

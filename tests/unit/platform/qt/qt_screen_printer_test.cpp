@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QLabel>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -84,6 +86,41 @@ TEST_F(QtScreenPrinterTest, APageIsNamedAfterTheDataFile) {
     printer.printClipboard(10, 3, 190, 145);
     EXPECT_THAT(dialogs.shown.back().text, testing::HasSubstr("C:\\QUARVEL5\\DATAFILE\\" + std::string(stem)));
   }
+}
+
+/// The texts of a page, as a viewer finds them.
+QString textOf(const QString& pdf) {
+  QProcess reader;
+  reader.start("pdftotext", {pdf, "-"});
+  return reader.waitForFinished() ? QString::fromUtf8(reader.readAllStandardOutput()) : QString();
+}
+
+TEST_F(QtScreenPrinterTest, ThePagesTextCanBeFound) {
+  QWidget window;
+  QLabel label("Esame di Niccolò", &window);
+  window.resize(300, 200);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  printer.emptyClipboard();
+  printer.pressPrintScreen(1);
+  printer.printClipboard(10, 3, 190, 145);
+  ASSERT_EQ(pdfs().size(), 1);
+  EXPECT_THAT(textOf(folder.filePath(pdfs().constFirst())).toStdString(), testing::HasSubstr("Esame di Niccolò"));
+  EXPECT_EQ(picturesIn(pdfs().constFirst()).size(), 1) << "which still covers it";
+}
+
+TEST_F(QtScreenPrinterTest, AnotherProgramsPictureHasNoTextOfOurs) {
+  QWidget window;
+  const QLabel label("Esame", &window);
+  window.resize(300, 200);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  printer.pressPrintScreen(1);
+  QApplication::clipboard()->setImage(QImage(10, 8, QImage::Format_RGB32));
+  printer.printClipboard(10, 3, 190, 145);
+  EXPECT_EQ(textOf(folder.filePath(pdfs().constFirst())).trimmed(), "");
 }
 
 TEST_F(QtScreenPrinterTest, AnEmptyClipboardIsToldAndNothingIsPrinted) {
