@@ -6,6 +6,7 @@
 #include "app/main_window_view.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
+#include "guidance/settings_file.h"
 #include "guidance/status.h"
 #include "platform/colour.h"
 #include "platform/operation_edge.h"
@@ -30,17 +31,21 @@ QWidget* newBar(QWidget* parent) {
 }  // namespace
 
 Guidance::Guidance(MainState& state, platform::OperationEdge& edge, MainWindowView& window,
-                   std::function<std::string(int)> serialDevice)
+                   std::function<std::string(int)> serialDevice, guidance::SettingsFile& settings)
     : state_(state),
       serialDevice_(std::move(serialDevice)),
       bar_(newBar(&window)),
       inBar_(new QHBoxLayout(bar_)),
       statusLine_(new StatusLine(bar_)),
       lamps_(new LampRow(bar_)),
-      graphs_(state, window.ground()) {
+      graphs_(state, window.ground()),
+      settings_(settings),
+      interrupted_(state, &window, [this] { refresh(); }),
+      names_(state, window) {
   inBar_->setContentsMargins(10, 0, 10, 6);
   inBar_->addWidget(statusLine_, 1);
   inBar_->addWidget(lamps_);
+  window.addBelow(interrupted_.view());
   window.addBelow(bar_);
   watchCommands();
   beat_.setInterval(beatMs);
@@ -84,10 +89,23 @@ void Guidance::tellRefusal(guidance::Command command) {
 
 guidance::Status Guidance::status() const {
   if (!refusal_.empty()) return {guidance::Tone::warning, refusal_, refusal_};
-  return guidance::statusOf(state_, {serialDevice_(state_.serialPort)});
+  return withReminders(guidance::statusOf(state_, {serialDevice_(state_.serialPort)}));
+}
+
+/// What should not be forgotten, while nothing else is going on.
+guidance::Status Guidance::withReminders(guidance::Status status) const {
+  if (status.tone != guidance::Tone::calm) return status;
+  for (const std::string& reminder : {settings_.notice(), interrupted_.reminder()}) {
+    if (reminder.empty()) continue;
+    status.text += " · " + reminder;
+    status.spoken += " · " + reminder;
+  }
+  return status;
 }
 
 void Guidance::refresh() {
+  interrupted_.refresh();
+  names_.refresh();
   statusLine_->show(status());
   signalHistory_.follow(state_);
   lamps_->display(signalHistory_);

@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "app/graph_guidance.h"
+#include "app/interrupted_examinations.h"
 #include "app/lamp_row.h"
+#include "app/name_suggestions.h"
 #include "app/status_line.h"
 #include "guidance/refusal.h"
 #include "guidance/signal_history.h"
@@ -17,6 +19,9 @@ namespace korvinel {
 
 class MainWindowView;
 struct MainState;
+namespace guidance {
+class SettingsFile;
+}
 namespace platform {
 class Button;
 class OperationEdge;
@@ -28,7 +33,7 @@ class Guidance {
  public:
   /// `serialDevice`: the device of a port number on this machine. All arguments must outlive it.
   Guidance(MainState& state, platform::OperationEdge& edge, MainWindowView& window,
-           std::function<std::string(int portNumber)> serialDevice);
+           std::function<std::string(int portNumber)> serialDevice, guidance::SettingsFile& settings);
 
   void refresh();  ///< shows the record as it is now
   /// Lets other windows follow the record too: called with each refresh.
@@ -39,6 +44,7 @@ class Guidance {
   void watch(platform::Button& button, guidance::Command command);
   void tellRefusal(guidance::Command command);
   [[nodiscard]] guidance::Status status() const;
+  [[nodiscard]] guidance::Status withReminders(guidance::Status status) const;
 
   MainState& state_;
   std::function<std::string(int)> serialDevice_;
@@ -49,6 +55,9 @@ class Guidance {
   guidance::SignalHistory signalHistory_;
   GraphGuidance graphs_;
   std::function<void()> follower_;
+  guidance::SettingsFile& settings_;
+  InterruptedExaminations interrupted_;
+  NameSuggestions names_;
   QTimer beat_;          ///< runs only while something is under way
   QTimer refusalShown_;  ///< runs while `refusal_` is shown
   std::string refusal_;

@@ -9,6 +9,7 @@
 
 #include "app/head_picture.h"
 #include "app/main_window_help.h"
+#include "app/window_places.h"
 #include "platform/qt/control_views.h"
 #include "platform/qt/pointer_surface_view.h"
 #include "platform/qt/qt_text.h"
@@ -24,7 +25,7 @@ using platform::ButtonView;
 using platform::LabelView;
 using platform::SurfaceView;
 
-constexpr QSize smallestClient(900, 600);
+constexpr QSize smallestClient(640, 400);
 constexpr double letterHeight = 13;  // of the plan
 
 /// "Down" and "page down" go forward through the blocks, as on the time strip; the toolkit's slider would go back.
@@ -155,9 +156,9 @@ void MainWindowView::addLabels(MainWindow& model) {
 
 void MainWindowView::addBelow(QWidget* bar) { column_->addWidget(bar); }
 
-void MainWindowView::showFitting() {
+void MainWindowView::showFitting(const std::optional<guidance::WindowPlace>& remembered) {
   const int below = column_->sizeHint().height() - std::max(ground_->sizeHint().height(), 0);
-  platform::showFitting(*this, {geometry::width, geometry::height + below});
+  showWhereItWas(*this, remembered, {geometry::width, geometry::height + below});
 }
 
 void MainWindowView::closeEvent(QCloseEvent* event) { event->setAccepted(mayClose_()); }

@@ -2,9 +2,11 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <optional>
 
 #include "display/window_geometry.h"
 #include "frame/main_window.h"
+#include "guidance/settings.h"
 #include "platform/qt/help.h"
 #include "platform/qt/plan_ground.h"
 
@@ -21,7 +23,8 @@ class MainWindowView : public QMainWindow {
 
   void addBelow(QWidget* bar);                         ///< under the plan, over the whole width
   platform::PlanGround& ground() { return *ground_; }  ///< holds everything of the plan
-  void showFitting();  ///< at the plan's own size, or filling a screen that is too small for it
+  /// Where it was last; else at the plan's own size, or filling a screen that is too small for it.
+  void showFitting(const std::optional<guidance::WindowPlace>& remembered = {});
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "app/window_places.h"
 #include "frame/fault_sentence.h"
 #include "platform/disk/installation.h"
 #include "platform/host_paths.h"
@@ -27,9 +28,10 @@ Program::Program(std::string dataFolder)
   edge_.onFault = [this](const std::exception& fault) { tell(fault); };
   edge_.onEnd = [this] { end(); };
   tieControls(state_, edge_);
-  guidance_.emplace(state_, edge_, view_, [this](int port) { return platform::serialDevice(dataFolder_, port); });
+  guidance_.emplace(
+      state_, edge_, view_, [this](int port) { return platform::serialDevice(dataFolder_, port); }, settings_);
   guidance_->follow([this] { windows_.showStanding(state_); });
-  windows_.attach(view_, platform_);
+  windows_.attach(view_, platform_, settings_.settings);
 }
 
 void Program::startUp() {
@@ -39,8 +41,10 @@ void Program::startUp() {
 }
 
 int Program::run() {
-  view_.showFitting();
-  return QApplication::exec();
+  view_.showFitting(settings_.settings.mainWindow);
+  const int code = QApplication::exec();
+  settings_.save();
+  return code;
 }
 
 /// An acquisition under way ends first, by its next turn.
@@ -52,6 +56,7 @@ bool Program::mayClose() {
 /// Leaves every event loop, including those of open dialogs; the operations waiting in them unwind.
 void Program::end() {
   if (!displayIsThere_) return;
+  settings_.settings.mainWindow = placeOf(view_);
   windows_.hideAll();
   view_.hide();
   QApplication::exit(0);

@@ -10,6 +10,8 @@
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/program_values.h"
+#include "guidance/settings_file.h"
+#include "platform/host_paths.h"
 #include "platform/operation_edge.h"
 #include "platform/path_notation.h"
 #include "platform/platform.h"
@@ -53,6 +55,7 @@ class Program {
   MainWindow window_;
   MainState state_{window_, shared_, platform_};
   MainWindowView view_;
+  guidance::SettingsFile settings_{platform::userSettingsFolder()};
   std::optional<Guidance> guidance_;
   bool displayIsThere_ = true;
   platform::EndSignals signals_;

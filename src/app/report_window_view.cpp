@@ -5,6 +5,7 @@
 #include <QSlider>
 
 #include "app/report_window_help.h"
+#include "app/window_places.h"
 #include "platform/qt/control_views.h"
 #include "platform/qt/qt_text.h"
 #include "report/report_geometry.h"
@@ -15,7 +16,7 @@ namespace {
 namespace help = report_window_help;
 namespace plan = report_geometry;
 
-constexpr QSize smallestClient(900, 620);
+constexpr QSize smallestClient(640, 400);
 constexpr double letterHeight = 16;  // of the plan
 constexpr int twipsPerPixel = 15;    // twentieths of a point, 96 dots an inch
 constexpr QSize openingClient(15360 / twipsPerPixel, 11000 / twipsPerPixel);
@@ -127,7 +128,9 @@ void ReportWindowView::showStanding(const guidance::ReportStanding& standing) {
   veil_->cover(platform::toQt(standing.missing));
 }
 
-void ReportWindowView::showFitting() { platform::showFitting(*this, openingClient); }
+void ReportWindowView::showFitting(const std::optional<guidance::WindowPlace>& remembered) {
+  showWhereItWas(*this, remembered, openingClient);
+}
 
 void ReportWindowView::closeEvent(QCloseEvent* event) {
   event->accept();

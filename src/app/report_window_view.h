@@ -3,9 +3,11 @@
 #include <QFrame>
 #include <QMainWindow>
 #include <functional>
+#include <optional>
 
 #include "app/veils.h"
 #include "guidance/report_standing.h"
+#include "guidance/settings.h"
 #include "platform/qt/help.h"
 #include "platform/qt/plan_ground.h"
 #include "report/report_window.h"
@@ -22,7 +24,8 @@ class ReportWindowView : public QMainWindow {
   /// Writes beside the report what it stands for, and covers its graphs if it could not be calculated.
   void showStanding(const guidance::ReportStanding& standing);
 
-  void showFitting();  ///< at 1024 x 733 pixels, or filling a screen that is too small for it
+  /// Where it was last; else at 1024 x 733 pixels, or filling a screen that is too small for it.
+  void showFitting(const std::optional<guidance::WindowPlace>& remembered = {});
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -4,6 +4,7 @@
 
 #include "app/comment_window_view.h"
 #include "app/report_window_view.h"
+#include "app/window_places.h"
 #include "report/report_state.h"
 #include "report/report_window.h"
 #include "wiring/report_wiring.h"
@@ -42,7 +43,8 @@ ReportWindows::ReportWindows(ProgramValues& shared, platform::OperationEdge& edg
 
 ReportWindows::~ReportWindows() = default;
 
-void ReportWindows::attach(QWidget& main, platform::Platform& host) {
+void ReportWindows::attach(QWidget& main, platform::Platform& host, guidance::Settings& settings) {
+  settings_ = &settings;
   main_ = &main;
   host_ = &host;
 }
@@ -53,7 +55,7 @@ void ReportWindows::showReport() {
   tieReport(open_->state, edge_);
   open_->view = new ReportWindowView(open_->window, main_, [this] { reportClosed(); });
   open_->origin = guidance::reportOrigin(shared_);
-  open_->view->showFitting();
+  open_->view->showFitting(settings_->reportWindow);
   runReport(open_->state, edge_, &ReportState::loadReport);
 }
 
@@ -63,6 +65,7 @@ void ReportWindows::closeReport() {
 
 void ReportWindows::reportClosed() {
   if (!open_) return;
+  settings_->reportWindow = placeOf(*open_->view);
   closed_.push_back(std::move(open_));
   Report& report = *closed_.back();
   delete report.commentView;
@@ -99,6 +102,7 @@ void ReportWindows::showMain() { bringForward(*main_); }
 
 void ReportWindows::hideAll() {
   if (!open_) return;
+  settings_->reportWindow = placeOf(*open_->view);
   delete open_->commentView;
   open_->view->hide();
 }

@@ -13,6 +13,9 @@
 namespace korvinel {
 
 struct MainState;
+namespace guidance {
+struct Settings;
+}
 
 /// The report window with its comment window, on the screen. There is one report at a time.
 class ReportWindows : public platform::CompanionWindows {
@@ -20,9 +23,9 @@ class ReportWindows : public platform::CompanionWindows {
   ReportWindows(ProgramValues& shared, platform::OperationEdge& edge);
   ~ReportWindows() override;
 
-  /// To be called before anything is shown. `main`: the main window, which owns the others. All arguments must outlive
-  /// this.
-  void attach(QWidget& main, platform::Platform& host);
+  /// To be called before anything is shown. `main`: the main window, which owns the others. `settings`: remembers where
+  /// the report was. All arguments must outlive this.
+  void attach(QWidget& main, platform::Platform& host, guidance::Settings& settings);
 
   void showReport() override;
   void closeReport() override;
@@ -43,6 +46,7 @@ class ReportWindows : public platform::CompanionWindows {
   platform::OperationEdge& edge_;
   QWidget* main_ = nullptr;
   platform::Platform* host_ = nullptr;
+  guidance::Settings* settings_ = nullptr;
   std::unique_ptr<Report> open_;
   std::vector<std::unique_ptr<Report>> closed_;  ///< whose operations may still be under way
   QTimer forgetting_;

@@ -1,44 +1,22 @@
 #include "guidance/interrupted_advice.h"
 
-#include <algorithm>
-
-#include "eeg/block.h"
 #include "frame/fault_text.h"
+#include "guidance/wording.h"
 
 namespace korvinel::guidance {
-namespace {
-
-std::string notesText(int notes) {
-  if (notes == 0) return "nessuna nota";
-  return notes == 1 ? "1 nota" : std::to_string(notes) + " note";
-}
-
-std::string durationText(std::int64_t blocks) {
-  const std::int64_t seconds = blocks * eeg::secondsPerBlock;
-  const std::string rest = std::to_string(seconds % 60);
-  return std::to_string(seconds / 60) + ":" + (rest.size() == 1 ? "0" : "") + rest;
-}
-
-std::string oneLine(std::string text) {
-  std::replace(text.begin(), text.end(), '\r', ' ');
-  return text;
-}
-
-}  // namespace
-
 std::string interruptedText(const Interrupted& interrupted, int number, int count) {
   std::string text = "Esame interrotto";
   if (count > 1) text += " (" + std::to_string(number) + " di " + std::to_string(count) + ")";
-  text += ": " + interrupted.subject + ", " + interrupted.date + ", durata " + durationText(interrupted.blocks) + ", " +
-          notesText(interrupted.notes) + ".";
+  text += ": " + interrupted.subject + ", " + interrupted.date + ", durata " +
+          minutesOf(static_cast<int>(interrupted.blocks)) + ", " + notes(interrupted.notes) + ".";
   return text + (interrupted.notesAreDamaged ? " Una parte delle note non si legge." : "");
 }
 
 std::string recoveryText(const Recovery& recovery) {
   switch (recovery.outcome) {
     case RecoveryOutcome::recovered:
-      return "Recuperato: " + recovery.fileName + ", durata " + durationText(recovery.blocks) + ", " +
-             notesText(recovery.notes) + ".";
+      return "Recuperato: " + recovery.fileName + ", durata " + minutesOf(static_cast<int>(recovery.blocks)) + ", " +
+             notes(recovery.notes) + ".";
     case RecoveryOutcome::folderInUse:
       return "Non recuperato: un altro programma registra in questa cartella. Riprovare alla fine del suo esame.";
     case RecoveryOutcome::notReservable: return "Non recuperato: la cartella dei dati non si può riservare.";

@@ -5,7 +5,6 @@
 import json
 import os
 import re
-import subprocess
 import sys
 import tempfile
 import unittest
@@ -83,18 +82,6 @@ class FileFormatTest(unittest.TestCase):
         subject, date, tag, notes, blocks = self.read(self.recording(header + self.v3(block)))
         self.assertEqual((subject, date, tag, notes), ('Rossi', '21/11/2026', 'V3', [(2, 'occhi aperti')]))
         self.assertEqual(blocks, [block])
-
-    def test_an_interrupted_recording_is_recovered_as_the_manual_says(self):
-        with open(os.path.join(SOURCE, 'docs/manuale/manuale.md'), encoding='utf-8') as file:
-            command = re.search(r'^    (\(printf .*)$', file.read(), re.M).group(1)
-        block = self.samples()
-        block[0][0] = 13  # a sample with the code of CR, not a line end
-        with open(os.path.join(self.folder.name, 'Tempor1 2026-11-21 10.15.00.XXX'), 'wb') as file:
-            file.write(b'"Rossi Anna","21/11/2026","4canali"\r\n' + self.v3(block) * 3)
-        subprocess.run(['bash', '-c', command], cwd=self.folder.name, check=True)
-        subject, date, tag, notes, blocks = self.read(os.path.join(self.folder.name, 'recuperata.QVD'))
-        self.assertEqual((subject, date, tag, notes), ('Rossi Anna', '21/11/2026', 'V3', [(1, 'Nota: ')]))
-        self.assertEqual(blocks, [block] * 3)
 
 
 if __name__ == '__main__':

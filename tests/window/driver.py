@@ -32,6 +32,7 @@ TOOLS = ('Xvfb', 'openbox', 'dbus-daemon', 'xdotool', 'xprop', 'import')
 
 OPENBOX_SETTINGS = '''<?xml version="1.0" encoding="UTF-8"?>
 <openbox_config xmlns="http://openbox.org/3.4/rc">%s</openbox_config>'''
+TASK_BAR = '<margins><bottom>%d</bottom></margins>'
 ALL_MAXIMISED = '<applications><application type="normal"><maximized>yes</maximized></application></applications>'
 
 
@@ -66,8 +67,8 @@ def end_process(process):
 class Desktop:
     """with Desktop() as desktop: a private screen, and an empty home for the programs started on it."""
 
-    def __init__(self, screen='1366x768', maximised=False):
-        self.screen, self.maximised, self.processes = screen, maximised, []
+    def __init__(self, screen='1366x768', maximised=False, task_bar=0):
+        self.screen, self.maximised, self.task_bar, self.processes = screen, maximised, task_bar, []
 
     def __enter__(self):
         missing = [tool for tool in TOOLS if shutil.which(tool) is None]
@@ -116,7 +117,7 @@ class Desktop:
     def _start_window_manager(self):
         settings = os.path.join(self.folder, 'openbox.xml')
         with open(settings, 'w', encoding='utf-8') as file:
-            file.write(OPENBOX_SETTINGS % (ALL_MAXIMISED if self.maximised else ''))
+            file.write(OPENBOX_SETTINGS % (TASK_BAR % self.task_bar + (ALL_MAXIMISED if self.maximised else '')))
         self.start(['openbox', '--config-file', settings])
 
         def managed():

@@ -39,7 +39,7 @@ void GhostText::setShown(bool shown) {
 }
 
 void GhostText::place(const QString& rest) {
-  constexpr int caret = 1;
+  constexpr int caret = 2;
   const QRect cursor = box_.inputMethodQuery(Qt::ImCursorRectangle).toRect();
   const int left = cursor.center().x() + caret;
   const int room = box_.width() - left - box_.textMargins().right();

@@ -6,6 +6,7 @@
 #include <ctime>
 
 #include "app/main_window_view.h"
+#include "guidance/settings_file.h"
 #include "headless_program.h"
 
 namespace korvinel {
@@ -23,7 +24,8 @@ struct GuidanceTest : testing::Test {
 
   HeadlessProgram program;
   MainWindowView view{program.window, [] { return true; }};
-  Guidance guidance{program.state, program.host.edge, view, [](int) { return "/dev/ttyS7"; }};
+  korvinel::guidance::SettingsFile settings{""};
+  Guidance guidance{program.state, program.host.edge, view, [](int) { return "/dev/ttyS7"; }, settings};
 };
 
 TEST_F(GuidanceTest, TheLineFollowsEveryOperation) {
