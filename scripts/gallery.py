@@ -1,4 +1,5 @@
-"""The pictures of the README and the manual, taken from the real program in a virtual display.
+"""The pictures of the README and the manual, taken from the real program in a virtual display. Those that the manual
+explains part by part carry numbered discs, large enough to be read in print.
 
     /usr/bin/python3 scripts/gallery.py BUILD_FOLDER [PICTURES_FOLDER]
 
@@ -20,8 +21,13 @@ import driver
 BUILD = os.path.abspath(sys.argv[1])
 PICTURES = os.path.abspath(sys.argv[2] if len(sys.argv) > 2 else os.path.join(SOURCE, 'docs/pictures'))
 INSTRUMENT = os.path.join(BUILD, 'tools/instrument/korvinel-instrument')
+# What the manual's first table explains, in its order.
+PARTS = ['Tracciato 1', 'Spettro sinistro', 'Coerenza', 'Valori numerici 1', 'Messaggi', ('Striscia del tempo', 0.5, 0.82),
+         ('Blocco iniziale', 0.5, 0.5), ('Intervallo e disturbo a 50 Hz', 0.94, 0.5), ('Start', 0.5, 1.02),
+         ('Stato del programma', 0.03, 0.5)]
 BLOCKS, SECONDS, FRAME, SAMPLES = 190, 2, 4, 256  # a block of signal is two seconds
 COLOURS = 48
+DISC = 13  # pixels from its centre to its rim
 
 
 def samples_of_instrument(folder, blocks):
@@ -59,15 +65,41 @@ def write_recording(path, stream, blocks):
                 file.write(b'-\r\n')
 
 
-def take(program, name, window=None):
-    """Saves the program's window, or one of its dialogs, as NAME.png with few colours."""
+def take(program, name, window=None, numbered=()):
+    """Saves the program's window, or one of its parts, as NAME.png with few colours; each object of `numbered`, by its
+    name, gets a disc with its number, the first 1. Of (name, x, y) the disc lies at these fractions of the object."""
     time.sleep(0.4)
     path = os.path.join(PICTURES, name + '.png')
-    place = program.atspi.Component.get_extents(window or main_window(program), program.atspi.CoordType.SCREEN)
-    area = '%dx%d+%d+%d' % (place.width, place.height, max(place.x, 0), max(place.y, 0))
-    subprocess.run(['import', '-window', 'root', '-crop', area, '+repage', '-dither', 'None', '-colors', str(COLOURS),
-                    '-strip', '-define', 'png:compression-level=9', 'png8:' + path], check=True)
+    place = extents(program, window or main_window(program))
+    left, top = max(place.x, 0), max(place.y, 0)
+    area = '%dx%d+%d+%d' % (place.width, place.height, left, top)
+    discs = [argument for number, each in enumerate(numbered, 1)
+             for argument in disc(number, *spot(program, each, left, top))]
+    picture = subprocess.run(['import', '-window', 'root', '-crop', area, '+repage', 'png:-'], check=True, capture_output=True).stdout
+    subprocess.run(['/usr/bin/convert', 'png:-', *discs, '-dither', 'None', '-colors', str(COLOURS), '-strip', '-define',
+                    'png:compression-level=9', 'png8:' + path], input=picture, check=True)
     print(path, os.path.getsize(path), flush=True)
+
+
+def extents(program, found):
+    return program.atspi.Component.get_extents(found, program.atspi.CoordType.SCREEN)
+
+
+def spot(program, marked, left, top):
+    """Where a disc is drawn: by default near the object's upper right corner."""
+    name, x, y = marked if isinstance(marked, tuple) else (marked, None, None)
+    place = extents(program, program.find(name))
+    if x is None:
+        return place.x + place.width - DISC - 2 - left, place.y + DISC + 2 - top
+    return place.x + round(x * place.width) - left, place.y + round(y * place.height) - top
+
+
+def disc(number, x, y):
+    """The drawing of a white number on dark red with a white rim, legible on any ground, in grey print too."""
+    rim = 'circle %d,%d %d,%d' % (x, y, x, y + DISC)
+    return ['-fill', '#b71c1c', '-stroke', 'white', '-strokewidth', '2', '-draw', rim, '-fill', 'white', '-stroke', 'none',
+            '-font', 'DejaVu-Sans-Bold', '-pointsize', '16', '-gravity', 'NorthWest',
+            '-draw', "text %d,%d '%d'" % (x - (5 if number < 10 else 10), y - 9, number)]
 
 
 def main_window(program):
@@ -83,6 +115,8 @@ def reach(program, block, timeout):
 
 
 def live_pictures(program):
+    take(program, 'first-page')
+    program.press('Ho capito')
     take(program, 'start')
     program.type('Nome del file', 'esame-rossi')
     program.type('Nome del soggetto', 'Rossi Anna')
@@ -98,7 +132,7 @@ def live_pictures(program):
     program.click('Nota')
     driver.keys('Return')
     reach(program, 14, 60)
-    take(program, 'main-window')
+    take(program, 'main-window', numbered=PARTS)
     program.press('Artefatti')
     driver.wait(program.boxes, what='the question')
     take(program, 'threshold', program.boxes()[-1])

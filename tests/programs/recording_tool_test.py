@@ -45,6 +45,10 @@ class ToolTest(unittest.TestCase):
         self.assertEqual(done.returncode, expect, done.stderr)
         return done
 
+    def run_line(self, line, environment):
+        subprocess.run(['bash', '-c', 'set -o pipefail; ' + line], cwd=self.folder, env=environment, check=True, timeout=120,
+                       capture_output=True)
+
     def shelf(self, count):
         os.makedirs(self.path('shelf'))
         for i in range(count):
@@ -105,6 +109,17 @@ class CommandLine(ToolTest):
         self.assertEqual(found[0]['subject'], 'Bianchi Anna')
         self.assertEqual(found[0]['blocks'], 40)
         self.assertEqual(found[0]['notes'][0], [3, 'inizio'])
+
+    def test_an_interrupted_recording_is_recovered_as_the_user_s_manual_says(self):
+        with open(os.path.join(HERE, '../../docs/manuale/manuale.md'), encoding='utf-8') as file:
+            command = re.search(r'^    (korvinel-recording recover .*)$', file.read(), re.M).group(1)
+        with open(golden('examination.QVD'), 'rb') as file:
+            blocks = file.read()[-3 * 1036:]
+        with open(self.path('Tempor1 2026-11-21 10.15.00.XXX'), 'wb') as file:
+            file.write(b'"Rossi Anna","21/11/2026","4canali"\r\n' + blocks)
+        self.run_line(command, self.environment)
+        found = json.loads(self.run_tool('info', '--json', 'recuperata.QVD').stdout)[0]
+        self.assertEqual((found['subject'], found['blocks']), ('Rossi Anna', 3))
 
     def test_what_is_read_is_never_replaced(self):
         os.makedirs(self.path('in'))
@@ -191,6 +206,13 @@ class Outputs(ToolTest):
                 self.assertIn('%s%g' % (label, report[rows + band][0] / 10000), page, option)
             self.assertNotIn('Delta=0', page)
 
+    def test_the_page_of_a_trial_says_so(self):
+        os.makedirs(self.path('korvinel-prova/korvinel'))
+        shutil.copy(golden('eeg.QVD'), self.path('korvinel-prova/korvinel/a.QVD'))
+        for recording, signed in (('korvinel-prova/korvinel/a.QVD', True), (golden('eeg.QVD'), False)):
+            self.run_tool('report', recording, '-o', 'a.svg', '--force')
+            self.assertEqual('PROVA: strumento simulato' in self.texts('a.svg'), signed)
+
     def texts(self, name):
         with open(self.path(name), encoding='utf-8') as file:
             return re.findall(r'>([^<]*)</text>', file.read())
@@ -273,10 +295,6 @@ class Batch(ToolTest):
         os.close(reading)
         self.assertIn(b'10/10', shown)
         self.assertIn(b'left', shown)
-
-    def run_line(self, line, environment):
-        subprocess.run(['bash', '-c', 'set -o pipefail; ' + line], cwd=self.folder, env=environment, check=True, timeout=120,
-                       capture_output=True)
 
     def test_gnu_parallel_spreads_the_work_as_the_manual_says(self):
         shelf = self.shelf(8)
