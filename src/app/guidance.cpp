@@ -103,6 +103,10 @@ guidance::Status Guidance::withReminders(guidance::Status status) const {
   return status;
 }
 
+void Guidance::addAtLeft(QWidget* widget) { inBar_->insertWidget(0, widget); }
+
+void Guidance::addAtRight(QWidget* widget) { inBar_->addWidget(widget); }
+
 void Guidance::refresh() {
   interrupted_.refresh();
   names_.refresh();
@@ -110,7 +114,7 @@ void Guidance::refresh() {
   signalHistory_.follow(state_);
   lamps_->display(signalHistory_);
   graphs_.refresh();
-  if (follower_) follower_();
+  for (const auto& follower : followers_) follower();
   const bool isUnderWay = state_.acquisitionPending() || state_.fileLoopRunning == 1 || state_.assembling == 1;
   if (isUnderWay == beat_.isActive()) return;
   isUnderWay ? beat_.start() : beat_.stop();

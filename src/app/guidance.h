@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "app/graph_guidance.h"
 #include "app/interrupted_examinations.h"
@@ -36,8 +37,10 @@ class Guidance {
            std::function<std::string(int portNumber)> serialDevice, guidance::SettingsFile& settings);
 
   void refresh();  ///< shows the record as it is now
-  /// Lets other windows follow the record too: called with each refresh.
-  void follow(std::function<void()> follower) { follower_ = std::move(follower); }
+  /// Lets others follow the record too: called with each refresh.
+  void follow(std::function<void()> follower) { followers_.push_back(std::move(follower)); }
+  void addAtLeft(QWidget* widget);
+  void addAtRight(QWidget* widget);
 
  private:
   void watchCommands();
@@ -54,10 +57,10 @@ class Guidance {
   LampRow* lamps_;
   guidance::SignalHistory signalHistory_;
   GraphGuidance graphs_;
-  std::function<void()> follower_;
   guidance::SettingsFile& settings_;
   InterruptedExaminations interrupted_;
   NameSuggestions names_;
+  std::vector<std::function<void()>> followers_;
   QTimer beat_;          ///< runs only while something is under way
   QTimer refusalShown_;  ///< runs while `refusal_` is shown
   std::string refusal_;

@@ -45,13 +45,13 @@ void drawSite(QPainter& painter, const QPointF& place, const QColor& colour, con
 
 }  // namespace
 
-void HeadPicture::paintEvent(QPaintEvent*) {
-  QPainter painter(this);
+void paintHead(QPainter& painter, const QRectF& place) {
+  painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(width() / 2.0, height() / 2.0);
-  const double scale = std::min(width(), height()) / extent;
+  painter.translate(place.center());
+  const double scale = std::min(place.width(), place.height()) / extent;
   painter.scale(scale, scale);
-  QFont letters = font();
+  QFont letters = painter.font();
   letters.setPixelSize(13);
   letters.setBold(true);
   painter.setFont(letters);
@@ -61,6 +61,12 @@ void HeadPicture::paintEvent(QPaintEvent*) {
   drawSite(painter, {24, -52}, frontal, "F2");
   drawSite(painter, {-48, 38}, temporal, "T5");
   drawSite(painter, {48, 38}, temporal, "T6");
+  painter.restore();
+}
+
+void HeadPicture::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  paintHead(painter, QRectF(rect()));
 }
 
 }  // namespace korvinel

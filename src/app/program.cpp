@@ -31,6 +31,7 @@ Program::Program(std::string dataFolder)
   guidance_.emplace(
       state_, edge_, view_, [this](int port) { return platform::serialDevice(dataFolder_, port); }, settings_);
   guidance_->follow([this] { windows_.showStanding(state_); });
+  aids_.emplace(state_, view_, *guidance_, settings_, wakefulness_, [this] { return isTrial(); });
   windows_.attach(view_, platform_, settings_.settings);
 }
 
@@ -42,6 +43,7 @@ void Program::startUp() {
 
 int Program::run() {
   view_.showFitting(settings_.settings.mainWindow);
+  aids_->start();
   const int code = QApplication::exec();
   settings_.save();
   return code;
@@ -68,6 +70,11 @@ void Program::endAtOnce() {
   if (!edge_.ended()) return edge_.run([this] { state_.endWithoutAsking(); });
   edge_.beforeEnd();
   if (displayIsThere_) QApplication::exit(0);
+}
+
+/// Also for a recording of the trial that the real program has opened.
+bool Program::isTrial() const {
+  return guidance::isOfTrial(dataFolder_) || guidance::isOfTrial(paths_.toHost(state_.openFilePath));
 }
 
 void Program::tell(const std::exception& fault) {

@@ -7,10 +7,12 @@
 #include "app/host_platform.h"
 #include "app/main_window_view.h"
 #include "app/report_windows.h"
+#include "app/room_aids.h"
 #include "frame/main_state.h"
 #include "frame/main_window.h"
 #include "frame/program_values.h"
 #include "guidance/settings_file.h"
+#include "guidance/trial.h"
 #include "platform/host_paths.h"
 #include "platform/operation_edge.h"
 #include "platform/path_notation.h"
@@ -36,6 +38,7 @@ class Program {
   void end();
   void endAtOnce();
   void tell(const std::exception& fault);
+  [[nodiscard]] bool isTrial() const;
 
   std::string dataFolder_;
   platform::PathNotation paths_;
@@ -47,7 +50,8 @@ class Program {
   platform::DiskFiles files_{dataFolder_};
   platform::SerialLine serialPort_;
   HostMachine machine_;
-  HostScreenPrinter screenPrinter_{dialogs_, paths_, [this] { return shared_.dataFileName; }};
+  HostScreenPrinter screenPrinter_{dialogs_, paths_, [this] { return shared_.dataFileName; },
+                                   [this] { return std::string(isTrial() ? guidance::trialNotice : ""); }};
   ProgramValues shared_;
   ReportWindows windows_{shared_, edge_};
   platform::Platform platform_{clock_, events_,     tickTimer_, pauseTimer_,    dialogs_,
@@ -56,7 +60,9 @@ class Program {
   MainState state_{window_, shared_, platform_};
   MainWindowView view_;
   guidance::SettingsFile settings_{platform::userSettingsFolder()};
+  HostWakefulness wakefulness_;
   std::optional<Guidance> guidance_;
+  std::optional<RoomAids> aids_;
   bool displayIsThere_ = true;
   platform::EndSignals signals_;
   platform::SuddenEnd suddenEnd_;

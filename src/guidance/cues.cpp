@@ -12,7 +12,9 @@ constexpr int enoughBlocks = 140;  // seven minutes, three seconds a block
 /// Follows a state; whether it has just come.
 bool hasCome(bool& known, bool now) { return !std::exchange(known, now) && now; }
 
-bool isAcquiring(const MainFields& record) { return record.acquisitionRunning == 1 && record.openFilePath.empty(); }
+bool isAcquiring(const MainFields& record) {
+  return record.acquisitionRunning == 1 && record.intervalSelectable == 0 && record.openFilePath.empty();
+}
 
 }  // namespace
 

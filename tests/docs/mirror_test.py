@@ -29,14 +29,17 @@ ELSEWHERE = {
     'src/app/strip_marks.cpp': ('tests/window/graphs_test.py', WINDOW),
     'src/app/veils.cpp': ('tests/window/graphs_test.py', WINDOW),
     'src/app/window_places.cpp': ('tests/window/small_screens_test.py', WINDOW),
+    'src/app/room_aids.cpp': ('tests/window/watchful_test.py', WINDOW),
     'src/platform/headless/headless_platform.cpp': (
         'tests/unit/frame/print_image_test.cpp', 'its printer records what these tests compare'),
     'src/platform/page/page_writer.cpp': ('tests/unit/platform/qt/every_screen_test.cpp', 'one of the screens'),
     'src/platform/posix/console.cpp': (
         'tests/unit/tools/recording_tool/unfinished_file_test.cpp', 'an interruption ends the process'),
+    'src/platform/qt/desktop_wakefulness.cpp': ('tests/window/watchful_test.py', 'needs a desktop that is asked'),
     'src/platform/windows/console.cpp': ('tests/windows/recording_tool_test.py', 'needs the system\'s console'),
     'src/platform/windows/file_lock.cpp': ('tests/unit/platform/files_test.cpp', 'the same rules on every system'),
     'src/platform/windows/folders.cpp': ('tests/windows/program_test.py', 'one call of the standard library'),
+    'src/platform/windows/system_wakefulness.cpp': ('tests/windows/program_test.py', 'one call of the system'),
     'src/recording/folder_lock.cpp': ('tests/journeys/two_programs_test.cpp', 'needs two programs'),
     'src/recording/interrupted_file.cpp': ('tests/unit/recording/interrupted_test.cpp', 'a whole recovery each'),
     'src/recording/safe_keeping.cpp': ('tests/unit/recording/data_file_test.cpp', 'a whole recording each'),

@@ -65,8 +65,22 @@ QImage paintedForPaper(QWidget& window) {
   return picture;
 }
 
+/// Below the picture, which keeps its place and size.
+void paintNote(QPainter& painter, const QString& note, const QRectF& picture, double dotsPerMillimetre) {
+  if (note.isEmpty()) return;
+  QFont letters = QApplication::font();
+  letters.setPointSize(16);
+  letters.setBold(true);
+  painter.setFont(letters);
+  painter.setPen(Qt::black);
+  painter.drawText(
+      QRectF(picture.left(), picture.bottom() + 3 * dotsPerMillimetre, picture.width(), 12 * dotsPerMillimetre),
+      Qt::AlignLeft | Qt::AlignTop, note);
+}
+
 /// `place`: millimetres from the page's corner; the device paints from there.
-void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place, const WindowTexts& under = {}) {
+void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place, const std::string& note,
+                  const WindowTexts& under = {}) {
   constexpr double millimetresPerInch = 25.4;
   picture.setDevicePixelRatio(1);
   const double dots = page.logicalDpiX() / millimetresPerInch;
@@ -82,32 +96,36 @@ void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place, 
     painter.restore();
   }
   painter.drawImage(area, picture);
+  paintNote(painter, QString::fromStdString(note), area, dots);
   if (!painter.end()) throw NotPrinted("La stampante non ha preso la pagina.");
 }
 
-void printPicture(const QImage& picture, const QRectF& place) {
+void printPicture(const QImage& picture, const QRectF& place, const std::string& note) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setDocName("Korvinel");
   printer.setFullPage(true);
-  paintPicture(printer, picture, place);
+  paintPicture(printer, picture, place, note);
   if (printer.printerState() == QPrinter::Error) throw NotPrinted("La stampante non ha preso la pagina.");
 }
 
-QByteArray pdfOf(const QImage& picture, const QRectF& place, const WindowTexts& texts) {
+QByteArray pdfOf(const QImage& picture, const QRectF& place, const std::string& note, const WindowTexts& texts) {
   QBuffer file;
   file.open(QIODevice::WriteOnly);
   QPdfWriter writer(&file);
   writer.setTitle("Korvinel");
   writer.setPageSize(QPageSize(QPageSize::A4));
   writer.setPageMargins({});
-  paintPicture(writer, picture, place, texts);
+  paintPicture(writer, picture, place, note, texts);
   return file.data();
 }
 
 }  // namespace
 
-QtScreenPrinter::QtScreenPrinter(Dialogs& dialogs, PathNotation paths, std::function<std::string()> dataFileName)
-    : dialogs_(dialogs), paths_(std::move(paths)), dataFileName_(std::move(dataFileName)) {
+QtScreenPrinter::QtScreenPrinter(Dialogs& dialogs, PathNotation paths, Text dataFileName, Text pageNote)
+    : dialogs_(dialogs),
+      paths_(std::move(paths)),
+      dataFileName_(std::move(dataFileName)),
+      pageNote_(std::move(pageNote)) {
   QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &watch_, [this] {
     if (isWindow(QApplication::activeWindow())) lastActive_ = QApplication::activeWindow();
   });
@@ -151,14 +169,14 @@ std::string QtScreenPrinter::print(const QRectF& millimetres) {
   const QImage picture = pictureToPrint();
   if (picture.isNull()) throw NotPrinted("Non c'è un'immagine da stampare.");
   if (QPrinterInfo::availablePrinterNames().isEmpty()) return printIntoFile(picture, millimetres);
-  printPicture(picture, millimetres);
+  printPicture(picture, millimetres, pageNote_());
   return "";
 }
 
 std::string QtScreenPrinter::printIntoFile(const QImage& picture, const QRectF& millimetres) const {
   std::string file = nextPdf();
   const bool isOurCapture = !sharp_.isNull() && picture == sharp_;
-  const QByteArray pdf = pdfOf(picture, millimetres, isOurCapture ? texts_ : WindowTexts{});
+  const QByteArray pdf = pdfOf(picture, millimetres, pageNote_(), isOurCapture ? texts_ : WindowTexts{});
   constexpr qint64 roomForRecordings = 10'000'000;  // about ten examinations
   switch (writeNewFile(QString::fromStdString(paths_.toHost(file)), pdf, roomForRecordings)) {
     case NewFile::written: return file;

@@ -18,9 +18,13 @@ namespace korvinel::platform {
 /// 10 MB free on the disk, which a recording may need. A notice reports what cannot be printed.
 class QtScreenPrinter : public ScreenPrinter {
  public:
+  using Text = std::function<std::string()>;
+
   /// `dataFileName`: returns the name of the current data file, after which a PDF file is named; may be empty.
+  /// `pageNote`: returns a line for the page below the picture, UTF-8; may be empty.
   QtScreenPrinter(
-      Dialogs& dialogs, PathNotation paths, std::function<std::string()> dataFileName = [] { return std::string(); });
+      Dialogs& dialogs, PathNotation paths, Text dataFileName = [] { return std::string(); },
+      Text pageNote = [] { return std::string(); });
 
   int systemMajorVersion() override;
   void emptyClipboard() override;
@@ -37,7 +41,7 @@ class QtScreenPrinter : public ScreenPrinter {
 
   Dialogs& dialogs_;
   PathNotation paths_;
-  std::function<std::string()> dataFileName_;
+  Text dataFileName_, pageNote_;
   QPointer<QWidget> lastActive_;  ///< the window that has or last had the focus, boxes excepted
   QObject watch_;                 ///< ends the observation with this object
   QImage captured_;               ///< the clipboard's content after the last capture

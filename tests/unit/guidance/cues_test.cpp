@@ -93,6 +93,7 @@ TEST_F(CuesTest, EachLossOfTheInstrumentIsHeardOnce) {
 TEST_F(CuesTest, ALossIsMoreUrgentThanTheEnd) {
   acquire(5);
   EXPECT_EQ(due(), Cue::none);
+  record.acquisitionRunning = 0;
   record.intervalSelectable = 1;
   record.linkTrouble = LinkTrouble::silence;
   EXPECT_EQ(due(), Cue::linkLost);

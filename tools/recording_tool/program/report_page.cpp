@@ -1,8 +1,10 @@
 #include "recording_tool/program/report_page.h"
 
+#include <filesystem>
 #include <optional>
 
 #include "guidance/report_standing.h"
+#include "guidance/trial.h"
 #include "platform/page/page_writer.h"
 #include "recording_tool/analysis_output.h"
 #include "recording_tool/messages.h"
@@ -30,11 +32,13 @@ std::optional<PageFormat> formatOf(const std::string& output) {
 /// The texts of the window's labels and check boxes, as surfaces beside the panels.
 struct Labels {
   explicit Labels(const ReportWindow& window) {
+    trial.printAt(0, 2, platform::Colour::black, guidance::trialNotice);
     interval.printAt(0, 2, platform::Colour::black, window.intervalLabel.text());
     if (window.maximumCheck.checked()) choice.printAt(0, 2, platform::Colour::black, window.maximumCheck.caption());
     if (window.meanCheck.checked()) choice.printAt(0, 2, platform::Colour::black, window.meanCheck.caption());
   }
   platform::Surface interval{"Intervallo", 303, 26, 18, platform::Colour::windowBackground};
+  platform::Surface trial{"Prova", 303, 26, 18, platform::Colour::windowBackground};
   platform::Surface choice{"Valori", 303, 26, 18, platform::Colour::windowBackground};
 };
 
@@ -54,7 +58,17 @@ struct Standing {
   platform::Surface cover{"Perché è coperto", 854, 763, 22, platform::Colour::lightGrey};
 };
 
-platform::Page pageOf(const Workbench& bench, const Labels& labels, const Standing& standing) {
+/// Below everything else, so that the rest keeps its place.
+void addTrialNotice(platform::Page& page, const platform::Surface& notice, const platform::Rect& last) {
+  page.placed.push_back({&notice, {last.x, last.bottom() + 2, last.width, last.height}});
+  page.height += last.height;
+}
+
+bool isOfTrial(const std::string& recording) {
+  return guidance::isOfTrial(utf8Of(std::filesystem::absolute(pathOf(recording))));
+}
+
+platform::Page pageOf(const Workbench& bench, const Labels& labels, const Standing& standing, bool trial) {
   const ReportWindow& window = bench.reportWindow;
   const auto& places = report_geometry::panels;
   const auto& last = report_geometry::intervalLabel;
@@ -69,6 +83,7 @@ platform::Page pageOf(const Workbench& bench, const Labels& labels, const Standi
   const Rect& end = places.back();
   if (!standing.of.missing.empty())
     page.placed.push_back({&standing.cover, {first.x, first.y, end.right() - first.x, end.bottom() - first.y}});
+  if (trial) addTrialNotice(page, labels.trial, last);
   return page;
 }
 
@@ -94,7 +109,8 @@ void writeReport(const Workbench& bench, const std::string& recording, const std
   const Labels labels(bench.reportWindow);
   const Standing standing(bench);
   try {
-    writeWhole(output, platform::pageBytes(pageOf(bench, labels, standing), *formatOf(output)), force);
+    const platform::Page page = pageOf(bench, labels, standing, isOfTrial(recording));
+    writeWhole(output, platform::pageBytes(page, *formatOf(output)), force);
   } catch (const platform::PageFault& fault) {
     throw ToolError(output, "cannot be drawn: " + whyNotDrawn(fault));
   }
