@@ -63,7 +63,7 @@ void FirstPage::addElectrodes(QGridLayout& page) {
   head->setAccessibleName("Testa vista dall'alto con i quattro elettrodi");
   column->addWidget(head, 1);
   column->addWidget(
-      textOf("<b>Gli elettrodi.</b> F1 e F2 sulla fronte, T5 e T6 alle tempie. La testa è vista "
+      textOf("<b>Gli elettrodi.</b> F1 e F2 sulla fronte, T5 e T6 ai lati, dietro le orecchie. La testa è vista "
              "dall'alto, con il naso in su: i numeri dispari sono a sinistra, i pari a destra.",
              this));
   page.addLayout(column, 1, 0);

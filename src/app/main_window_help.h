@@ -109,7 +109,7 @@ constexpr Help firstNumbers{
     "Massimi delle quattro bande nel blocco mostrato, in microvolt: primo canale della coppia."};
 constexpr Help secondNumbers{
     "Massimi delle quattro bande nel blocco mostrato, in microvolt: secondo canale della coppia."};
-constexpr Help startPicture{"Posizione degli elettrodi: F1 e F2 sulla fronte, T5 e T6 alle tempie."};
+constexpr Help startPicture{"Posizione degli elettrodi: F1 e F2 sulla fronte, T5 e T6 ai lati, dietro le orecchie."};
 
 // Labels
 constexpr Help statusLabel{"Stato della registrazione. Qui si legge anche perché un'operazione è stata interrotta."};
