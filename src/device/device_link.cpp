@@ -35,7 +35,7 @@ std::string readAnswer(MainState& state) {
 
 /// Why this answer to the test command is not the instrument's.
 LinkTrouble troubleOf(const MainState& state, const std::string& answer) {
-  if (state.lineFault) return LinkTrouble::port;
+  if (state.lineFault || !state.host.serialPort.isOpen()) return LinkTrouble::port;
   return answer == noAnswer ? LinkTrouble::silence : LinkTrouble::otherAnswer;
 }
 

@@ -202,6 +202,19 @@ TEST_F(LinkTest, OneByteIsNoAnswer) {
   EXPECT_TRUE(host.edge.ended());
 }
 
+TEST_F(LinkTest, AnAdapterPulledOutDuringTheHandshakeIsATroubleOfThePort) {
+  for (const double moment : {2.0, 4.5}) {  // before the test command is written, and after it
+    HeadlessProgram other;
+    LinkTrouble told = LinkTrouble::none;
+    other.state.startUp();
+    other.host.instrument.answer = "";
+    other.host.time.after(moment, [&] { other.host.serialPort.unplug(); });
+    other.host.dialogs.whileOpen = [&] { told = other.state.linkTrouble; };
+    other.host.edge.run([&] { other.state.openLink(); });  // answered with Cancel
+    EXPECT_EQ(told, LinkTrouble::port) << moment;
+  }
+}
+
 TEST_F(LinkTest, OkRetriesFromTheClosedPort) {
   host.instrument.answer = "";
   host.dialogs.choices = {Choice::ok, Choice::ok};
