@@ -97,6 +97,15 @@ TEST_F(BlockReading, ALineThatIsOpenedAgainHasItsSignalsRaised) {
   EXPECT_EQ(countOf("dtr"), 2);
 }
 
+TEST_F(BlockReading, ALineThatCannotBeOpenedAgainHasNoSignalsToRaiseAndIsAskedAboutAgain) {
+  host.serialPort.unplug();
+  host.dialogs.choices = {Choice::ok, Choice::cancel};
+  readBlock();
+  EXPECT_EQ(host.dialogs.shown.size(), 2U);
+  EXPECT_EQ(countOf("rts"), 1);
+  EXPECT_EQ(countOf("dtr"), 1);
+}
+
 TEST_F(BlockReading, WhileItAsksTheRecordSaysWhyNoBlockHasCome) {
   std::vector<LinkTrouble> troubles;
   host.dialogs.choices = {Choice::ok, Choice::ok};

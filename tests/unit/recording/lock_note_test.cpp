@@ -27,9 +27,17 @@ TEST(LockNote, OfAnotherProgramHasNoTime) {
   EXPECT_EQ(holder->day, "");
 }
 
+TEST(LockNote, WithHalfATimeHasNone) {
+  for (const char* second : {"dalle 10:05", "circa dalle 10:05 del 21/11/2026", "alle 10:05 del 21/11/2026"}) {
+    const auto holder = holderIn(lockNote(anna, second));
+    ASSERT_TRUE(holder) << second;
+    EXPECT_EQ(holder->since + holder->day, "") << second;
+  }
+}
+
 TEST(LockNote, OfAnotherFormHasNoHolder) {
   for (const char* note :
-       {"", "anna", "utente anna,\rdalle 10:00", "x utente anna, computer a, processo 1,\r",
+       {"", "anna", "utente anna,\rdalle 10:00", "utente anna, computer a", "x utente anna, computer a, processo 1,\r",
         "utente anna, computer a, processo ,\r", "utente anna, computer a, processo 1x,\r",
         "utente anna, computer a, processo 99999999999999999999,\r", "utente anna, computer a, processo 1"})
     EXPECT_FALSE(holderIn(note)) << note;

@@ -83,6 +83,33 @@ TEST(StartRecording, IsIgnoredWithoutAcquisitionWithAnOpenFileAndASecondTime) {
   EXPECT_EQ(twice.host.files.content[recordings::temporary], recorded);
 }
 
+TEST(StartRecording, IsRefusedOnceTheEndOfTheProgramIsAskedFor) {
+  Acquiring program;
+  program.window.Endx1.press();
+  program.window.Registra.press();
+  EXPECT_EQ(program.state.recordingActive, 0);
+  EXPECT_EQ(program.state.recordingArmed, 0);
+  ASSERT_EQ(program.host.dialogs.shown.size(), 1U);
+  EXPECT_EQ(program.host.dialogs.shown[0].text,
+            "Impossibile registrare!\rL'acquisizione sta terminando.\rLa registrazione resta disattiva.");
+}
+
+TEST(StartRecording, ItsWordsAndThoseOfItsEndAreWrittenOnlyInItalian) {
+  Acquiring program;
+  program.shared.languageFlag = "Eng";
+  const std::string status = program.window.statusLabel.text();
+  program.window.Registra.press();
+  EXPECT_EQ(program.state.recordingActive, 1);
+  EXPECT_EQ(program.window.statusLabel.ink(), Colour::lightRed);
+  EXPECT_EQ(program.window.statusLabel.text(), status);
+  program.acquireBlocks(1);
+  bool waits = false;
+  program.window.firstTrace.onChanged = [&] { waits = waits || program.window.firstTrace.shows("Attendere.."); };
+  program.state.endRecording();
+  EXPECT_FALSE(waits);
+  EXPECT_TRUE(program.host.files.content.contains(folder + "prova.QVD"));
+}
+
 TEST(StartRecording, StaysOffWithAMessageWhereTheTemporaryFileCannotBeMade) {
   Acquiring program;
   program.host.files.readOnly = true;

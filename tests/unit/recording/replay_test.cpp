@@ -154,6 +154,50 @@ TEST(Replay, AFileThatVanishedIsAFaultThatLeavesTheStateUsable) {
   EXPECT_EQ(program.state.fileLoopRunning, 0);
 }
 
+TEST(Replay, AFileThatHasLostItsHeaderIsAFaultAndStaysClosed) {
+  OpenedProgram program;
+  program.host.files.content[program.path] = "\"V3\"";
+  program.window.Displayx.press();
+  ASSERT_EQ(program.host.faults.size(), 1U);
+  EXPECT_EQ(program.state.readHandle, nullptr);
+  EXPECT_EQ(program.state.replayActive, 0);
+  EXPECT_EQ(program.state.fileLoopRunning, 0);
+}
+
+TEST(Replay, OfAFileThatHasBecomeShorterThanTheStartBlockEndsAndRewinds) {
+  OpenedProgram program;
+  program.host.files.content[program.path] = recordings::file(3);
+  program.replayFrom(7);
+  EXPECT_TRUE(program.host.faults.empty());
+  EXPECT_EQ(program.window.Slider1.value(), 1);
+  EXPECT_EQ(program.state.readHandle, nullptr);
+  EXPECT_EQ(program.state.fileLoopRunning, 0);
+}
+
+TEST(Replay, AnotherFileOpenedWhileThePlaceIsSoughtIsTheOneThatIsOpen) {
+  OpenedProgram program(60);
+  const std::string other = recordings::folder + "altro.QVD";
+  program.host.files.content[other] = recordings::file(5);
+  program.host.time.when([&] { return program.state.replayActive == 1 && program.state.blockCount == 30; },
+                         [&] {
+                           program.host.dialogs.files.push_back(other);
+                           program.window.Openx.press();
+                         });
+  program.replayFrom(50);
+  EXPECT_TRUE(program.host.faults.empty());
+  EXPECT_EQ(program.state.openFilePath, other);
+  EXPECT_EQ(program.shared.fileBlockCount, 4);
+  EXPECT_EQ(program.state.fileLoopRunning, 0);
+}
+
+TEST(Replay, TheChecksAreMadeOnlyInItalian) {
+  HeadlessProgram program;
+  program.state.startUp();
+  program.shared.languageFlag = "Eng";
+  program.window.Displayx.press();
+  EXPECT_TRUE(program.host.dialogs.shown.empty());
+}
+
 TEST(Replay, OfALongFileEndsWhereTheHistoriesEnd) {
   OpenedProgram program(250);
   program.replayFrom(190);

@@ -46,6 +46,16 @@ TEST(ReadSideFile, CountsWhatIsDamagedAndKeepsTheRest) {
   EXPECT_GT(afterALongLine.damagedLines, 0);
 }
 
+TEST(ReadSideFile, KeepsTheNotesThatADamagedCountDoesNotCover) {
+  const std::string count = checkedLine("\"note\",1"), damaged = "\"note\",2,\"?\"\r\n";
+  const std::string first = checkedLine("\"nota\",1,2,\"a\""), second = checkedLine("\"nota\",2,5,\"b\"");
+  const SideFile read = readText(count + first + damaged + second);
+  EXPECT_EQ(read.noteCount, 2);
+  EXPECT_EQ(read.noteTexts[2], "b");
+  EXPECT_EQ(read.noteTimes[2], 5);
+  EXPECT_EQ(read.notesMissing, 0);
+}
+
 TEST(ReadSideFile, GivesUpOnAnEndlessFileOfNothing) {
   struct Endless : ByteSource {
     int peek() override { return 0; }

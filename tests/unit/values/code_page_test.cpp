@@ -32,6 +32,10 @@ TEST(CleanEntry, DropsWhatNobodyCanSee) {
   EXPECT_EQ(cleanEntry("\uFEFFRos\u200Bsi\u202E \u2060A\u2028", EntryKind::text), "Rossi A");
 }
 
+TEST(CleanEntry, DropsControlCharactersBeyondAsciiAndKeepsTheBlankAfterThem) {
+  EXPECT_EQ(cleanEntry("a\u007F\u0080\u0085\u009Fb\u00A0c", EntryKind::text), "ab\u00A0c");
+}
+
 TEST(LettersOutsidePage, AreListedOnceInTheirOrderUpToTen) {
   EXPECT_EQ(lettersOutsidePage("Nicolò € – Rossi"), "");
   EXPECT_EQ(lettersOutsidePage(""), "");
@@ -44,6 +48,11 @@ TEST(IsUtf8, FindsBytesThatBelongToNoCharacter) {
   EXPECT_TRUE(isUtf8(""));
   EXPECT_TRUE(isUtf8("Nicolò € 😀"));
   for (const char* damaged : {"\xE0", "a\xE2\x82", "\xC3z", "\xFF\xFE"}) EXPECT_FALSE(isUtf8(damaged)) << damaged;
+}
+
+TEST(LettersOutsidePage, BytesThatBelongToNoCharacterAreNoLetters) {
+  EXPECT_EQ(lettersOutsidePage("a\xFFz \xE1\xBB"), "");
+  EXPECT_EQ(upperCase("a\xFFz"), "AZ");
 }
 
 TEST(IsBlank, KnowsBothBlanksOfThePage) {
