@@ -88,7 +88,8 @@ def untaken_of(file, lines):
         missing = [str(index) for index, count in enumerate(counts, 1) if count == 0]
         if missing:
             found.append(Untaken(name, text_of(lines, number), '%s of %d' % (','.join(missing), len(counts)), number))
-    counted = {line['line_number']: line['count'] for line in file['lines'] if line['line_number'] <= len(lines)}
+    counted = {line['line_number']: line['count'] for line in file['lines']
+               if line['line_number'] <= len(lines) and not line.get('gcovr/noncode')}
     found += [Untaken(name, text_of(lines, number), 'catch', number) for number in uncaught(lines, counted)]
     return sorted(found, key=lambda one: (one.line, one.branch))
 
