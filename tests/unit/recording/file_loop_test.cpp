@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "opened_file.h"
 
 namespace korvinel {
@@ -74,6 +76,18 @@ TEST(FileCommand, OfSeveralDuringAReplayTheLastIsDone) {
     EXPECT_EQ(program.host.dialogs.shown.size(), openingLast ? 1U : 0U);
     EXPECT_EQ(program.state.openFilePath, openingLast ? other : program.path);
   }
+}
+
+TEST(FileCommand, AScanThatBreaksOffUnexpectedlyKeepsNothingWaiting) {
+  FileProgram program;
+  program.window.blockLabel.onChanged = [&] {
+    if (program.state.blockCount == 3) throw std::runtime_error("memoria");
+  };
+  program.open();
+  program.window.blockLabel.onChanged = nullptr;
+  EXPECT_EQ(program.state.acquisitionRunning, 0);
+  program.open();
+  EXPECT_EQ(program.shared.fileBlockCount, 9);
 }
 
 }  // namespace

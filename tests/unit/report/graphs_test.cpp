@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "headless_report.h"
+#include "signals.h"
 
 namespace korvinel {
 namespace {
@@ -146,6 +147,7 @@ TEST(Panels, EachHasItsLabel) {
     const auto texts = marksOf(*surface, Mark::Kind::text);
     ASSERT_EQ(texts.size(), 1U) << label.text;
     EXPECT_EQ(texts[0], label) << label.text;
+    EXPECT_TRUE(hasPoint(*surface, label.x1, label.y1, Colour::white)) << label.text;
   }
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace korvinel {
 namespace {
 
@@ -26,6 +28,11 @@ TEST(CleanEntry, DropsWhatWouldBreakADataFilesLines) {
 TEST(CleanEntry, LeavesLettersOutsideThePageInATextForThemToBeTold) {
   EXPECT_EQ(cleanEntry("Ngọc Ω 日 😀", EntryKind::text), "Ngọc Ω 日 😀");
   EXPECT_EQ(cleanEntry("Ngọc Ω 日 😀", EntryKind::fileName), "Ngc   ");
+}
+
+TEST(CleanEntry, WritesTheFirstAndTheLastCharacterOfEachLengthAsItWasTyped) {
+  for (const std::string text : {"~", "\u00A0", "\u07FF", "\u0800", "\uFFFD", "\U00010000", "\U0010FFFD"})
+    EXPECT_EQ(cleanEntry(text, EntryKind::text), text);
 }
 
 TEST(CleanEntry, DropsWhatNobodyCanSee) {

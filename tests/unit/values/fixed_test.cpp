@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <random>
 
 #include "values/runtime_error.h"
@@ -105,6 +106,11 @@ TEST(Fixed, OverflowIsARuntimeError) {
   EXPECT_THROW(Fixed::nearest(-9.3e14), RuntimeError);
   EXPECT_THROW(Fixed::nearest(std::nan("")), RuntimeError);
   EXPECT_NO_THROW(Fixed::nearest(9.2e14));
+}
+
+TEST(Fixed, TheLowestAndTheHighestTimesOneAreStillThemselves) {
+  for (const std::int64_t count : {std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()})
+    EXPECT_EQ((Fixed::fromCount(count) * Fixed(1)).count(), count);
 }
 
 TEST(Fixed, DivisionByZeroIsARuntimeError) {
