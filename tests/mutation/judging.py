@@ -6,6 +6,7 @@ import glob
 import itertools
 import os
 import re
+import signal
 import subprocess
 import sys
 import tempfile
@@ -104,15 +105,15 @@ class Tests:
         for milliseconds, program, test in tests:
             by_program[program].append((milliseconds, test))
         for program, ones in by_program.items():
-            seconds = 10 + 20 * sum(milliseconds for milliseconds, _ in ones) / 1000
+            seconds = 10 + 5 * sum(milliseconds for milliseconds, _ in ones) / 1000
             noticed = self.confirmed(number, program, [test for _, test in ones], seconds)
             if noticed:
                 return noticed
         return ''
 
     def confirmed(self, number, program, tests, seconds):
-        """A busy machine must not pass for a test that notices: the time limit must be hit twice, and the test that
-        fails must pass without the change."""
+        """A busy machine must not pass for a test that notices: the limit counts processor time and must be hit twice, and
+        the test that fails must pass without the change."""
         while tests:
             noticed = self.ask(number, program, tests, seconds)
             if noticed == 'time limit':
@@ -123,16 +124,19 @@ class Tests:
         return ''
 
     def ask(self, number, program, tests, seconds):
-        """The test that notices, 'crash', 'time limit' or ''."""
+        """The test that notices, 'crash', 'time limit' or ''. `seconds` of processor time, or of waiting twenty times as
+        long."""
         with temporary_folder() as folder:
             environment = dict(os.environ, KORVINEL_CHANGE=str(number), TMPDIR=folder)
             try:
-                outcome = run(self.command(program, ':'.join(tests)), env=environment, timeout=seconds,
-                              stdin=subprocess.DEVNULL)
+                limited = ['prlimit', '--cpu=%d' % seconds, *self.command(program, ':'.join(tests))]
+                outcome = run(limited, env=environment, timeout=20 * seconds, stdin=subprocess.DEVNULL)
             except subprocess.TimeoutExpired:
                 return 'time limit'
         if outcome.returncode == 0:
             return ''
+        if outcome.returncode in (-signal.SIGXCPU, -signal.SIGKILL):
+            return 'time limit'
         return program if program == SCRIPT[0] else first_failure(outcome.stdout) or 'crash'
 
     def command(self, program, tests):
