@@ -177,7 +177,8 @@ class Report(ReportTest):
         program = self.examine('flat', 2)
         self.open_report(program)
         program.expect('the fault', lambda: program.label('Stato del rapporto'),
-                       'Operazione interrotta: Il calcolo non e\' possibile: il segnale e\' piatto o l\'intervallo e\' vuoto. (Divisione per zero)')
+                       "Operazione interrotta: Il calcolo non è possibile: il segnale è piatto o l'intervallo è vuoto. "
+                       '(Divisione per zero)')
         self.assertEqual(program.printed(GROUND), ['Norvess Instruments'] + 2 * FREQUENCIES)
         self.assertEqual(program.printed('Coerenza F1-F2'), ['Coerenza F1-F2=0'])
         self.desktop.screenshot('report-5-flat')
