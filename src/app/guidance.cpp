@@ -47,6 +47,7 @@ Guidance::Guidance(MainState& state, platform::OperationEdge& edge, MainWindowVi
   inBar_->addWidget(lamps_);
   window.addBelow(interrupted_.view());
   window.addBelow(bar_);
+  keepQuickNotes();
   watchCommands();
   beat_.setInterval(beatMs);
   QObject::connect(&beat_, &QTimer::timeout, bar_, [this] { refresh(); });
@@ -57,6 +58,14 @@ Guidance::Guidance(MainState& state, platform::OperationEdge& edge, MainWindowVi
     refresh();
   });
   edge.afterwards = [this] { refresh(); };
+}
+
+void Guidance::keepQuickNotes() {
+  graphs_.notes().setQuickNotes(settings_.settings.quickNotes);
+  graphs_.notes().onQuickNotesEdited = [this](const std::vector<std::string>& notes) {
+    settings_.settings.quickNotes = notes;
+    settings_.save();
+  };
 }
 
 void Guidance::watchCommands() {

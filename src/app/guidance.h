@@ -43,6 +43,7 @@ class Guidance {
   void addAtRight(QWidget* widget);
 
  private:
+  void keepQuickNotes();
   void watchCommands();
   void watch(platform::Button& button, guidance::Command command);
   void tellRefusal(guidance::Command command);

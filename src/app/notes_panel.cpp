@@ -107,8 +107,10 @@ void NotesPanel::setNoteOpen(bool open) {
 
 void NotesPanel::editQuickNotes(bool edit) {
   line_->setText(platform::toQt(guidance::quickNotesText(quickNotes_)));
+  if (edit) before_ = window()->focusWidget();
   line_->setVisible(edit);
-  if (edit) line_->setFocus(Qt::OtherFocusReason);
+  if (edit) return line_->setFocus(Qt::OtherFocusReason);
+  if (before_) before_->setFocus(Qt::OtherFocusReason);  // the note box, if the operator was typing
 }
 
 void NotesPanel::takeQuickNotes() {

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <functional>
 #include <string>
@@ -41,6 +42,7 @@ class NotesPanel : public QFrame {
   QGridLayout* buttons_ = nullptr;
   QPushButton* edit_ = nullptr;
   QLineEdit* line_ = nullptr;
+  QPointer<QWidget> before_;  ///< had the keyboard before the list of quick notes was edited
 };
 
 }  // namespace korvinel

@@ -3,6 +3,7 @@ notes, and whose examination it is.
 
     /usr/bin/python3 graphs_test.py BUILD_FOLDER
 """
+import glob
 import os
 import sys
 import unittest
@@ -113,8 +114,22 @@ class GraphsTest(unittest.TestCase):
         program.expect('the note', lambda: program.text('Nota'), 'tosse')
         self.assertTrue(program.has_state('Nota', 'FOCUSED'), 'the keyboard stays in the note box')
         self.desktop.screenshot('graphs-0-quick')
+        self.edit_quick_notes()
+        driver.wait(lambda: program.has_state('Nota', 'FOCUSED'), what='the keyboard in the note box again')
         driver.keys('Return')
         driver.wait(lambda: any(line.endswith('tosse') for line in self.notes()), what='the note in the list')
+
+    def edit_quick_notes(self):
+        """They are kept among the user's settings."""
+        self.program.press('Modifica…')
+        driver.wait(lambda: self.program.has_state('Note rapide', 'FOCUSED'), what='the line of the quick notes')
+        self.program.type('Note rapide', 'tosse; luce accesa')
+        driver.keys('Return')
+        driver.wait(lambda: self.program.has_state('luce accesa', 'SHOWING'), what='the new quick note')
+        settings = glob.glob(os.path.join(self.desktop.home, '.config/**/impostazioni.txt'), recursive=True)
+        self.assertEqual(len(settings), 1)
+        with open(settings[0], encoding='utf-8') as file:
+            self.assertIn('luce accesa', file.read())
 
     def notes(self):
         listed = self.program.find('Elenco delle note')
