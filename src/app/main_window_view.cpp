@@ -12,6 +12,7 @@
 #include "app/window_places.h"
 #include "platform/qt/control_views.h"
 #include "platform/qt/pointer_surface_view.h"
+#include "platform/qt/qt_screen_printer.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/surface_view.h"
 
@@ -57,6 +58,7 @@ MainWindowView::MainWindowView(MainWindow& model, std::function<bool()> mayClose
   column_->addWidget(ground_, 1);
   setCentralWidget(content);
   setMinimumSize(smallestClient);
+  platform::printOnly(*this, *ground_);
   addSurfaces(model);
   ground_->putPanel(geometry::controlPanel);
   addLabels(model);

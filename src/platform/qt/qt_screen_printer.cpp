@@ -9,6 +9,7 @@
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QVariant>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
@@ -53,6 +54,14 @@ void showAidsOfTheKeyboard(const QWidget& window, bool shown) {
     if (auto* ring = dynamic_cast<FocusRing*>(child)) ring->setShown(shown);
     if (auto* ghost = dynamic_cast<GhostText*>(child)) ghost->setShown(shown);
   }
+}
+
+constexpr auto printedPart = "printedPart";
+
+/// What a print of the window shows.
+QWidget* pageOf(QWidget* window) {
+  auto* part = window == nullptr ? nullptr : window->property(printedPart).value<QWidget*>();
+  return part != nullptr ? part : window;
 }
 
 /// The window with letters and lines at the resolution of paper.
@@ -121,6 +130,8 @@ QByteArray pdfOf(const QImage& picture, const QRectF& place, const std::string& 
 
 }  // namespace
 
+void printOnly(QWidget& window, QWidget& part) { window.setProperty(printedPart, QVariant::fromValue(&part)); }
+
 QtScreenPrinter::QtScreenPrinter(Dialogs& dialogs, PathNotation paths, Text dataFileName, Text pageNote)
     : dialogs_(dialogs),
       paths_(std::move(paths)),
@@ -146,7 +157,7 @@ QWidget* QtScreenPrinter::windowToPrint() const {
 }
 
 void QtScreenPrinter::pressPrintScreen(int) {
-  QWidget* window = windowToPrint();
+  QWidget* window = pageOf(windowToPrint());
   if (window == nullptr) return;
   showAidsOfTheKeyboard(*window, false);
   captured_ = window->grab().toImage();

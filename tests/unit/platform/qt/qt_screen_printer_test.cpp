@@ -95,6 +95,25 @@ QString textOf(const QString& pdf) {
   return reader.waitForFinished() ? QString::fromUtf8(reader.readAllStandardOutput()) : QString();
 }
 
+TEST_F(QtScreenPrinterTest, WhatStandsAroundThePrintedPartIsNotOnThePage) {
+  QWidget window;
+  QLabel notice("Esame interrotto: Verdi", &window);
+  QLabel part("Rossi", &window);
+  part.setGeometry(0, 40, 300, 160);
+  printOnly(window, part);
+  window.resize(300, 200);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  printer.emptyClipboard();
+  printer.pressPrintScreen(1);
+  EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(300, 160));
+  printer.printClipboard(10, 3, 190, 145);
+  const std::string text = textOf(folder.filePath(pdfs().constFirst())).toStdString();
+  EXPECT_THAT(text, testing::HasSubstr("Rossi"));
+  EXPECT_THAT(text, testing::Not(testing::HasSubstr("Verdi")));
+}
+
 TEST_F(QtScreenPrinterTest, ThePagesTextCanBeFound) {
   QWidget window;
   QLabel label("Esame di Niccolò", &window);
