@@ -36,6 +36,7 @@ ELSEWHERE = {
     'src/platform/posix/console.cpp': (
         'tests/unit/tools/recording_tool/unfinished_file_test.cpp', 'an interruption ends the process'),
     'src/platform/qt/desktop_wakefulness.cpp': ('tests/window/watchful_test.py', 'needs a desktop that is asked'),
+    'src/platform/qt/page_note.cpp': ('tests/window/trial_test.py', 'a printed page'),
     'src/platform/windows/console.cpp': ('tests/windows/recording_tool_test.py', 'needs the system\'s console'),
     'src/platform/windows/file_lock.cpp': ('tests/unit/platform/files_test.cpp', 'the same rules on every system'),
     'src/platform/windows/folders.cpp': ('tests/windows/program_test.py', 'one call of the standard library'),

@@ -18,6 +18,7 @@
 #include "platform/qt/focus_ring.h"
 #include "platform/qt/ghost_text.h"
 #include "platform/qt/new_file.h"
+#include "platform/qt/page_note.h"
 #include "platform/qt/recorded_text.h"
 
 namespace korvinel::platform {
@@ -74,19 +75,6 @@ QImage paintedForPaper(QWidget& window) {
   return picture;
 }
 
-/// Below the picture, which keeps its place and size.
-void paintNote(QPainter& painter, const QString& note, const QRectF& picture, double dotsPerMillimetre) {
-  if (note.isEmpty()) return;
-  QFont letters = QApplication::font();
-  letters.setPointSize(16);
-  letters.setBold(true);
-  painter.setFont(letters);
-  painter.setPen(Qt::black);
-  painter.drawText(
-      QRectF(picture.left(), picture.bottom() + 3 * dotsPerMillimetre, picture.width(), 12 * dotsPerMillimetre),
-      Qt::AlignLeft | Qt::AlignTop, note);
-}
-
 /// `place`: millimetres from the page's corner; the device paints from there.
 void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place, const std::string& note,
                   const WindowTexts& under = {}) {
@@ -105,7 +93,7 @@ void paintPicture(QPagedPaintDevice& page, QImage picture, const QRectF& place, 
     painter.restore();
   }
   painter.drawImage(area, picture);
-  paintNote(painter, QString::fromStdString(note), area, dots);
+  paintPageNote(painter, QString::fromStdString(note), area, dots);
   if (!painter.end()) throw NotPrinted("La stampante non ha preso la pagina.");
 }
 
