@@ -91,6 +91,19 @@ TEST(StartCommand, IsIgnoredBetweenStopAndTheTurnThatEndsTheAcquisition) {
   EXPECT_EQ(program.state.acquisitionRunning, 0);
 }
 
+TEST(StartCommand, IsIgnoredBetweenEndAndTheTurnThatEndsTheProgram) {
+  HeadlessProgram program;
+  program.startAcquisition();
+  program.acquireBlocks(2);
+  program.window.Endx1.press();
+  const std::string written = program.host.serialPort.written();
+  program.window.Starts1.press();
+  EXPECT_EQ(program.host.serialPort.written(), written);
+  EXPECT_EQ(program.state.blockCount, 2);
+  program.host.time.runFor(10);
+  EXPECT_TRUE(program.host.edge.ended());
+}
+
 TEST(StartCommand, IsRefusedWhileEitherTimerRuns) {
   for (const bool tick : {true, false}) {
     HeadlessProgram program;

@@ -217,5 +217,16 @@ TEST(EndAcquisition, AnInstrumentThatIsGoneDoesNotHoldItUp) {
   EXPECT_EQ(lastBox(program), sevenMinutes);
 }
 
+TEST(EndWithoutAsking, WritesNothingToALineWhoseAdapterIsGone) {
+  HeadlessProgram program;
+  program.startAcquisition();
+  program.acquireBlocks(1);
+  program.host.serialPort.unplug();
+  const std::string written = program.host.serialPort.written();
+  program.host.edge.run([&] { program.state.endWithoutAsking(); });
+  EXPECT_TRUE(program.host.edge.ended());
+  EXPECT_EQ(program.host.serialPort.written(), written);
+}
+
 }  // namespace
 }  // namespace korvinel

@@ -314,6 +314,18 @@ TEST(SafeKeeping, ATemporaryFileThatVanishedIsWrittenAgainFromMemoryBeforeTheDat
   EXPECT_EQ(recording.state.blocksFromMemory, 0);
 }
 
+TEST(SafeKeeping, ATemporaryFileThatCannotBeReadLosesNothing) {
+  for (const std::size_t byte : {std::size_t{5}, std::size_t{1500}}) {
+    Recording recording;
+    recording.append(101);
+    recording.append(102);
+    recording.host.files.failingAt[temporary] = byte;
+    recording.state.assembleDataFile();
+    EXPECT_EQ(recording.dataFile(), recordings::header() + recordings::block(101) + recordings::block(102)) << byte;
+    EXPECT_EQ(recording.state.dataFileWhole, 1) << byte;
+  }
+}
+
 TEST(SafeKeeping, ATemporaryFileThatVanishedIsSetAsideWholeWhereTheDataFileCannotBeMade) {
   Recording recording;
   recording.appendBlocks(3);

@@ -26,6 +26,22 @@ TEST(OpenDataFile, OfTenBlocksCountsNine) {
   EXPECT_TRUE(program.host.faults.empty());
 }
 
+TEST(OpenDataFile, AFileThatCannotBeReadAfterStopOrEndWasPressedIsNoFault) {
+  for (const bool end : {false, true}) {
+    for (int pressed = 1; pressed <= 6; ++pressed) {
+      FileProgram program;
+      program.host.files.failingAt[program.path] =
+          recordings::header().size() + std::size_t{6 * 1036 + 500};  // in block 7
+      program.host.time.when([&] { return program.state.blockCount == pressed; },
+                             [&] { (end ? program.window.Endx1 : program.window.Stopd1).press(); });
+      program.open();
+      EXPECT_EQ(program.state.openingFault, nullptr) << pressed;
+      EXPECT_TRUE(program.host.faults.empty()) << pressed;
+      EXPECT_EQ(program.host.edge.ended(), end) << pressed;
+    }
+  }
+}
+
 TEST(OpenDataFile, TheScanKnowsHowManyBlocksAreToCome) {
   FileProgram program;
   program.open();

@@ -190,6 +190,33 @@ TEST_F(NotesOfAnExamination, OneWithSuchLettersAtTheEndIsTakenAndTheyAreTold) {
   EXPECT_EQ(program.host.dialogs.shown[0].text, "L'ultima nota è nel file con '?' al posto di ọ:\rNgọc");
 }
 
+TEST_F(NotesOfAnExamination, InAnotherLanguageNothingIsWrittenAboutThem) {
+  record();
+  program.shared.languageFlag = "Eng";
+  const std::string status = window.statusLabel.text();
+  beginNote("Ngọc");
+  confirm();
+  EXPECT_EQ(state.noteTexts[1], "Ngọc");
+  state.noteCount = 60;
+  window.Annotax.press();
+  EXPECT_EQ(window.statusLabel.text(), status);
+  state.tellNoteIsDropped("sonno");
+  EXPECT_FALSE(window.messagePanel.shows(" sonno"));
+  EXPECT_TRUE(program.host.dialogs.shown.empty());
+}
+
+TEST_F(NotesOfAnExamination, TwoNoticesAboutOneRecordingAreLinesOfOneBox) {
+  record();
+  program.host.files.content[recordings::folder + "prova.QVD"] = "x";
+  beginNote("Ngọc");
+  stop();
+  ASSERT_EQ(program.host.dialogs.shown.size(), 2U);
+  EXPECT_EQ(program.host.dialogs.shown[0].text,
+            "L'ultima nota è nel file con '?' al posto di ọ:\rNgọc\r"
+            "Durante la registrazione è comparso un altro file di nome\rprova.QVD\r"
+            "Il nome di questo esame è\rprova (2).QVD");
+}
+
 TEST_F(NotesOfAnExamination, WhileRecordingIsOffTheTextIsShownAsNotKept) {
   acquire();
   beginNote("occhi chiusi");
