@@ -228,6 +228,49 @@ class Outputs(ToolTest):
             for text, value in zip(row[2:], numbers['spectrumHistory'][block - 1][channel]):
                 self.assertEqual(struct.pack('f', float(text)), struct.pack('f', value))
 
+    def table(self, name):
+        """The title row and the others of a written table."""
+        with open(self.path(name), encoding='utf-8', newline='') as file:
+            title, *rows = csv.reader(file)
+        return title, rows
+
+    def assert_columns(self, rows, columns):
+        """The same single-precision numbers, column by column from the second on."""
+        for row, expected in zip(rows, zip(*columns), strict=True):
+            self.assertEqual([struct.pack('f', float(text)) for text in row[1:]],
+                             [struct.pack('f', value) for value in expected])
+
+    def test_each_table_has_its_titles_and_the_numbers_of_the_json(self):
+        numbers = json.loads(self.run_tool('analyse', golden('eeg.QVD'), '--json', '-', '--csv', 't').stdout)
+        report = numbers['report']
+        sites, pairs = ['F1', 'F2', 'T5', 'T6'], ['F1-F2', 'T5-T6', 'F1-T5', 'F2-T6']
+        hertz = ['%g' % (index / 2) for index in range(128)]
+        for name, of_rows, names in (('spectra', 'channel', sites), ('coherence-spectra', 'pair', pairs)):
+            title, rows = self.table('t/%s.csv' % name)
+            self.assertEqual(title, ['block', of_rows] + [h + ' Hz' for h in hertz])
+            self.assertEqual([row[:2] for row in rows], [[str(b), n] for b in range(1, 6) for n in names])
+        title, rows = self.table('t/synchrony.csv')
+        self.assertEqual(title, ['block'] + pairs)
+        self.assertEqual([row[0] for row in rows], ['1', '2', '3', '4', '5', 'mean'])
+        self.assert_columns(rows[:-1], numbers['coherenceHistory'])
+        title, rows = self.table('t/mean-coherence.csv')
+        self.assertEqual(title, ['Hz'] + pairs)
+        self.assertEqual([row[0] for row in rows], hertz)
+        self.assert_columns(rows, numbers['meanCoherence'])
+        title, rows = self.table('t/report-spectra.csv')
+        self.assertEqual(title, ['Hz'] + ['microvolts ' + s for s in sites] + ['noise ' + s for s in sites] +
+                         ['coherence ' + p for p in pairs])
+        self.assertEqual([row[0] for row in rows], hertz[:64])
+        self.assert_columns([row[:5] for row in rows], [column[:64] for column in report['meanSpectrum']])
+        self.assert_columns([row[:1] + row[9:] for row in rows], [column[:64] for column in report['coherenceSpectrum']])
+        title, rows = self.table('t/report-bands.csv')
+        self.assertEqual(title, ['value'] + sites)
+        self.assertEqual([row[0] for row in rows], [kind + band for kind in ('max', 'mean')
+                                                    for band in ('Delta', 'Theta', 'Alpha', 'Beta')])
+        for row in rows:
+            self.assertEqual([round(10000 * float(text)) for text in row[1:]], report[row[0]])
+        self.assertEqual(self.table('t/report-texts.csv')[0], ['kind', 'number', 'score', 'text'])
+
     def test_an_exported_table_holds_every_sample(self):
         self.run_tool('export', golden('examination.QVD'), '-o', 'a.csv')
         with open(self.path('a.csv'), encoding='utf-8', newline='') as file:
