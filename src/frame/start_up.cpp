@@ -16,7 +16,6 @@ constexpr auto settingsPath = "C:\\QUARVEL5\\Instal8s.val";
 constexpr auto calibrationPath = "C:\\QUARVEL5\\Factors.val";
 
 void setDefaults(MainState& state) {
-  state.shared.languageFlag = "Ita";
   state.lastOpenDir = "C:\\QUARVEL5\\DATAFILE\\";
   state.pairLabel1 = "Cha.1";
   state.pairLabel2 = "Cha.2";
