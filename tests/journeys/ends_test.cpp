@@ -323,5 +323,18 @@ TEST(Refusals, SayWhatIsWaitedFor) {
   EXPECT_EQ(program.window.statusLabel.text(), "Attendere la fine dell'acquisizione!");
 }
 
+TEST(EndOfTheProgram, AfterAnExaminationThatHasEndedSendsNothingMore) {
+  HeadlessProgram program;
+  program.startAcquisition();
+  program.acquireBlocks(1);
+  program.window.Stopd1.press();
+  program.host.time.runUntil([&] { return program.state.intervalSelectable == 1; });
+  program.host.time.runFor(1);
+  const std::string sent = program.host.serialPort.written();
+  program.window.Endx1.press();
+  EXPECT_TRUE(program.host.edge.ended());
+  EXPECT_EQ(program.host.serialPort.written(), sent);
+}
+
 }  // namespace
 }  // namespace korvinel

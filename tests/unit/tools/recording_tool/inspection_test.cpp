@@ -47,6 +47,7 @@ TEST(Inspection, NamesEachDamageWithItsByte) {
        "block 3 is cut off: it has 936 of 1036 bytes"},
       {"no samples", header, headerBytes, "there are no samples"},
       {"shunned byte", with(whole, headerBytes + 259 + 7, 26), headerBytes + 266, "sample byte 26"},
+      {"shunned first byte", with(whole, headerBytes, 26), headerBytes, "sample byte 26"},
       {"tail", with(whole, headerBytes + 256, '+'), headerBytes + 256,
        "no '-' and line end behind the samples in channel 1 of block 1"},
       {"second", whole + recordings::file(2), headerBytes + 3 * blockBytes, "a second recording begins here"},
