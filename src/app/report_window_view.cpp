@@ -22,13 +22,19 @@ constexpr int twipsPerPixel = 15;    // twentieths of a point, 96 dots an inch
 constexpr QSize openingClient(15360 / twipsPerPixel, 11000 / twipsPerPixel);
 constexpr platform::Rect standingPlace{plan::checkBoxFrame.x, 516, plan::checkBoxFrame.width, 98};
 
+}  // namespace
+
 /// A framed text that fills its frame.
 class StandingFrame : public QFrame {
  public:
-  StandingFrame(platform::Label& model, QWidget* parent)
-      : QFrame(parent), text_(model, this, platform::LabelView::Lines::broken) {
+  explicit StandingFrame(QWidget* parent) : QFrame(parent) {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setAutoFillBackground(true);
+  }
+  void write(const std::string& text, bool calm) {
+    model_.setText(text);
+    model_.setInk(calm ? platform::Colour::black : platform::Colour::red);
+    setPalette(calm ? QPalette() : QPalette(QColor(255, 243, 205)));
   }
 
  protected:
@@ -39,10 +45,9 @@ class StandingFrame : public QFrame {
   }
 
  private:
-  platform::LabelView text_;
+  platform::Label model_{"Che cosa riguarda il rapporto"};
+  platform::LabelView text_{model_, this, platform::LabelView::Lines::broken};  // gone before its model
 };
-
-}  // namespace
 
 ReportWindowView::ReportWindowView(ReportWindow& model, QWidget* owner, std::function<void()> onClosed)
     : QMainWindow(owner), onClosed_(std::move(onClosed)) {
@@ -111,8 +116,8 @@ void ReportWindowView::addFrame(const platform::Rect& place) {
 
 /// The frame has no name for a screen reader, only the label in it has.
 void ReportWindowView::addStanding() {
-  standingFrame_ = new StandingFrame(standing_, ground_);
-  ground_->put(standingFrame_, standingPlace);
+  standing_ = new StandingFrame(ground_);
+  ground_->put(standing_, standingPlace);
   veil_ = new Veil(ground_, "Perché il rapporto è coperto");
   const platform::Rect& first = plan::panels.front();
   const platform::Rect& last = plan::panels.back();
@@ -121,10 +126,8 @@ void ReportWindowView::addStanding() {
 
 void ReportWindowView::showStanding(const guidance::ReportStanding& standing) {
   const std::string& warning = standing.missing.empty() ? standing.doubtful : standing.missing;
-  standing_.setText(warning.empty() ? standing.line : standing.line + " " + warning);
-  const bool calm = standing.current && warning.empty();
-  standing_.setInk(calm ? platform::Colour::black : platform::Colour::red);
-  standingFrame_->setPalette(calm ? QPalette() : QPalette(QColor(255, 243, 205)));
+  standing_->write(warning.empty() ? standing.line : standing.line + " " + warning,
+                   standing.current && warning.empty());
   veil_->cover(platform::toQt(standing.missing));
 }
 

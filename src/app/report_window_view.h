@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFrame>
 #include <QMainWindow>
 #include <functional>
 #include <optional>
@@ -13,6 +12,8 @@
 #include "report/report_window.h"
 
 namespace korvinel {
+
+class StandingFrame;
 
 /// The report window on the screen: every control and surface at its place in the report's plan, scaled to the client
 /// area.
@@ -42,8 +43,7 @@ class ReportWindowView : public QMainWindow {
 
   std::function<void()> onClosed_;
   platform::PlanGround* ground_ = nullptr;
-  platform::Label standing_{"Che cosa riguarda il rapporto"};
-  QFrame* standingFrame_ = nullptr;
+  StandingFrame* standing_ = nullptr;
   Veil* veil_ = nullptr;
 };
 
