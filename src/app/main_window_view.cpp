@@ -12,7 +12,7 @@
 #include "app/window_places.h"
 #include "platform/qt/control_views.h"
 #include "platform/qt/pointer_surface_view.h"
-#include "platform/qt/qt_screen_printer.h"
+#include "platform/qt/printed_part.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/surface_view.h"
 

@@ -9,16 +9,14 @@
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QVariant>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
-#include "platform/qt/focus_ring.h"
-#include "platform/qt/ghost_text.h"
 #include "platform/qt/new_file.h"
 #include "platform/qt/page_note.h"
+#include "platform/qt/printed_part.h"
 #include "platform/qt/recorded_text.h"
 
 namespace korvinel::platform {
@@ -47,22 +45,6 @@ QWidget* windowOnTop() {
   for (QWidget* window : QApplication::topLevelWidgets())
     if (isWindow(window) && (top == nullptr || owners(window) > owners(top))) top = window;
   return top;
-}
-
-/// A page shows neither the focus nor a suggestion.
-void showAidsOfTheKeyboard(const QWidget& window, bool shown) {
-  for (QWidget* child : window.findChildren<QWidget*>()) {
-    if (auto* ring = dynamic_cast<FocusRing*>(child)) ring->setShown(shown);
-    if (auto* ghost = dynamic_cast<GhostText*>(child)) ghost->setShown(shown);
-  }
-}
-
-constexpr auto printedPart = "printedPart";
-
-/// What a print of the window shows.
-QWidget* pageOf(QWidget* window) {
-  auto* part = window == nullptr ? nullptr : window->property(printedPart).value<QWidget*>();
-  return part != nullptr ? part : window;
 }
 
 /// The window with letters and lines at the resolution of paper.
@@ -117,8 +99,6 @@ QByteArray pdfOf(const QImage& picture, const QRectF& place, const std::string& 
 }
 
 }  // namespace
-
-void printOnly(QWidget& window, QWidget& part) { window.setProperty(printedPart, QVariant::fromValue(&part)); }
 
 QtScreenPrinter::QtScreenPrinter(Dialogs& dialogs, PathNotation paths, Text dataFileName, Text pageNote)
     : dialogs_(dialogs),

@@ -13,9 +13,6 @@
 
 namespace korvinel::platform {
 
-/// A print of this window shows `part` alone: what stands around it is no part of the examination.
-void printOnly(QWidget& window, QWidget& part);
-
 /// Copies the active window to the clipboard and prints the clipboard's picture on the default printer, or, if none is
 /// installed, into a PDF file beside the data files, with a notice. The file is complete or absent, and always leaves
 /// 10 MB free on the disk, which a recording may need. A notice reports what cannot be printed.

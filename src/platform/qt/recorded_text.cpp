@@ -48,6 +48,7 @@ class TextDevice : public QPaintDevice {
       case PdmHeight: return window_.height();
       case PdmWidthMM: return window_.widthMM();
       case PdmHeightMM: return window_.heightMM();
+      case PdmDepth: return 32;
       case PdmDpiX:
       case PdmPhysicalDpiX: return window_.logicalDpiX();
       case PdmDpiY:

@@ -18,6 +18,7 @@
 
 #include "platform/headless/scripted_dialogs.h"
 #include "platform/qt/focus_ring.h"
+#include "platform/qt/printed_part.h"
 
 namespace korvinel::platform {
 namespace {
