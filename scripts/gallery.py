@@ -23,8 +23,8 @@ PICTURES = os.path.abspath(sys.argv[2] if len(sys.argv) > 2 else os.path.join(SO
 INSTRUMENT = os.path.join(BUILD, 'tools/instrument/korvinel-instrument')
 # What the manual's first table explains, in its order.
 PARTS = ['Tracciato 1', 'Spettro sinistro', 'Coerenza', 'Valori numerici 1', 'Messaggi', ('Striscia del tempo', 0.5, 0.82),
-         ('Blocco iniziale', 0.5, 0.5), ('Intervallo e disturbo a 50 Hz', 0.94, 0.5), ('Start', 0.5, 1.02),
-         ('Stato del programma', 0.03, 0.5)]
+         ('Blocco iniziale', 0.5, 0.5), ('Intervallo e disturbo a 50 Hz', 0.94, 0.5), ('Start', 0.12, 0.5),
+         ("Stato dell'esame", 0.9, 0.5), ('F1: ', 0.88, 0.32)]
 BLOCKS, SECONDS, FRAME, SAMPLES = 190, 2, 4, 256  # a block of signal is two seconds
 COLOURS = 48
 DISC = 13  # pixels from its centre to its rim
@@ -85,10 +85,17 @@ def extents(program, found):
     return program.atspi.Component.get_extents(found, program.atspi.CoordType.SCREEN)
 
 
+def named(program, name):
+    """The object with this name; of a name that ends with a blank, the one that begins with it."""
+    if not name.endswith(' '):
+        return program.find(name)
+    return driver.wait(lambda: next((each for each in program.walk() if each.get_name().startswith(name)), None), what=name)
+
+
 def spot(program, marked, left, top):
     """Where a disc is drawn: by default near the object's upper right corner."""
     name, x, y = marked if isinstance(marked, tuple) else (marked, None, None)
-    place = extents(program, program.find(name))
+    place = extents(program, named(program, name))
     if x is None:
         return place.x + place.width - DISC - 2 - left, place.y + DISC + 2 - top
     return place.x + round(x * place.width) - left, place.y + round(y * place.height) - top
