@@ -6,6 +6,7 @@
 #include <QPainterPath>
 #include <QStringList>
 #include <cmath>
+#include <limits>
 #include <span>
 
 namespace korvinel::platform {
@@ -141,6 +142,10 @@ int SvgPage::metric(PaintDeviceMetric metric) const {
     case PdmDpiY:
     case PdmPhysicalDpiX:
     case PdmPhysicalDpiY: return dotsPerInch;
+    case PdmNumColors: return std::numeric_limits<int>::max();
+    case PdmDepth: return 32;
+    case PdmDevicePixelRatio: return 1;
+    case PdmDevicePixelRatioScaled: return static_cast<int>(devicePixelRatioFScale());
     default: return QPaintDevice::metric(metric);
   }
 }

@@ -49,6 +49,7 @@ class TextDevice : public QPaintDevice {
       case PdmWidthMM: return window_.widthMM();
       case PdmHeightMM: return window_.heightMM();
       case PdmDepth: return 32;
+      case PdmDevicePixelRatioScaled: return static_cast<int>(devicePixelRatioFScale());
       case PdmDevicePixelRatio: return 1;
       case PdmDpiX:
       case PdmPhysicalDpiX: return window_.logicalDpiX();
