@@ -39,7 +39,8 @@ void SignalHistory::pass(double seconds) {
 }
 
 void SignalHistory::clear() {
-  for (Site& site : sites_) site = {};
+  const Site untouched;
+  for (Site& site : sites_) site = untouched;
 }
 
 void SignalHistory::push(Site& site, SignalState state) {
