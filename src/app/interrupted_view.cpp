@@ -7,7 +7,7 @@
 
 namespace korvinel {
 
-InterruptedView::InterruptedView(QWidget* parent, Actions actions)
+InterruptedView::InterruptedView(QWidget* parent, const Actions& actions)
     : QFrame(parent), text_(this), recover_("Recupera", this), later_("Più tardi", this) {
   setObjectName("Esame interrotto");
   setAutoFillBackground(true);

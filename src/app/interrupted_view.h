@@ -15,7 +15,7 @@ class InterruptedView : public QFrame {
     std::function<void()> recover, later;
   };
 
-  InterruptedView(QWidget* parent, Actions actions);
+  InterruptedView(QWidget* parent, const Actions& actions);
 
   /// Shows the notice; a screen reader speaks a new text. `askToRecover`: else the only button is "Chiudi".
   void tell(const std::string& text, bool askToRecover);

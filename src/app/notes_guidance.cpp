@@ -25,7 +25,7 @@ constexpr platform::Rect upperPlace{wholePlace.x, wholePlace.y, wholePlace.width
                                     lowerMessage* geometry::messagePanel.height / 258 - firstLine - 2};
 
 platform::PointerSurfaceView& stripOn(platform::PlanGround& ground) {
-  return *dynamic_cast<platform::PointerSurfaceView*>(ground.findChild<QWidget*>("Striscia del tempo"));
+  return dynamic_cast<platform::PointerSurfaceView&>(*ground.findChild<QWidget*>("Striscia del tempo"));
 }
 
 }  // namespace

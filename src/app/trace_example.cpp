@@ -35,9 +35,9 @@ constexpr double pictureShare = 0.72;  // of the height; the rest is for the nam
 
 std::vector<double> exampleOf(TraceExample::Kind kind, int count) {
   constexpr double duration = 0.5;
-  std::vector<double> values;
+  std::vector<double> values(static_cast<std::size_t>(count));
   for (int place = 0; place < count; ++place)
-    values.push_back(std::clamp(valueOf(kind, duration * place / (count - 1)), -1.0, 1.0));
+    values[static_cast<std::size_t>(place)] = std::clamp(valueOf(kind, duration * place / (count - 1)), -1.0, 1.0);
   return values;
 }
 

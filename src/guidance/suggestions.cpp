@@ -80,10 +80,10 @@ std::string KnownSubjects::completionOf(std::string_view typed) const {
   const std::string begin = upperCase(typed);
   if (lettersIn(begin) < fewest || byName_.contains(begin)) return "";
   const auto first = byName_.lower_bound(begin);
-  auto last = first;
-  const auto* latest = last == byName_.end() ? nullptr : &last->second;
+  if (first == byName_.end()) return "";
+  const auto* latest = &first->second;
   std::size_t length = 0;
-  for (; last != byName_.end() && last->first.starts_with(begin); ++last) {
+  for (auto last = first; last != byName_.end() && last->first.starts_with(begin); ++last) {
     // The names are sorted: what the first and the last have in common, all have.
     length = commonLength(first->first, last->first);
     if (last->second.day > latest->day) latest = &last->second;
@@ -97,11 +97,11 @@ std::string suggestedFileName(std::string_view subject, const platform::Calendar
   if (name.empty()) return "";
   std::array<char, 40> date{};
   std::snprintf(date.data(), date.size(), "-%04d-%02d-%02d", day.year, day.month, day.day);
-  const std::string whole = name + date.data();
+  std::string whole = name + date.data();
   constexpr int mostInADay = 99;
   if (isUsable(whole)) return whole;
   for (int copy = 2; copy <= mostInADay; ++copy)
-    if (const std::string numbered = whole + "-" + std::to_string(copy); isUsable(numbered)) return numbered;
+    if (std::string numbered = whole + "-" + std::to_string(copy); isUsable(numbered)) return numbered;
   return "";
 }
 

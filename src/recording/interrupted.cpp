@@ -81,7 +81,7 @@ std::int64_t blocksOnDisk(Files& files, const std::string& temporaryFile) {
 
 /// The new name is forced onto the disk before the temporary file is removed.
 std::string giveItsName(Files& files, const InterruptedFile& file) {
-  const std::string name = freeFileName(files, dataFolder, nameToTry(files, file));
+  std::string name = freeFileName(files, dataFolder, nameToTry(files, file));
   files.rename(unfinishedPath, dataFolder + name);
   skipOnFault([&] { files.openForAppending(dataFolder + name)->synchronise(); });
   return name;

@@ -41,7 +41,7 @@ std::vector<std::string> separatedSideFiles(platform::Files& files, const std::s
 }  // namespace
 
 std::string sideFileOf(platform::Files& files, const std::string& temporaryFile, const TemporaryReader& temporary) {
-  const std::string own = sidePathOf(temporaryFile);
+  std::string own = sidePathOf(temporaryFile);
   if (files.exists(own)) return own;
   std::string only;
   for (const std::string& path : separatedSideFiles(files, own)) {

@@ -73,7 +73,7 @@ class Recovering {
  private:
   [[nodiscard]] std::string foundSideFile() {
     const std::string own = sidePathOf(path_);
-    const std::string found = sideFileOf(*platform::hostFiles(""), absolutePath(path_), temporary_);
+    std::string found = sideFileOf(*platform::hostFiles(""), absolutePath(path_), temporary_);
     if (found.empty() || found == absolutePath(own)) return found.empty() ? "" : own;
     told_.push_back("takes its notes from " + found);
     return found;
